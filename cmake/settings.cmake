@@ -1,0 +1,44 @@
+# What every target of the project is built with.
+
+option(DEPCALC_TESTS "Build the tests" ON)
+option(DEPCALC_BENCH "Build the benchmarks" OFF)
+option(DEPCALC_FUZZERS "Build the fuzz targets with libFuzzer (needs clang)" OFF)
+option(DEPCALC_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+add_library(depcalc_settings INTERFACE)
+target_include_directories(depcalc_settings INTERFACE "${PROJECT_SOURCE_DIR}")
+# Money depends on every bit of a double: no contraction, no fast math.
+target_compile_options(depcalc_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+
+if(DEPCALC_SANITIZE)
+  target_compile_options(depcalc_settings INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(depcalc_settings INTERFACE -fsanitize=address,undefined)
+endif()
+if(DEPCALC_FUZZERS)
+  target_compile_options(depcalc_settings INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# depcalc_room(NAME SOURCES … LINKS …): one folder of the house as a library that may know
+# only what it links.
+function(depcalc_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+  if(ROOM_SOURCES)
+    add_library(${name} STATIC ${ROOM_SOURCES})
+    target_link_libraries(${name} PUBLIC depcalc_settings ${ROOM_LINKS})
+  else()
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE depcalc_settings ${ROOM_LINKS})
+  endif()
+endfunction()

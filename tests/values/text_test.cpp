@@ -1,0 +1,41 @@
+#include "values/text.h"
+
+#include <gtest/gtest.h>
+
+namespace depcalc {
+namespace {
+
+TEST(Text, CountsCharactersNotBytes) {
+  EXPECT_EQ(characterCount(""), 0U);
+  EXPECT_EQ(characterCount("TRK-014"), 7U);
+  EXPECT_EQ(characterCount("caf\xC3\xA9"), 4U);
+  EXPECT_EQ(characterCount("\xE2\x82\xAC\xF0\x9F\x9A\x9A"), 2U);
+}
+
+TEST(Text, CountsEachByteOfABrokenSequence) {
+  EXPECT_EQ(characterCount("\xC3"), 1U);
+  EXPECT_EQ(characterCount("\xE2\x82"), 2U);
+  EXPECT_EQ(characterCount("\xFF\xFE!"), 3U);
+}
+
+TEST(Text, SplitsBetweenCharacters) {
+  const std::string text = "\xC3\xA9t\xC3\xA9";
+  EXPECT_EQ(firstCharacters(text, 2), "\xC3\xA9t");
+  EXPECT_EQ(afterCharacters(text, 2), "\xC3\xA9");
+  EXPECT_EQ(firstCharacters(text, 9), text);
+  EXPECT_EQ(afterCharacters(text, 9), "");
+}
+
+TEST(Text, IgnoresTheCaseOfLatinLettersOnly) {
+  EXPECT_TRUE(equalIgnoringCase("FYEND", "FYEnd"));
+  EXPECT_FALSE(equalIgnoringCase("FYEND", "FYEnds"));
+  EXPECT_FALSE(equalIgnoringCase("[", "{"));
+}
+
+TEST(Text, TrimsBlanksAtTheEnds) {
+  EXPECT_EQ(trimmed("\t a b  "), "a b");
+  EXPECT_EQ(trimmed("  "), "");
+}
+
+}  // namespace
+}  // namespace depcalc

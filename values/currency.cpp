@@ -1,0 +1,64 @@
+#include "values/currency.h"
+
+#include <array>
+#include <charconv>
+
+#include "values/decimal_digits.h"
+#include "values/number_text.h"
+
+namespace depcalc {
+namespace {
+
+std::uint64_t magnitude(std::int64_t ticks) {
+  return ticks < 0 ? std::uint64_t{0} - static_cast<std::uint64_t>(ticks)
+                   : static_cast<std::uint64_t>(ticks);
+}
+
+}  // namespace
+
+Currency Currency::fromText(std::string_view text, const Locale& locale) {
+  const auto written = DecimalDigits::ofText(text, locale);
+  if (!written || !isNumeric(text, locale)) throw RuntimeError::typeMismatch();
+  const DecimalDigits number = written->roundedHalfEven(4);
+  if (number.digits.empty()) return {};
+  constexpr int most_digits = 19;  // of an int64
+  if (number.point + 4 > most_digits) throw RuntimeError::overflow();
+  std::string ticks = number.negative ? "-" : "";
+  ticks.append(number.digits);
+  ticks.append(static_cast<std::size_t>(number.point + 4) - number.digits.size(), '0');
+  std::int64_t count = 0;
+  if (std::from_chars(ticks.data(), ticks.data() + ticks.size(), count).ec != std::errc()) {
+    throw RuntimeError::overflow();
+  }
+  return Currency(count);
+}
+
+std::string Currency::toText(const Locale& locale) const {
+  std::string text = toFixed4();
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.back() == '.') {
+    text.pop_back();
+  } else {
+    text[text.find('.')] = locale.decimal_point;
+  }
+  return text;
+}
+
+char* Currency::writeFixed4(char* out) const {
+  const std::uint64_t ticks = magnitude(ticks_);
+  if (ticks_ < 0) *out++ = '-';
+  out = std::to_chars(out, out + 20, ticks / 10'000).ptr;
+  auto decimals = static_cast<unsigned>(ticks % 10'000);
+  *out = '.';
+  for (int place = 4; place >= 1; --place, decimals /= 10) {
+    out[place] = static_cast<char>('0' + decimals % 10);
+  }
+  return out + 5;
+}
+
+std::string Currency::toFixed4() const {
+  std::array<char, fixed4_size> buffer;
+  return {buffer.data(), writeFixed4(buffer.data())};
+}
+
+}  // namespace depcalc

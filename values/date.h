@@ -1,0 +1,72 @@
+// Calendar dates.
+#pragma once
+
+#include <compare>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "values/locale.h"
+
+namespace depcalc {
+
+/// A whole day from 1 January 100 to 31 December 9999, counted from day 0, 30 December 1899.
+/// Day 0 doubles as "no date". A result outside the range is error 5.
+class Date {
+ public:
+  /// Day 0: no date.
+  constexpr Date() = default;
+
+  static Date fromDayNumber(std::int64_t days);
+
+  /// The date of the parts, overflow carried: 29 February of a common year is 1 March, month 13
+  /// is January of the next year, day 0 the last day of the month before. Years 0 to 29 mean
+  /// 2000 to 2029, 30 to 99 mean 1930 to 1999.
+  static Date carrying(int year, int month, int day);
+
+  /// The date of the parts as they stand; a day that does not exist is error 13. Two-digit
+  /// years as above.
+  static Date strict(int year, int month, int day);
+
+  /// A text read as a date, month first always (see date_text.cpp for what is accepted).
+  /// `today` supplies the year where the text has none. Not a date: error 13.
+  static Date fromText(std::string_view text, Date today, const Locale& locale = Locale::enUs());
+
+  /// True when `fromText` would succeed.
+  static bool isDate(std::string_view text, Date today, const Locale& locale = Locale::enUs());
+
+  [[nodiscard]] constexpr std::int32_t dayNumber() const { return days_; }
+  [[nodiscard]] constexpr bool isNone() const { return days_ == 0; }
+  [[nodiscard]] int year() const;
+  [[nodiscard]] int month() const;  ///< 1 to 12
+  [[nodiscard]] int day() const;    ///< 1 to 31
+
+  [[nodiscard]] Date plusDays(std::int64_t days) const;
+  /// Clamped to the month's end: 31 January plus a month is 28 or 29 February. A fractional
+  /// count is rounded first, halves to even.
+  [[nodiscard]] Date plusMonths(double months) const;
+  [[nodiscard]] Date plusYears(double years) const;
+
+  /// "mm/dd/yyyy".
+  [[nodiscard]] std::string toText() const;
+  /// "yyyy-mm-dd", the form of data files.
+  [[nodiscard]] std::string toIsoText() const;
+  /// The month's name in full.
+  [[nodiscard]] std::string monthName(const Locale& locale = Locale::enUs()) const;
+
+  friend constexpr auto operator<=>(Date, Date) = default;
+
+ private:
+  explicit constexpr Date(std::int32_t days) : days_(days) {}
+
+  std::int32_t days_ = 0;
+};
+
+/// `to` minus `from` in days.
+constexpr std::int32_t daysBetween(Date from, Date to) { return to.dayNumber() - from.dayNumber(); }
+/// Year boundaries crossed from `from` to `to`: 31 December to 1 January is 1.
+int yearsBetween(Date from, Date to);
+/// Month boundaries crossed from `from` to `to`.
+int monthsBetween(Date from, Date to);
+
+}  // namespace depcalc

@@ -1,0 +1,54 @@
+#include "values/display_format.h"
+
+#include "values/decimal_digits.h"
+
+namespace depcalc {
+namespace {
+
+/// The digits before the point in groups of three, at least one digit.
+std::string groupedInteger(const DecimalDigits& number, char separator) {
+  if (number.point <= 0) return "0";
+  const auto length = static_cast<std::size_t>(number.point);
+  std::string text;
+  for (std::size_t i = 0; i < length; ++i) {
+    if (i > 0 && (length - i) % 3 == 0) text += separator;
+    text += i < number.digits.size() ? number.digits[i] : '0';
+  }
+  return text;
+}
+
+std::string decimalPart(const DecimalDigits& number, int places) {
+  std::string text;
+  for (int i = number.point; i < number.point + places; ++i) {
+    const bool written = i >= 0 && i < static_cast<int>(number.digits.size());
+    text += written ? number.digits[static_cast<std::size_t>(i)] : '0';
+  }
+  return text;
+}
+
+std::string grouped(const DecimalDigits& exact, int places, const Locale& locale) {
+  const DecimalDigits number = exact.roundedHalfEven(places);
+  std::string text = number.negative ? "-" : "";
+  text += groupedInteger(number, locale.thousands_separator);
+  if (places > 0) text.append(1, locale.decimal_point).append(decimalPart(number, places));
+  return text;
+}
+
+}  // namespace
+
+std::string formatMoney(Currency value, const Locale& locale) {
+  return grouped(DecimalDigits::of(value), 2, locale);
+}
+std::string formatMoney(double value, const Locale& locale) {
+  return grouped(DecimalDigits::of(value), 2, locale);
+}
+
+std::string formatRate(Currency value, const Locale& locale) {
+  return grouped(DecimalDigits::of(value), 4, locale);
+}
+
+std::string formatWhole(double value, const Locale& locale) {
+  return grouped(DecimalDigits::of(value), 0, locale);
+}
+
+}  // namespace depcalc

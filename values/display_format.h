@@ -1,0 +1,22 @@
+// How numbers are shown. Halves are rounded to even on the decimal digits of the value (a double
+// counts as its 15 significant digits), and what rounds to zero shows no minus sign.
+#pragma once
+
+#include <string>
+
+#include "values/currency.h"
+#include "values/locale.h"
+
+namespace depcalc {
+
+/// "#,##0.00": money, 12,344.50. Not finite: error 6.
+std::string formatMoney(Currency value, const Locale& locale = Locale::enUs());
+std::string formatMoney(double value, const Locale& locale = Locale::enUs());
+
+/// "#,##0.0000": the rate per unit of production, 0.2297.
+std::string formatRate(Currency value, const Locale& locale = Locale::enUs());
+
+/// "#,##0": production capacity, 12,346. Not finite: error 6.
+std::string formatWhole(double value, const Locale& locale = Locale::enUs());
+
+}  // namespace depcalc

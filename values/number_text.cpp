@@ -1,0 +1,80 @@
+#include "values/number_text.h"
+
+#include <charconv>
+
+#include "values/decimal_digits.h"
+#include "values/runtime_error.h"
+
+namespace depcalc {
+namespace {
+
+constexpr int most_integer_digits = 15;
+constexpr int most_decimals = 15;
+
+std::string fixedText(const DecimalDigits& number, char decimal_point) {
+  const auto size = static_cast<int>(number.digits.size());
+  std::string text;
+  if (number.point <= 0) {
+    text.append("0").append(1, decimal_point);
+    text.append(static_cast<std::size_t>(-number.point), '0').append(number.digits);
+  } else if (number.point >= size) {
+    text.append(number.digits).append(static_cast<std::size_t>(number.point - size), '0');
+  } else {
+    const auto point = static_cast<std::size_t>(number.point);
+    text.append(number.digits, 0, point).append(1, decimal_point).append(number.digits, point);
+  }
+  return text;
+}
+
+std::string scientificText(const DecimalDigits& number, char decimal_point) {
+  std::string text = number.digits.substr(0, 1);
+  if (number.digits.size() > 1) text.append(1, decimal_point).append(number.digits, 1);
+  const int exponent = number.point - 1;
+  const std::string magnitude = std::to_string(exponent < 0 ? -exponent : exponent);
+  text.append(exponent < 0 ? "E-" : "E+");
+  if (magnitude.size() < 2) text += '0';
+  return text.append(magnitude);
+}
+
+/// A double from exact decimal digits, correctly rounded; empty when it is too large.
+std::optional<double> toDouble(const DecimalDigits& number) {
+  if (number.digits.empty()) return number.negative ? -0.0 : 0.0;
+  std::string text = number.negative ? "-0." : "0.";
+  text.append(number.digits).append("e").append(std::to_string(number.point));
+  double value = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (result.ec == std::errc::result_out_of_range) {
+    if (number.point > 0) return std::nullopt;
+    return number.negative ? -0.0 : 0.0;  // too small for a double is zero
+  }
+  return value;
+}
+
+}  // namespace
+
+std::optional<double> tryNumberFromText(std::string_view text, const Locale& locale) {
+  const auto number = DecimalDigits::ofText(text, locale);
+  return number ? toDouble(*number) : std::nullopt;
+}
+
+bool isNumeric(std::string_view text, const Locale& locale) {
+  return tryNumberFromText(text, locale).has_value();
+}
+
+double numberFromText(std::string_view text, const Locale& locale) {
+  const auto value = tryNumberFromText(text, locale);
+  if (!value) throw RuntimeError::typeMismatch();
+  return *value;
+}
+
+std::string numberToText(double value, const Locale& locale) {
+  const DecimalDigits number = DecimalDigits::of(value);
+  if (number.digits.empty()) return "0";
+  const int decimals = static_cast<int>(number.digits.size()) - number.point;
+  const bool fixed = number.point <= most_integer_digits && decimals <= most_decimals;
+  const std::string text = fixed ? fixedText(number, locale.decimal_point)
+                                 : scientificText(number, locale.decimal_point);
+  return number.negative ? "-" + text : text;
+}
+
+}  // namespace depcalc

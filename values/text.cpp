@@ -1,0 +1,69 @@
+#include "values/text.h"
+
+#include <algorithm>
+
+namespace depcalc {
+namespace {
+
+char lowerCased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+std::size_t sequenceLength(char lead) {
+  const auto byte = static_cast<unsigned char>(lead);
+  if (byte >= 0xF0U && byte < 0xF8U) return 4;
+  if (byte >= 0xE0U && byte < 0xF0U) return 3;
+  if (byte >= 0xC0U && byte < 0xE0U) return 2;
+  return 1;
+}
+
+/// Where the character that starts at `at` ends.
+std::size_t nextCharacter(std::string_view text, std::size_t at) {
+  const std::size_t length = sequenceLength(text[at]);
+  if (at + length > text.size()) return at + 1;
+  for (std::size_t i = at + 1; i < at + length; ++i) {
+    if (!isContinuation(text[i])) return at + 1;
+  }
+  return at + length;
+}
+
+std::size_t offsetOf(std::string_view text, std::size_t count) {
+  std::size_t at = 0;
+  for (; count > 0 && at < text.size(); --count) at = nextCharacter(text, at);
+  return at;
+}
+
+}  // namespace
+
+std::size_t characterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (std::size_t at = 0; at < text.size(); at = nextCharacter(text, at)) ++count;
+  return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  return text.substr(0, offsetOf(text, count));
+}
+
+std::string_view afterCharacters(std::string_view text, std::size_t count) {
+  return text.substr(offsetOf(text, count));
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return lowerCased(x) == lowerCased(y); });
+}
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+std::string toLower(std::string_view text) {
+  std::string lower(text);
+  std::transform(lower.begin(), lower.end(), lower.begin(), lowerCased);
+  return lower;
+}
+
+}  // namespace depcalc
