@@ -20,6 +20,11 @@ Date fromCalendar(year_month_day date) {
   return Date::fromDayNumber((sys_days{date} - day_zero).count());
 }
 
+/// The parts as a calendar date, whether or not there is such a day.
+year_month_day calendarDate(int y, int m, int d) {
+  return year{y} / month{static_cast<unsigned>(m)} / day{static_cast<unsigned>(d)};
+}
+
 int withCentury(int two_digits) {
   if (two_digits < 0 || two_digits > 99) return two_digits;
   return two_digits + (two_digits < 30 ? 2000 : 1900);
@@ -50,12 +55,14 @@ Date Date::carrying(int year, int month, int day) {
 Date Date::strict(int year, int month, int day) {
   const int full_year = withCentury(year);
   if (full_year < 100 || full_year > 9999) throw RuntimeError::invalidCall();
-  if (month < 1 || month > 12 || day < 1 || day > 31) throw RuntimeError::typeMismatch();
-  const auto date = std::chrono::year{full_year} /
-                    std::chrono::month{static_cast<unsigned>(month)} /
-                    std::chrono::day{static_cast<unsigned>(day)};
-  if (!date.ok()) throw RuntimeError::typeMismatch();
-  return fromCalendar(date);
+  if (!exists(full_year, month, day)) throw RuntimeError::typeMismatch();
+  return fromCalendar(calendarDate(full_year, month, day));
+}
+
+bool Date::exists(int year, int month, int day) {
+  const int full_year = withCentury(year);
+  return full_year >= 100 && full_year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
+         day <= 31 && calendarDate(full_year, month, day).ok();
 }
 
 int Date::year() const { return static_cast<int>(calendar(*this).year()); }

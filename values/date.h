@@ -28,6 +28,9 @@ class Date {
   /// years as above.
   static Date strict(int year, int month, int day);
 
+  /// True when `strict` would succeed.
+  static bool exists(int year, int month, int day);
+
   /// A text read as a date, month first always (see date_text.cpp for what is accepted).
   /// `today` supplies the year where the text has none. Not a date: error 13.
   static Date fromText(std::string_view text, Date today, const Locale& locale = Locale::enUs());

@@ -126,12 +126,8 @@ std::optional<int> yearNumber(std::string_view digits) {
 
 std::optional<Date> existing(std::optional<int> year, std::optional<int> month,
                              std::optional<int> day) {
-  if (!year || !month || !day) return std::nullopt;
-  try {
-    return Date::strict(*year, *month, *day);
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
+  if (!year || !month || !day || !Date::exists(*year, *month, *day)) return std::nullopt;
+  return Date::strict(*year, *month, *day);
 }
 
 std::optional<Date> dateOfParts(const Parts& parts, Date today, const Locale& locale) {

@@ -1,0 +1,120 @@
+#include "engine/calculate_dep.h"
+
+#include "common/trapped.h"
+#include "engine/double_declining_balance.h"
+#include "engine/first_fiscal_year.h"
+#include "engine/first_year_fraction.h"
+#include "engine/straight_line.h"
+#include "engine/sum_of_years_digits.h"
+#include "engine/units_of_production.h"
+#include "values/number_text.h"
+
+namespace depcalc {
+namespace {
+
+/// How many amounts indices 0 to life + 1 are; an upper bound below 0 is error 9.
+std::size_t amountCount(double life) {
+  const std::int32_t upper = toLong32HalfEven(life + 1.0);
+  if (upper < 0) throw RuntimeError::subscriptOutOfRange();
+  return static_cast<std::size_t>(upper) + 1;
+}
+
+}  // namespace
+
+std::string CalculateDep::RecIndex() const { return std::to_string(rec_index_); }
+
+void CalculateDep::RecIndex(std::string_view text) {
+  if (const auto number = tryNumberFromText(text)) rec_index_ = toLong32HalfEven(*number);
+}
+
+void CalculateDep::ASalePrice(std::string_view text) {
+  if (isNumeric(text)) sale_price_ = Currency::fromText(text);
+}
+
+std::string CalculateDep::AssetProdCap() const { return numberToText(production_capacity_); }
+
+void CalculateDep::AssetProdCap(std::string_view text) {
+  production_capacity_ = tryNumberFromText(text).value_or(0.0);
+}
+
+std::string CalculateDep::DepConvention() const { return std::to_string(convention_); }
+
+void CalculateDep::DepConvention(std::string_view text) {
+  convention_ = text.empty() ? 0 : toLong32HalfEven(numberFromText(text));
+}
+
+void CalculateDep::resizeDepItems() { dep_items_.resize(amountCount(life_)); }
+
+void CalculateDep::recreateDepItems() { dep_items_.assign(amountCount(life_), Currency()); }
+
+Currency CalculateDep::DepItem(std::int16_t myIndex) {
+  Currency amount;
+  trapped("DepCalc::Get DepItem", [&] {
+    resizeDepItems();
+    if (myIndex < life_ + 1.0) amount = Amounts{dep_items_}[myIndex];
+  });
+  return amount;
+}
+
+void CalculateDep::DepItem(std::int16_t myIndex, Currency value) {
+  trapped("DepCalc::Let DepItem", [&] {
+    resizeDepItems();
+    Amounts{dep_items_}[myIndex] = value;
+  });
+}
+
+bool CalculateDep::FullyDepreciated(double depVal, double accDep) const {
+  return fullyDepreciated(basis_, salvage_, depVal, accDep);
+}
+
+ScheduleInput CalculateDep::scheduleInput() const {
+  return {.basis = basis_,
+          .salvage = salvage_,
+          .life = life_,
+          .convention = convention_,
+          .first_year_fraction = first_year_fraction_};
+}
+
+void CalculateDep::computeFirstFiscalYear() {
+  first_year_end_ = firstFiscalYearEnd(start_date_, fiscal_year_end_);
+  first_year_start_ = firstFiscalYearStart(first_year_end_);
+  depreciation_start_ =
+      depreciationStart(convention_, start_date_, first_year_start_, first_year_end_);
+  first_year_fraction_ = firstYearFraction(convention_, depreciation_start_, first_year_end_);
+}
+
+std::vector<Currency> CalculateDep::schedule(std::string_view procedure, Rule rule,
+                                             bool from_first_year) {
+  recreateDepItems();
+  std::vector<Currency> result;
+  trapped(procedure, [&] {
+    if (from_first_year) computeFirstFiscalYear();
+    rule(scheduleInput(), Amounts(dep_items_));
+    result = dep_items_;
+  });
+  return result;
+}
+
+std::vector<Currency> CalculateDep::StraightLine() {
+  return schedule("DepCalc::CalcDepSL", straightLine, true);
+}
+
+std::vector<Currency> CalculateDep::SumofYearsDigits() {
+  return schedule("DepCalc::CalcDepSYD", sumOfYearsDigits, false);
+}
+
+std::vector<Currency> CalculateDep::DoubleDecliningBalance() {
+  return schedule("DepCalc::CalcDepDDB", doubleDecliningBalance, false);
+}
+
+Currency CalculateDep::UnitsofProduction() {
+  Currency result;
+  trapped("DepCalc::CalcDepUOP", [&] {
+    const Currency rate = unitsOfProduction(basis_ - salvage_, production_capacity_);
+    Amounts{dep_items_}[0] = rate;
+    result = rate;
+  });
+  return result;
+}
+
+}  // namespace depcalc

@@ -1,0 +1,18 @@
+// Double-declining-balance depreciation.
+#pragma once
+
+#include "engine/schedule.h"
+
+namespace depcalc {
+
+/// Whether `amount`, taken after `accumulated` has been taken, would carry an asset below its
+/// salvage value. Exactly down to it would not. `accumulated` counts to four decimals.
+bool fullyDepreciated(Currency basis, Currency salvage, double amount, double accumulated);
+
+/// Each asset year takes 2 / life of the book value, which starts at the full basis. Salvage is
+/// only a floor: the year that would go below it takes what is left, and the schedule stops
+/// there. It is never topped up to reach salvage, so its sum may stay below basis − salvage.
+/// `amounts` starts all zero and holds indices 0 to life + 1. A life of 0 is error 11.
+void doubleDecliningBalance(const ScheduleInput& input, Amounts amounts);
+
+}  // namespace depcalc

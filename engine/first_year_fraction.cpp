@@ -1,0 +1,62 @@
+#include "engine/first_year_fraction.h"
+
+#include <algorithm>
+
+#include "engine/convention.h"
+#include "values/rounding.h"
+
+namespace depcalc {
+namespace {
+
+Date firstOfMonth(Date date) { return Date::carrying(date.year(), date.month(), 1); }
+
+Date firstOfNextMonth(Date date) { return Date::carrying(date.year(), date.month() + 1, 1); }
+
+double wholeMonths(Date from, Date to) { return nearestEven(daysBetween(from, to) / 30.0); }
+
+/// Whether the fiscal year that ends on `year_end` contains a 29 February.
+bool containsLeapDay(Date year_end) {
+  const bool ends_by_february_28 = Date::strict(year_end.year(), 2, 28) >= year_end;
+  return Date::exists(year_end.year() - (ends_by_february_28 ? 1 : 0), 2, 29);
+}
+
+double unlimitedFraction(std::int32_t convention, Date start, Date year_end) {
+  switch (convention) {
+    case cdepfullyear:
+      return 1.0;
+    case cdepHalfYear:
+      return 0.5;
+    case cdepFullMonth:
+    case cdepHalfMonth:
+      return wholeMonths(start, year_end) / 12.0;
+    case cdepActualDays:
+      return (daysBetween(start, year_end) + 1) / (containsLeapDay(year_end) ? 366.0 : 365.0);
+    default:
+      return 0.0;
+  }
+}
+
+}  // namespace
+
+Date depreciationStart(std::int32_t convention, Date placed_in_service, Date first_year_start,
+                       Date first_year_end) {
+  switch (convention) {
+    case cdepfullyear:
+      return first_year_start;
+    case cdepHalfYear:
+      return first_year_start.plusMonths(monthsBetween(first_year_start, first_year_end) / 2.0);
+    case cdepFullMonth:
+      return firstOfMonth(placed_in_service);
+    case cdepHalfMonth:
+      return placed_in_service.day() < 16 ? firstOfMonth(placed_in_service)
+                                          : firstOfNextMonth(placed_in_service);
+    default:
+      return placed_in_service;
+  }
+}
+
+double firstYearFraction(std::int32_t convention, Date depreciation_start, Date first_year_end) {
+  return std::min(unlimitedFraction(convention, depreciation_start, first_year_end), 1.0);
+}
+
+}  // namespace depcalc
