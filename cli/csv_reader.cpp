@@ -1,0 +1,197 @@
+#include "cli/csv_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <utility>
+
+namespace depcalc {
+namespace {
+
+constexpr std::size_t buffer_size = 65'536;
+constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
+
+/// Bytes that stand for one character each and mean nothing more, in a field quoted or not.
+constexpr std::array<bool, 256> plainBytes() {
+  std::array<bool, 256> plain{};
+  for (std::size_t byte = 0x20; byte < 0x80; ++byte) plain[byte] = byte != ',' && byte != '"';
+  return plain;
+}
+constexpr std::array<bool, 256> is_plain = plainBytes();
+
+/// The name of the encoding that a text with this beginning is in, where it is not UTF-8.
+std::string_view foreignEncoding(std::string_view beginning) {
+  using namespace std::string_view_literals;
+  if (beginning.starts_with("\xFF\xFE\0\0"sv) || beginning.starts_with("\0\0\xFE\xFF"sv)) {
+    return "UTF-32";
+  }
+  if (beginning.starts_with("\xFF\xFE"sv) || beginning.starts_with("\xFE\xFF"sv)) return "UTF-16";
+  return {};
+}
+
+std::string grouped(std::size_t count) {
+  std::string text = std::to_string(count);
+  for (std::size_t at = text.size(); at > 3;) text.insert(at -= 3, 1, ',');
+  return text;
+}
+
+}  // namespace
+
+CsvReader::CsvReader(ByteSource& source, CsvLimits limits)
+    : source_(source), limits_(limits), buffer_(std::make_unique<char[]>(buffer_size)) {}
+
+bool CsvReader::fill() {
+  if (exhausted_) return false;
+  std::copy(&buffer_[at_], &buffer_[filled_], &buffer_[0]);
+  filled_ -= std::exchange(at_, 0);
+  const auto count = source_.read(std::span(&buffer_[filled_], buffer_size - filled_));
+  unreadable_ = !count;
+  exhausted_ = count.value_or(0) == 0;
+  filled_ += count.value_or(0);
+  return !exhausted_;
+}
+
+int CsvReader::take() {
+  const int next = peek();
+  if (next == end_of_text) return next;
+  ++at_;
+  const auto byte = static_cast<unsigned char>(next);
+  checkCharacter(byte);
+  advancePlace(byte);
+  return next;
+}
+
+void CsvReader::checkCharacter(unsigned char byte) {
+  if (utf8_.atBoundary()) character_ = place_;
+  if (!utf8_.accepts(byte)) fail(character_, "The text is not UTF-8.");
+  if (byte == 0) fail(place_, "There is a NUL character.");
+}
+
+void CsvReader::advancePlace(unsigned char byte) {
+  const bool ends_line = byte == '\n' || (byte == '\r' && peek() != '\n');
+  if (ends_line) {
+    place_ = {place_.line + 1, 1};
+  } else if (utf8_.atBoundary()) {
+    ++place_.column;
+  }
+}
+
+CsvReader::Outcome CsvReader::next() {
+  content_.clear();
+  beginning_.clear();
+  fields_.clear();
+  failed_ = false;
+  if (!std::exchange(begun_, true) && !beginText()) return Outcome::problem;
+  skipEmptyLines();
+  if (peek() == end_of_text) return unreadable_ ? Outcome::unreadable : Outcome::end;
+  do {
+    readField();
+  } while (takeSeparator());
+  if (unreadable_) return Outcome::unreadable;
+  endRecord();
+  return failed_ ? Outcome::problem : Outcome::record;
+}
+
+/// Skips the byte order mark; a mark of another encoding is a problem that ends the text.
+bool CsvReader::beginText() {
+  while (filled_ < 4 && fill()) {
+  }
+  const std::string_view beginning(&buffer_[0], std::min<std::size_t>(filled_, 4));
+  if (beginning.starts_with(utf8_mark)) at_ = utf8_mark.size();
+  const auto encoding = foreignEncoding(beginning);
+  if (encoding.empty()) return true;
+  fail(place_, "The text is in " + std::string(encoding) + "; please save it as UTF-8.");
+  exhausted_ = true;
+  at_ = filled_;
+  return false;
+}
+
+void CsvReader::skipEmptyLines() {
+  while (peek() == '\n' || peek() == '\r') take();
+}
+
+void CsvReader::readField() {
+  if (fields_.size() == limits_.fields) {
+    fail(place_, "The record has more than " + grouped(limits_.fields) + " fields.");
+  }
+  if (!failed_) {
+    beginning_.push_back(content_.size());
+    fields_.push_back({{}, place_});
+  }
+  if (peek() == '"') readQuoted();
+  readPlain();
+}
+
+/// Up to the separator. Behind a closed quote nothing is left to read here.
+void CsvReader::readPlain() {
+  while (true) {
+    keepPlainRun();
+    const int next = peek();
+    if (next == ',' || next == '\n' || next == '\r' || next == end_of_text) return;
+    if (next == '"') fail(place_, "There is a quote inside a field that does not begin with one.");
+    const char byte = static_cast<char>(take());
+    keep({&byte, 1});
+  }
+}
+
+void CsvReader::readQuoted() {
+  const CsvPlace opened = place_;
+  take();
+  while (true) {
+    keepPlainRun();
+    const int next = take();
+    if (next == end_of_text) return fail(opened, "The quote opened here is never closed.");
+    if (next == '"' && peek() != '"') break;
+    if (next == '"') take();
+    const char byte = static_cast<char>(next);
+    keep({&byte, 1});
+  }
+  const int next = peek();
+  if (next != ',' && next != '\n' && next != '\r' && next != end_of_text) {
+    fail(place_, "There is text behind the quote that closes the field.");
+  }
+}
+
+void CsvReader::keepPlainRun() {
+  if (!utf8_.atBoundary()) return;
+  const std::size_t begin = at_;
+  while (at_ < filled_ && is_plain[static_cast<unsigned char>(buffer_[at_])]) ++at_;
+  place_.column += at_ - begin;
+  keep({&buffer_[begin], at_ - begin});
+}
+
+void CsvReader::keep(std::string_view bytes) {
+  if (failed_) return;
+  if (content_.size() - beginning_.back() + bytes.size() > limits_.field_bytes) {
+    return fail(fields_.back().place,
+                "The field is longer than " + grouped(limits_.field_bytes) + " bytes.");
+  }
+  if (content_.size() + bytes.size() > limits_.record_bytes) {
+    return fail(fields_.front().place,
+                "The record is longer than " + grouped(limits_.record_bytes) + " bytes.");
+  }
+  content_.append(bytes);
+}
+
+/// Takes a comma (true) or the end of the record.
+bool CsvReader::takeSeparator() {
+  const int separator = take();
+  if (separator == '\r' && peek() == '\n') take();
+  if (separator == end_of_text && !utf8_.atBoundary()) fail(character_, "The text is not UTF-8.");
+  return separator == ',';
+}
+
+void CsvReader::endRecord() {
+  for (std::size_t i = 0; i < fields_.size(); ++i) {
+    const std::size_t end = i + 1 < fields_.size() ? beginning_[i + 1] : content_.size();
+    fields_[i].text = std::string_view(content_).substr(beginning_[i], end - beginning_[i]);
+  }
+}
+
+void CsvReader::fail(CsvPlace place, std::string message) {
+  if (failed_) return;
+  failed_ = true;
+  problem_ = {place, std::move(message)};
+}
+
+}  // namespace depcalc

@@ -1,0 +1,102 @@
+// Comma-separated values, read record by record.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/byte_source.h"
+#include "cli/utf8_check.h"
+
+namespace depcalc {
+
+/// A place in the text, both counted from 1. Columns count characters, not bytes.
+struct CsvPlace {
+  std::size_t line = 1;
+  std::size_t column = 1;
+  friend bool operator==(const CsvPlace&, const CsvPlace&) = default;
+};
+
+struct CsvField {
+  std::string_view text;  ///< valid until the next record is read
+  CsvPlace place;         ///< of the field's first character, its quote included
+};
+
+struct CsvProblem {
+  CsvPlace place;
+  std::string message;
+};
+
+/// What one record may take; more is a problem, and memory stays bounded.
+struct CsvLimits {
+  std::size_t field_bytes = 65'536;
+  std::size_t record_bytes = 1'048'576;
+  std::size_t fields = 1'024;
+};
+
+/// Reads RFC 4180: fields parted by commas, quoted where they hold commas, line ends or quotes
+/// (doubled). Lines end with LF, CRLF or CR, mixed at will; the last may have none. Wholly empty
+/// lines are no records. The text is UTF-8, with or without a byte order mark.
+///
+/// A record that is not well formed is a problem, and the next one is read as usual. A text in
+/// UTF-16 or UTF-32 is one problem, and nothing after it is read.
+class CsvReader {
+ public:
+  enum class Outcome {
+    record,      ///< `record()` holds it
+    problem,     ///< `problem()` says what is wrong with it, and where
+    end,         ///< nothing is left
+    unreadable,  ///< the source failed
+  };
+
+  /// `source` must outlive the reader.
+  explicit CsvReader(ByteSource& source, CsvLimits limits = {});
+
+  Outcome next();
+
+  [[nodiscard]] const std::vector<CsvField>& record() const { return fields_; }
+  [[nodiscard]] const CsvProblem& problem() const { return problem_; }
+
+ private:
+  static constexpr int end_of_text = -1;
+
+  int peek() { return at_ < filled_ || fill() ? static_cast<unsigned char>(buffer_[at_]) : -1; }
+  bool fill();
+  int take();
+  void checkCharacter(unsigned char byte);
+  void advancePlace(unsigned char byte);
+
+  bool beginText();
+  void skipEmptyLines();
+  void readField();
+  void readPlain();
+  void readQuoted();
+  void keepPlainRun();
+  void keep(std::string_view bytes);
+  bool takeSeparator();
+  void endRecord();
+  void fail(CsvPlace place, std::string message);
+
+  ByteSource& source_;
+  CsvLimits limits_;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t at_ = 0;
+  std::size_t filled_ = 0;
+  bool begun_ = false;
+  bool exhausted_ = false;
+  bool unreadable_ = false;
+
+  Utf8Check utf8_;
+  CsvPlace place_;
+  CsvPlace character_;  ///< where the character that is being read began
+
+  std::string content_;                 ///< the record's fields, one behind the other
+  std::vector<std::size_t> beginning_;  ///< where in `content_` each field begins
+  std::vector<CsvField> fields_;
+  bool failed_ = false;
+  CsvProblem problem_;
+};
+
+}  // namespace depcalc

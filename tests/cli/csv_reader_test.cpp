@@ -1,0 +1,201 @@
+#include "cli/csv_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include "tests/support/text_source.h"
+
+namespace depcalc {
+namespace {
+
+using namespace std::string_literals;
+using Records = std::vector<std::vector<std::string>>;
+using testing::ElementsAre;
+using Outcome = CsvReader::Outcome;
+
+std::string shown(CsvPlace place) {
+  return std::to_string(place.line) + ":" + std::to_string(place.column);
+}
+
+/// Everything read from `text`; a problem is a record "!", its place, its message.
+Records readAll(std::string_view text, std::size_t piece = 65'536, CsvLimits limits = {}) {
+  TextSource source(text, piece);
+  CsvReader reader(source, limits);
+  Records records;
+  for (Outcome outcome = reader.next(); outcome != Outcome::end; outcome = reader.next()) {
+    auto& record = records.emplace_back();
+    if (outcome == Outcome::problem) {
+      record = {"!", shown(reader.problem().place), reader.problem().message};
+    } else {
+      for (const CsvField& field : reader.record()) record.emplace_back(field.text);
+    }
+  }
+  return records;
+}
+
+struct Case {
+  std::string text;
+  Records records;
+};
+
+void expectRecords(const std::vector<Case>& cases) {
+  for (const Case& c : cases) {
+    for (const std::size_t piece : {1, 2, 3, 65'536}) {
+      EXPECT_EQ(readAll(c.text, piece), c.records)
+          << testing::PrintToString(c.text) << " in pieces of " << piece;
+    }
+  }
+}
+
+TEST(CsvReader, ReadsWhatTheFormatAllows) {
+  expectRecords({
+      {"", {}},
+      {"\n\r\n\r", {}},
+      {"a", {{"a"}}},
+      {"a,b\n", {{"a", "b"}}},
+      {"a,b\nc,d", {{"a", "b"}, {"c", "d"}}},
+      {"a\r\nb\rc\nd", {{"a"}, {"b"}, {"c"}, {"d"}}},
+      {"a\n\n\r\nb\n", {{"a"}, {"b"}}},
+      {",\n", {{"", ""}}},
+      {"a,", {{"a", ""}}},
+      {"\"\"\n", {{""}}},
+      {"\"a,b\",c", {{"a,b", "c"}}},
+      {"\"say \"\"hi\"\"\"", {{"say \"hi\""}}},
+      {"\"\"\"\"", {{"\""}}},
+      {"\"one\ntwo\r\nthree\rfour\",x\ny", {{"one\ntwo\r\nthree\rfour", "x"}, {"y"}}},
+      {" a , b ", {{" a ", " b "}}},
+      {"\xEF\xBB\xBF"
+       "a,b",
+       {{"a", "b"}}},
+      {"\xEF\xBB\xBF", {}},
+      {"\xEF\xBB\xBF\"a\"", {{"a"}}},
+      {"a\xEF\xBB\xBF", {{"a\xEF\xBB\xBF"}}},
+      {"caf\xC3\xA9,\xE2\x82\xAC,\xF0\x9F\x9A\x9A",
+       {{"caf\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x9A\x9A"}}},
+      {"tab\tand\x7F", {{"tab\tand\x7F"}}},
+  });
+}
+
+constexpr const char* open_quote = "The quote opened here is never closed.";
+constexpr const char* stray_quote = "There is a quote inside a field that does not begin with one.";
+constexpr const char* behind_quote = "There is text behind the quote that closes the field.";
+constexpr const char* not_utf8 = "The text is not UTF-8.";
+constexpr const char* nul = "There is a NUL character.";
+
+TEST(CsvReader, SaysWhereARecordIsBrokenAndReadsOn) {
+  expectRecords({
+      {"a\nb,\"c\nd", {{"a"}, {"!", "2:3", open_quote}}},
+      {"a,b\"c\nd", {{"!", "1:4", stray_quote}, {"d"}}},
+      {"a, \"b\"\nd", {{"!", "1:4", stray_quote}, {"d"}}},
+      {"\"a\"b,c\nd", {{"!", "1:4", behind_quote}, {"d"}}},
+      {"\"a\" ,c\nd", {{"!", "1:4", behind_quote}, {"d"}}},
+      {"\"one\ntwo\"x\nd", {{"!", "2:5", behind_quote}, {"d"}}},
+      {"a,b\0c\nd"s, {{"!", "1:4", nul}, {"d"}}},
+      {"\"a\r\n\0\"\nd"s, {{"!", "2:1", nul}, {"d"}}},
+      {"\"a\r\0\"\nd"s, {{"!", "2:1", nul}, {"d"}}},
+      {"\0"s, {{"!", "1:1", nul}}},
+      {"\xC3\xA9\xC3\xA9\0"s, {{"!", "1:3", nul}}},
+      {"a\xFF\xFE\nd", {{"!", "1:2", not_utf8}, {"d"}}},
+      {"a,\xC3\nd", {{"!", "1:3", not_utf8}, {"d"}}},
+      {"\xE2\x82,b\nd", {{"!", "1:1", not_utf8}, {"d"}}},
+      {"d\n\xE2\x82", {{"d"}, {"!", "2:1", not_utf8}}},
+      {"x\xC0\xAF", {{"!", "1:2", not_utf8}}},
+      {"x\xE0\x9F\xBF", {{"!", "1:2", not_utf8}}},
+      {"x\xED\xA0\x80", {{"!", "1:2", not_utf8}}},
+      {"x\xF0\x8F\xBF\xBF", {{"!", "1:2", not_utf8}}},
+      {"x\xF4\x90\x80\x80", {{"!", "1:2", not_utf8}}},
+      {"x\xF5\x80\x80\x80", {{"!", "1:2", not_utf8}}},
+      {"x\x80", {{"!", "1:2", not_utf8}}},
+  });
+}
+
+TEST(CsvReader, RefusesOtherEncodingsAtTheirMark) {
+  const auto refused = [](const char* encoding) {
+    const std::string message = "The text is in "s + encoding + "; please save it as UTF-8.";
+    return Records{{"!", "1:1", message}};
+  };
+  expectRecords({
+      {"\xFF\xFE"
+       "a\0,\0"s,
+       refused("UTF-16")},
+      {"\xFE\xFF\0a\0,"s, refused("UTF-16")},
+      {"\xFF\xFE"s, refused("UTF-16")},
+      {"\xFF\xFE\0\0a\0\0\0"s, refused("UTF-32")},
+      {"\0\0\xFE\xFF\0\0\0a"s, refused("UTF-32")},
+  });
+}
+
+TEST(CsvReader, BoundsWhatARecordMayTake) {
+  const CsvLimits limits{.field_bytes = 5, .record_bytes = 8, .fields = 4};
+  const auto read = [&](std::string_view text) { return readAll(text, 2, limits); };
+  EXPECT_EQ(read("12345,678\n1"), (Records{{"12345", "678"}, {"1"}}));
+  EXPECT_EQ(read("1,123456,\n1"),
+            (Records{{"!", "1:3", "The field is longer than 5 bytes."}, {"1"}}));
+  EXPECT_EQ(read("\"123\n56\"\n1"),
+            (Records{{"!", "1:1", "The field is longer than 5 bytes."}, {"1"}}));
+  EXPECT_EQ(read("12345,6789\n1"),
+            (Records{{"!", "1:1", "The record is longer than 8 bytes."}, {"1"}}));
+  EXPECT_EQ(read(",,,\n1"), (Records{{"", "", "", ""}, {"1"}}));
+  EXPECT_EQ(read(",,,,\n1"), (Records{{"!", "1:5", "The record has more than 4 fields."}, {"1"}}));
+  EXPECT_EQ(readAll(std::string(65'537, 'x')),
+            (Records{{"!", "1:1", "The field is longer than 65,536 bytes."}}));
+}
+
+TEST(CsvReader, KnowsThePlaceOfEveryField) {
+  TextSource source("\xEF\xBB\xBF\n\xC3\xA9,b,\"c\nd\",e\r\nf,g");
+  CsvReader reader(source);
+  std::vector<std::string> places;
+  while (reader.next() == Outcome::record) {
+    for (const CsvField& field : reader.record()) places.push_back(shown(field.place));
+  }
+  EXPECT_THAT(places, ElementsAre("2:1", "2:3", "2:5", "3:4", "4:1", "4:3"));
+}
+
+TEST(CsvReader, NeverTakesACutOffRecordForAWholeOne) {
+  for (const std::string text : {"", "a,b\nc,d", "a,b\n\"c", "a,b\n"}) {
+    TextSource source(text, 3, true);
+    CsvReader reader(source);
+    Outcome outcome = reader.next();
+    while (outcome == Outcome::record) {
+      EXPECT_EQ(reader.record().front().text, "a");
+      outcome = reader.next();
+    }
+    EXPECT_EQ(outcome, Outcome::unreadable) << text;
+  }
+}
+
+std::string quoted(const std::string& field) {
+  std::string text = "\"";
+  for (const char c : field) text.append(c == '"' ? 2 : 1, c);
+  return text + '"';
+}
+
+RC_GTEST_PROP(CsvReaderProperty, ReadsBackWhatWasQuoted, ()) {
+  const auto character = rc::gen::weightedElement<std::string>({{8, "a"},
+                                                                {2, ","},
+                                                                {2, "\""},
+                                                                {1, "\n"},
+                                                                {1, "\r"},
+                                                                {1, "\r\n"},
+                                                                {1, " "},
+                                                                {1, "\xC3\xA9"}});
+  const auto field = rc::gen::map(rc::gen::container<std::vector<std::string>>(character),
+                                  [](const auto& characters) {
+                                    std::string text;
+                                    for (const auto& c : characters) text += c;
+                                    return text;
+                                  });
+  const auto record = rc::gen::nonEmpty(rc::gen::container<std::vector<std::string>>(field));
+  const Records records = *rc::gen::resize(12, rc::gen::container<Records>(record));
+  const std::string line_end = *rc::gen::element<std::string>("\n", "\r\n", "\r");
+  std::string text;
+  for (const auto& fields : records) {
+    for (std::size_t i = 0; i < fields.size(); ++i) text += (i > 0 ? "," : "") + quoted(fields[i]);
+    text += line_end;
+  }
+  RC_ASSERT(readAll(text, *rc::gen::inRange<std::size_t>(1, 9)) == records);
+}
+
+}  // namespace
+}  // namespace depcalc
