@@ -1,0 +1,185 @@
+#include "controls/user.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "controls/option_button.h"
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+char32_t decoded(std::string_view character) {
+  if (character.size() == 1) return static_cast<unsigned char>(character[0]);
+  char32_t code = static_cast<unsigned char>(character[0]) & (0x7FU >> character.size());
+  for (const char byte : character.substr(1)) {
+    code = code << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
+  }
+  return code;
+}
+
+std::string encoded(char32_t code) {
+  const auto tail = [code](int shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
+  if (code < 0x80) return {static_cast<char>(code)};
+  if (code < 0x800) return {static_cast<char>(0xC0 | code >> 6), tail(0)};
+  if (code < 0x10000) return {static_cast<char>(0xE0 | code >> 12), tail(6), tail(0)};
+  return {static_cast<char>(0xF0 | code >> 18), tail(12), tail(6), tail(0)};
+}
+
+std::string withoutLast(const std::string& text) {
+  const std::size_t count = characterCount(text);
+  return std::string(firstCharacters(text, count == 0 ? 0 : count - 1));
+}
+
+template <typename Kind>
+std::vector<Kind*> shownChildren(const UserControl& parent) {
+  std::vector<Kind*> found;
+  for (Control* child : parent.children()) {
+    auto* const kind = dynamic_cast<Kind*>(child);
+    if (kind != nullptr && kind->isShown()) found.push_back(kind);
+  }
+  return found;
+}
+
+/// The one before or after `from`, round and round; the first (last) when `from` is not there.
+template <typename Kind>
+Kind* neighbour(const std::vector<Kind*>& all, const Control* from, bool backwards) {
+  if (all.empty()) return nullptr;
+  const auto at = std::find(all.begin(), all.end(), from);
+  if (at == all.end()) return backwards ? all.back() : all.front();
+  const auto position = static_cast<std::size_t>(at - all.begin());
+  return all[(position + (backwards ? all.size() - 1 : 1)) % all.size()];
+}
+
+UserControl* frontmostShown(const std::vector<UserControl*>& roots) {
+  UserControl* found = nullptr;
+  for (UserControl* root : roots) {
+    if (!root->isShown()) continue;
+    found = root;
+    const auto inner = shownChildren<UserControl>(*root);
+    for (UserControl* child : inner) {
+      if (!shownChildren<InputControl>(*child).empty()) return child;
+    }
+  }
+  return found;
+}
+
+}  // namespace
+
+void User::typeKey(char32_t key) {
+  auto* const box = dynamic_cast<TextBox*>(stage_.focused());
+  if (box == nullptr || !keyPress(*box, key)) return;
+  if (key == kBackspace) {
+    edit(*box, withoutLast(box->text()));
+  } else if (key >= 32) {
+    edit(*box, box->text() + encoded(key));
+  }
+}
+
+void User::type(std::string_view text) {
+  while (!text.empty()) {
+    const std::string_view character = firstCharacters(text, 1);
+    typeKey(decoded(character));
+    text.remove_prefix(character.size());
+  }
+}
+
+void User::paste(std::string text) {
+  if (auto* const box = dynamic_cast<TextBox*>(stage_.focused())) edit(*box, std::move(text));
+}
+
+bool User::keyPress(TextBox& box, char32_t key) {
+  if (!box.hasFocus()) return false;
+  bool discard = false;
+  box.traceEvent("KeyPress");
+  if (box.onKeyPress) box.onKeyPress(key, discard);
+  return !discard;
+}
+
+void User::edit(TextBox& box, std::string text) {
+  if (box.hasFocus()) box.setText(std::move(text));
+}
+
+void User::tab(bool backwards) {
+  const InputControl* const from = stage_.focused();
+  const UserControl* const screen =
+      from != nullptr ? from->parent() : frontmostShown(stage_.roots());
+  if (screen == nullptr) return;
+  InputControl* const next = neighbour(shownChildren<InputControl>(*screen), from, backwards);
+  if (next != nullptr) stage_.moveFocus(*next);
+}
+
+void User::arrow(Direction direction) {
+  const bool backwards = direction == Direction::left || direction == Direction::up;
+  InputControl* const at = stage_.focused();
+  if (auto* const list = dynamic_cast<DropDownList*>(at)) {
+    const int last = list->count() - 1;
+    if (last >= 0) list->setIndex(std::clamp(list->index() + (backwards ? -1 : 1), 0, last));
+  } else if (auto* const grid = dynamic_cast<Grid*>(at)) {
+    const bool vertical = direction == Direction::up || direction == Direction::down;
+    const int row = grid->row() + (vertical ? (backwards ? -1 : 1) : 0);
+    const int column = grid->column() + (vertical ? 0 : (backwards ? -1 : 1));
+    const bool inside = row >= 0 && row < grid->rows() && column >= 0 && column < grid->columns();
+    if (inside) clickCell(*grid, row, column);
+  } else if (dynamic_cast<OptionButton*>(at) != nullptr) {
+    moveOption(backwards);
+  }
+}
+
+void User::moveOption(bool backwards) {
+  const InputControl& from = *stage_.focused();
+  click(*neighbour(shownChildren<OptionButton>(*from.parent()), &from, backwards));
+}
+
+void User::chooseItem(DropDownList& list, int index) {
+  if (stage_.moveFocus(list)) list.setIndex(index);
+}
+
+void User::mouseDown(Control& control) {
+  if (!control.isShown()) return;
+  Control& target = control.pressTarget();
+  stage_.pressed_ = &target;
+  for (UserControl* around = target.parent(); around != nullptr; around = around->parent()) {
+    around->traceEvent("Activate");
+    around->Activate();
+  }
+  auto* const input = dynamic_cast<InputControl*>(&target);
+  if (input != nullptr && !stage_.moveFocus(*input)) {
+    stage_.pressed_ = nullptr;
+    return;
+  }
+  target.mouseDown();
+}
+
+void User::mouseUp(Control* over) {
+  Control* const pressed = std::exchange(stage_.pressed_, nullptr);
+  if (pressed == nullptr) return;
+  if (over == nullptr || &over->pressTarget() != pressed || !pressed->isShown()) {
+    pressed->pressAbandoned();
+    return;
+  }
+  pressed->mouseUp();
+  if (pressed->isShown()) pressed->click();
+}
+
+void User::click(Control& control) {
+  mouseDown(control);
+  mouseUp(&control);
+}
+
+void User::clickCell(Grid& grid, int row, int column) {
+  if (!grid.isShown() || !stage_.moveFocus(grid)) return;
+  grid.setRow(row);
+  grid.setColumn(column);
+  grid.click();
+}
+
+void User::leave() {
+  stage_.validateFocused();
+  for (UserControl* root : stage_.roots()) {
+    root->traceEvent("LostFocus");
+    root->LostFocus();
+  }
+}
+
+}  // namespace depcalc
