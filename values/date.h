@@ -3,6 +3,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,10 @@ class Date {
   /// A text read as a date, month first always (see date_text.cpp for what is accepted).
   /// `today` supplies the year where the text has none. Not a date: error 13.
   static Date fromText(std::string_view text, Date today, const Locale& locale = Locale::enUs());
+
+  /// The same, empty when the text is not a date.
+  static std::optional<Date> tryFromText(std::string_view text, Date today,
+                                         const Locale& locale = Locale::enUs());
 
   /// True when `fromText` would succeed.
   static bool isDate(std::string_view text, Date today, const Locale& locale = Locale::enUs());

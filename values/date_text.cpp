@@ -150,21 +150,21 @@ std::optional<Date> dateOfParts(const Parts& parts, Date today, const Locale& lo
   return existing(year, smallNumber(first, 2), smallNumber(second, 2));
 }
 
-std::optional<Date> tryDate(std::string_view text, Date today, const Locale& locale) {
+}  // namespace
+
+std::optional<Date> Date::tryFromText(std::string_view text, Date today, const Locale& locale) {
   const auto parts = split(withoutTime(trimmed(text)));
   return parts ? dateOfParts(*parts, today, locale) : std::nullopt;
 }
 
-}  // namespace
-
 Date Date::fromText(std::string_view text, Date today, const Locale& locale) {
-  const auto date = tryDate(text, today, locale);
+  const auto date = tryFromText(text, today, locale);
   if (!date) throw RuntimeError::typeMismatch();
   return *date;
 }
 
 bool Date::isDate(std::string_view text, Date today, const Locale& locale) {
-  return tryDate(text, today, locale).has_value();
+  return tryFromText(text, today, locale).has_value();
 }
 
 }  // namespace depcalc

@@ -1,0 +1,34 @@
+// The convention as list item, as digit and as a data file may write it.
+#include "entry/field_rules.h"
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+constexpr std::array<std::string_view, convention_names.size()> digits{"0", "1", "2", "3", "4"};
+
+}  // namespace
+
+std::string_view conventionDigit(std::string_view list_text) {
+  for (std::size_t i = 0; i < convention_names.size(); ++i) {
+    if (list_text == convention_names[i]) return digits[i];
+  }
+  return digits.front();
+}
+
+std::string_view conventionItem(std::string_view digit) {
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (digit == digits[i]) return convention_names[i];
+  }
+  return convention_names.front();
+}
+
+std::optional<std::string_view> conventionFromFile(std::string_view text) {
+  for (std::size_t i = 0; i < convention_names.size(); ++i) {
+    if (text == digits[i]) return digits[i];
+    if (equalIgnoringCase(text, convention_names[i])) return digits[i];
+  }
+  return std::nullopt;
+}
+
+}  // namespace depcalc

@@ -1,0 +1,188 @@
+#include "entry/field_rules.h"
+
+#include <algorithm>
+
+#include "values/display_format.h"
+#include "values/number_text.h"
+#include "values/rounding.h"
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+constexpr double longest_life = 50;
+constexpr double largest_amount = 9'999'999.99;
+constexpr double years_from_today = 50;
+
+constexpr std::size_t date_length = 7;  ///< the shortest date that carries its year: 3/5/202 and on
+
+bool contains(std::string_view text, char c) { return text.find(c) != std::string_view::npos; }
+
+/// Appends the current year to a text that is too short to have one of its own.
+void completeYear(std::string& text, Date today) {
+  if (characterCount(text) < date_length) text += std::to_string(today.year());
+}
+
+/// A date of parts: dots count as slashes.
+std::string withSlashes(std::string_view text, Date today) {
+  std::string s(text);
+  std::replace(s.begin(), s.end(), '.', '/');
+  if (characterCount(s) < date_length - 1) s += '/';
+  completeYear(s, today);
+  // The parts are taken by position, so there must be three of them.
+  if (std::count(s.begin(), s.end(), '/') < 2) throw RuntimeError::subscriptOutOfRange();
+  completeYear(s, today);
+  return s;
+}
+
+/// A date without separators: month and day have two digits each.
+std::string withSlashesInserted(std::string_view text, Date today) {
+  std::string s(firstCharacters(text, 2));
+  s.append("/").append(firstCharacters(afterCharacters(text, 2), 2));
+  s.append("/").append(afterCharacters(text, 4));
+  completeYear(s, today);
+  return s;
+}
+
+std::string shownMoney(std::string_view text, const Locale& locale) {
+  return formatMoney(numberFromText(text, locale), locale);
+}
+
+Accepted<Currency> acceptedAmount(std::string_view text, const Locale& locale) {
+  if (text.empty()) return {"", Currency()};
+  Accepted<Currency> amount{shownMoney(text, locale), Currency()};
+  amount.value = Currency::fromText(amount.text, locale);
+  return amount;
+}
+
+std::optional<FieldMessage> lifeRefused(std::string_view text, const Locale& locale) {
+  const auto years = tryNumberFromText(text, locale);
+  if (!years) return FieldMessage::life_not_numeric;
+  if (*years < 1) return FieldMessage::life_not_positive;
+  if (*years > longest_life) return FieldMessage::life_too_long;
+  return std::nullopt;
+}
+
+std::optional<FieldMessage> basisRefused(std::string_view text, std::string_view salvage_text,
+                                         const Locale& locale) {
+  const auto basis = tryNumberFromText(text, locale);
+  if (!basis) return FieldMessage::basis_not_numeric;
+  if (*basis < 0) return FieldMessage::basis_negative;
+  if (*basis == 0) return FieldMessage::basis_zero;
+  if (*basis > largest_amount) return FieldMessage::basis_too_large;
+  if (!salvage_text.empty() &&
+      Currency::fromText(text, locale) < Currency::fromText(salvage_text, locale)) {
+    return FieldMessage::basis_below_salvage;
+  }
+  return std::nullopt;
+}
+
+std::optional<FieldMessage> salvageRefused(std::string_view text, std::string_view basis_text,
+                                           const Locale& locale) {
+  const auto salvage = tryNumberFromText(text, locale);
+  if (!salvage) return FieldMessage::salvage_not_numeric;
+  if (*salvage < 0) return FieldMessage::salvage_negative;
+  if (*salvage > largest_amount) return FieldMessage::salvage_too_large;
+  if (!basis_text.empty() &&
+      Currency::fromText(text, locale) > Currency::fromText(basis_text, locale)) {
+    return FieldMessage::salvage_above_basis;
+  }
+  return std::nullopt;
+}
+
+std::optional<FieldMessage> capacityRefused(std::string_view text, const Locale& locale) {
+  const auto units = tryNumberFromText(text, locale);
+  if (!units) return FieldMessage::capacity_not_numeric;
+  if (*units < 0) return FieldMessage::capacity_negative;
+  return std::nullopt;
+}
+
+bool mustCheck(FieldInput field) { return field.changed && !field.text.empty(); }
+
+}  // namespace
+
+Checked<std::string> normalisedDateText(FieldInput field, Date today, const Locale& locale) {
+  const std::string_view text = field.text;
+  const bool dots = contains(text, '.');
+  if (!mustCheck(field) || (!dots && Date::isDate(text, today, locale))) {
+    return Accepted<std::string>{std::string(text), std::string(text)};
+  }
+  const std::string candidate =
+      dots || contains(text, '/') ? withSlashes(text, today) : withSlashesInserted(text, today);
+  const auto date = Date::tryFromText(candidate, today, locale);
+  if (!date) return Rejected{FieldMessage::date_not_valid};
+  return Accepted<std::string>{date->toText(), date->toText()};
+}
+
+std::optional<Rejected> refusedByDateLimit(Date date, Date today) {
+  if (date > today.plusYears(years_from_today)) return Rejected{FieldMessage::date_too_late};
+  if (date < today.plusYears(-years_from_today)) return Rejected{FieldMessage::date_too_early};
+  return std::nullopt;
+}
+
+Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit,
+                                  const Locale& locale) {
+  // A date that reads as it stands, the usual case, needs no second look at its text.
+  auto date = Date::tryFromText(field.text, today, locale);
+  if (!date || contains(field.text, '.')) {
+    const auto normalised = normalisedDateText(field, today, locale);
+    if (const auto* refusal = std::get_if<Rejected>(&normalised)) return *refusal;
+    date = Date::fromText(std::get<Accepted<std::string>>(normalised).text, today, locale);
+  }
+  if (limit == DateLimit::fifty_years) {
+    if (const auto refusal = refusedByDateLimit(*date, today)) return *refusal;
+  }
+  return Accepted<Date>{date->toText(), *date};
+}
+
+std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view text,
+                                           const Locale& locale) {
+  static constexpr std::array messages{
+      FieldMessage::life_not_numeric, FieldMessage::basis_not_numeric,
+      FieldMessage::salvage_not_numeric, FieldMessage::capacity_not_numeric};
+  if (text.empty() || isNumeric(text, locale)) return std::nullopt;
+  return Rejected{messages[static_cast<std::size_t>(field)]};
+}
+
+Checked<double> usefulLifeRule(FieldInput field, const Locale& locale) {
+  if (mustCheck(field)) {
+    if (const auto refusal = lifeRefused(field.text, locale)) return Rejected{*refusal};
+  }
+  if (field.text.empty()) return Accepted<double>{"", 0};
+  const double years = nearestEven(numberFromText(field.text, locale));
+  return Accepted<double>{numberToText(years, locale), years};
+}
+
+Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text, const Locale& locale) {
+  if (mustCheck(field)) {
+    if (const auto refusal = basisRefused(field.text, salvage_text, locale)) {
+      return Rejected{*refusal};
+    }
+  }
+  return acceptedAmount(field.text, locale);
+}
+
+Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text, const Locale& locale) {
+  if (mustCheck(field)) {
+    if (const auto refusal = salvageRefused(field.text, basis_text, locale)) {
+      return Rejected{*refusal};
+    }
+  }
+  return acceptedAmount(field.text, locale);
+}
+
+Checked<std::string> productionCapacityRule(FieldInput field, const Locale& locale) {
+  if (field.text.empty()) return Accepted<std::string>{"", field.changed ? "" : "0"};
+  if (field.changed) {
+    if (const auto refusal = capacityRefused(field.text, locale)) return Rejected{*refusal};
+  }
+  std::string shown = formatWhole(numberFromText(field.text, locale), locale);
+  return Accepted<std::string>{shown, shown};
+}
+
+KeyAnswer limitedKey(std::string_view text, int character) {
+  if (characterCount(text) < most_text_characters) return {};
+  return {.beep = true, .discard = character >= 32 && character <= 126};
+}
+
+}  // namespace depcalc
