@@ -44,15 +44,9 @@ std::string withSlashesInserted(std::string_view text, Date today) {
   return s;
 }
 
-std::string shownMoney(std::string_view text, const Locale& locale) {
-  return formatMoney(numberFromText(text, locale), locale);
-}
-
 Accepted<Currency> acceptedAmount(std::string_view text, const Locale& locale) {
-  if (text.empty()) return {"", Currency()};
-  Accepted<Currency> amount{shownMoney(text, locale), Currency()};
-  amount.value = Currency::fromText(amount.text, locale);
-  return amount;
+  if (text.empty()) return {Currency(), true};
+  return {moneyAsShown(text, locale)};
 }
 
 std::optional<FieldMessage> lifeRefused(std::string_view text, const Locale& locale) {
@@ -101,17 +95,30 @@ bool mustCheck(FieldInput field) { return field.changed && !field.text.empty(); 
 
 }  // namespace
 
+std::string shownText(const Accepted<Date>& field, const Locale& /*locale*/) {
+  return field.blank ? "" : field.value.toText();
+}
+std::string shownText(const Accepted<double>& field, const Locale& locale) {
+  return field.blank ? "" : numberToText(field.value, locale);
+}
+std::string shownText(const Accepted<Currency>& field, const Locale& locale) {
+  return field.blank ? "" : formatMoney(field.value, locale);
+}
+std::string shownText(const Accepted<std::string>& field, const Locale& /*locale*/) {
+  return field.blank ? "" : field.value;
+}
+
 Checked<std::string> normalisedDateText(FieldInput field, Date today, const Locale& locale) {
   const std::string_view text = field.text;
   const bool dots = contains(text, '.');
   if (!mustCheck(field) || (!dots && Date::isDate(text, today, locale))) {
-    return Accepted<std::string>{std::string(text), std::string(text)};
+    return Accepted<std::string>{std::string(text)};
   }
   const std::string candidate =
       dots || contains(text, '/') ? withSlashes(text, today) : withSlashesInserted(text, today);
   const auto date = Date::tryFromText(candidate, today, locale);
   if (!date) return Rejected{FieldMessage::date_not_valid};
-  return Accepted<std::string>{date->toText(), date->toText()};
+  return Accepted<std::string>{date->toText()};
 }
 
 std::optional<Rejected> refusedByDateLimit(Date date, Date today) {
@@ -127,12 +134,12 @@ Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit,
   if (!date || contains(field.text, '.')) {
     const auto normalised = normalisedDateText(field, today, locale);
     if (const auto* refusal = std::get_if<Rejected>(&normalised)) return *refusal;
-    date = Date::fromText(std::get<Accepted<std::string>>(normalised).text, today, locale);
+    date = Date::fromText(std::get<Accepted<std::string>>(normalised).value, today, locale);
   }
   if (limit == DateLimit::fifty_years) {
     if (const auto refusal = refusedByDateLimit(*date, today)) return *refusal;
   }
-  return Accepted<Date>{date->toText(), *date};
+  return Accepted<Date>{*date};
 }
 
 std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view text,
@@ -148,9 +155,8 @@ Checked<double> usefulLifeRule(FieldInput field, const Locale& locale) {
   if (mustCheck(field)) {
     if (const auto refusal = lifeRefused(field.text, locale)) return Rejected{*refusal};
   }
-  if (field.text.empty()) return Accepted<double>{"", 0};
-  const double years = nearestEven(numberFromText(field.text, locale));
-  return Accepted<double>{numberToText(years, locale), years};
+  if (field.text.empty()) return Accepted<double>{0, true};
+  return Accepted<double>{nearestEven(numberFromText(field.text, locale))};
 }
 
 Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text, const Locale& locale) {
@@ -172,12 +178,11 @@ Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text, con
 }
 
 Checked<std::string> productionCapacityRule(FieldInput field, const Locale& locale) {
-  if (field.text.empty()) return Accepted<std::string>{"", field.changed ? "" : "0"};
+  if (field.text.empty()) return Accepted<std::string>{field.changed ? "" : "0", true};
   if (field.changed) {
     if (const auto refusal = capacityRefused(field.text, locale)) return Rejected{*refusal};
   }
-  std::string shown = formatWhole(numberFromText(field.text, locale), locale);
-  return Accepted<std::string>{shown, shown};
+  return Accepted<std::string>{formatWhole(numberFromText(field.text, locale), locale)};
 }
 
 KeyAnswer limitedKey(std::string_view text, int character) {

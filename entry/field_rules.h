@@ -27,12 +27,18 @@ struct FieldInput {
   bool changed = true;
 };
 
-/// What the field shows from now on, and what goes into the record.
+/// What goes into the record. An empty field stays empty, whatever value stands for it there.
 template <typename Value>
 struct Accepted {
-  std::string text;
   Value value;
+  bool blank = false;
 };
+
+/// What the field shows from now on: mm/dd/yyyy, a whole number, #,##0.00, the text itself.
+std::string shownText(const Accepted<Date>& field, const Locale& locale = Locale::enUs());
+std::string shownText(const Accepted<double>& field, const Locale& locale = Locale::enUs());
+std::string shownText(const Accepted<Currency>& field, const Locale& locale = Locale::enUs());
+std::string shownText(const Accepted<std::string>& field, const Locale& locale = Locale::enUs());
 
 struct Rejected {
   FieldMessage message;

@@ -5,6 +5,7 @@
 
 #include "values/decimal_digits.h"
 #include "values/number_text.h"
+#include "values/plain_decimal.h"
 
 namespace depcalc {
 namespace {
@@ -17,6 +18,13 @@ std::uint64_t magnitude(std::int64_t ticks) {
 }  // namespace
 
 Currency Currency::fromText(std::string_view text, const Locale& locale) {
+  if (const auto plain = plainDecimal(text, locale); plain && plain->decimals <= 4) {
+    std::int64_t ticks = 0;
+    if (__builtin_mul_overflow(plain->mantissa, powerOfTen(4 - plain->decimals), &ticks)) {
+      throw RuntimeError::overflow();
+    }
+    return Currency(ticks);
+  }
   const auto written = DecimalDigits::ofText(text, locale);
   if (!written || !isNumeric(text, locale)) throw RuntimeError::typeMismatch();
   const DecimalDigits number = written->roundedHalfEven(4);

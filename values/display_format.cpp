@@ -1,6 +1,10 @@
 #include "values/display_format.h"
 
+#include <cmath>
+
 #include "values/decimal_digits.h"
+#include "values/number_text.h"
+#include "values/plain_decimal.h"
 
 namespace depcalc {
 namespace {
@@ -34,6 +38,17 @@ std::string grouped(const DecimalDigits& exact, int places, const Locale& locale
   return text;
 }
 
+/// `number` with its digits in groups of three.
+std::string groupedWhole(std::int64_t number, char separator) {
+  const std::string digits = std::to_string(number < 0 ? -number : number);
+  std::string text = number < 0 ? "-" : "";
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (i > 0 && (digits.size() - i) % 3 == 0) text += separator;
+    text += digits[i];
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string formatMoney(Currency value, const Locale& locale) {
@@ -43,11 +58,22 @@ std::string formatMoney(double value, const Locale& locale) {
   return grouped(DecimalDigits::of(value), 2, locale);
 }
 
+Currency moneyAsShown(std::string_view text, const Locale& locale) {
+  if (const auto plain = plainDecimal(text, locale); plain && plain->decimals <= 2) {
+    return Currency::fromText(text, locale);
+  }
+  return Currency::fromText(formatMoney(numberFromText(text, locale), locale), locale);
+}
+
 std::string formatRate(Currency value, const Locale& locale) {
   return grouped(DecimalDigits::of(value), 4, locale);
 }
 
 std::string formatWhole(double value, const Locale& locale) {
+  constexpr double exact_digits = 1e15;
+  if (std::fabs(value) < exact_digits && value == std::trunc(value)) {
+    return groupedWhole(static_cast<std::int64_t>(value), locale.thousands_separator);
+  }
   return grouped(DecimalDigits::of(value), 0, locale);
 }
 

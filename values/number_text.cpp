@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "values/decimal_digits.h"
+#include "values/plain_decimal.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -53,6 +54,9 @@ std::optional<double> toDouble(const DecimalDigits& number) {
 }  // namespace
 
 std::optional<double> tryNumberFromText(std::string_view text, const Locale& locale) {
+  if (const auto plain = plainDecimal(text, locale)) {
+    return static_cast<double>(plain->mantissa) / static_cast<double>(powerOfTen(plain->decimals));
+  }
   const auto number = DecimalDigits::ofText(text, locale);
   return number ? toDouble(*number) : std::nullopt;
 }

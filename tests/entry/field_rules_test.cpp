@@ -29,7 +29,7 @@ std::string answer(Rule rule) {
     const auto checked = rule();
     if (const auto* refusal = std::get_if<Rejected>(&checked)) return told(refusal->message);
     const auto& accepted = std::get<0>(checked);
-    return accepted.text + "|" + stored(accepted.value);
+    return shownText(accepted) + "|" + stored(accepted.value);
   } catch (const RuntimeError& error) {
     return "error " + std::to_string(error.number());
   }

@@ -1,0 +1,48 @@
+#include "values/plain_decimal.h"
+
+#include <array>
+
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+constexpr int most_digits = 15;
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+}  // namespace
+
+std::optional<PlainDecimal> plainDecimal(std::string_view text, const Locale& locale) {
+  text = trimmed(text);
+  const bool negative = text.starts_with('-');
+  if (negative || text.starts_with('+')) text.remove_prefix(1);
+  PlainDecimal number;
+  int digits = 0;
+  bool decimals = false;
+  for (const char c : text) {
+    if (isDigit(c)) {
+      if (++digits > most_digits) return std::nullopt;
+      number.mantissa = number.mantissa * 10 + (c - '0');
+      number.decimals += decimals ? 1 : 0;
+    } else if (c == locale.decimal_point && !decimals) {
+      decimals = true;
+    } else if (c != locale.thousands_separator || decimals) {
+      return std::nullopt;
+    }
+  }
+  if (digits == 0 || (negative && number.mantissa == 0)) return std::nullopt;
+  if (negative) number.mantissa = -number.mantissa;
+  return number;
+}
+
+std::int64_t powerOfTen(int exponent) {
+  static constexpr auto powers = [] {
+    std::array<std::int64_t, most_digits + 1> table{1};
+    for (std::size_t i = 1; i < table.size(); ++i) table[i] = table[i - 1] * 10;
+    return table;
+  }();
+  return powers[static_cast<std::size_t>(exponent)];
+}
+
+}  // namespace depcalc
