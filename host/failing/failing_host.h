@@ -1,0 +1,31 @@
+// A host that fails on demand, around any other.
+#pragma once
+
+#include <memory>
+
+#include "host/host.h"
+#include "values/runtime_error.h"
+
+namespace depcalc {
+
+/// Which of the calls to a failing host fails. Every listed operation counts, from the
+/// application's down to a single value's; listeners, names() and units of work do not.
+struct FailurePlan {
+  int fail_at = 0;  ///< the call that fails, from 1; 0: none
+  int calls = 0;    ///< made so far
+  RuntimeError error{57, "Device I/O error"};
+
+  /// Counts a call; throws when it is the one. A call that fails does nothing.
+  void count() {
+    if (++calls == fail_at) throw error;
+  }
+};
+
+/// `inner` with the failures of `plan`, which may be changed between calls.
+std::shared_ptr<HostCompanyFile> failingCompanyFile(std::shared_ptr<HostCompanyFile> inner,
+                                                    std::shared_ptr<FailurePlan> plan);
+/// The same for the application and all that is reached through it.
+std::shared_ptr<HostApplication> failingApplication(std::shared_ptr<HostApplication> inner,
+                                                    std::shared_ptr<FailurePlan> plan);
+
+}  // namespace depcalc

@@ -1,0 +1,42 @@
+// The hosts that every test of a host's user runs on.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/host.h"
+
+namespace depcalc::testing_support {
+
+/// A company file and how to close and open it again, records kept.
+class TestHost {
+ public:
+  virtual ~TestHost() = default;
+  [[nodiscard]] virtual std::shared_ptr<HostCompanyFile> file() = 0;
+  virtual void close() = 0;
+  virtual void reopen() = 0;
+  /// The first day of the fiscal year becomes `first_day`, the first of a month; closes and
+  /// reopens the file where that takes it.
+  virtual void fiscalYearStart(Date first_day) = 0;
+};
+
+struct HostKind {
+  std::string name;
+  std::function<std::unique_ptr<TestHost>(Date fiscal_year_start)> make;
+  bool has_units = false;
+
+  friend void PrintTo(const HostKind& kind, std::ostream* out) { *out << kind.name; }
+};
+
+/// Every kind of host: memory with and without units of work, and behind a failing host that
+/// does not fail.
+const std::vector<HostKind>& hostKinds();
+/// Those with units of work.
+std::vector<HostKind> hostKindsWithUnits();
+/// The kind's name as part of a test's name.
+std::string testNameOf(const HostKind& kind);
+
+}  // namespace depcalc::testing_support
