@@ -14,12 +14,11 @@ constexpr std::array kDrawnAspects = {Aspect::structure, Aspect::cells, Aspect::
 
 constexpr unsigned bit(Aspect aspect) { return 1U << static_cast<unsigned>(aspect); }
 
-template <typename Lines>
-auto& lineAt(Lines& lines, int number) {
-  if (number < 0 || static_cast<std::size_t>(number) >= lines.size()) {
+std::size_t checkedNumber(int number, std::size_t count) {
+  if (number < 0 || static_cast<std::size_t>(number) >= count) {
     throw RuntimeError::subscriptOutOfRange();
   }
-  return lines[static_cast<std::size_t>(number)];
+  return static_cast<std::size_t>(number);
 }
 
 std::size_t checkedCount(int count) {
@@ -39,126 +38,90 @@ int GridPicture::height() const {
 
 Grid::Grid(UserControl& parent, std::string name, int rows, int columns)
     : InputControl(parent, ControlKind::grid, std::move(name)) {
-  resizeCells(checkedCount(rows), checkedCount(columns));
+  setRows(rows);
+  setColumns(columns);
 }
 
+std::size_t Grid::rowAt(int row) const { return checkedNumber(row, rows_.size()); }
+std::size_t Grid::columnAt(int column) const { return checkedNumber(column, columns_.size()); }
+
 void Grid::setRows(int rows) {
-  if (rows == this->rows()) return;
-  resizeCells(checkedCount(rows), column_lines_.size());
+  const std::size_t count = checkedCount(rows);
+  if (count == rows_.size()) return;
+  for (GridColumn& column : columns_) column.resize(count);
+  rows_.resize(count, Row{std::max(kDefaultRowHeight, minimum_row_height_)});
+  clampPositions();
   announce(Aspect::structure);
 }
 
 void Grid::setColumns(int columns) {
-  if (columns == this->columns()) return;
-  resizeCells(row_lines_.size(), checkedCount(columns));
+  const std::size_t count = checkedCount(columns);
+  if (count == columns_.size()) return;
+  GridColumn added;
+  added.width = kDefaultColumnWidth;
+  added.resize(rows_.size());
+  columns_.resize(count, added);
+  clampPositions();
   announce(Aspect::structure);
 }
 
-void Grid::resizeCells(std::size_t rows, std::size_t columns) {
-  const std::size_t old_rows = row_lines_.size();
-  column_lines_.resize(columns, Line{kDefaultColumnWidth});
-  row_lines_.resize(rows, Line{std::max(kDefaultRowHeight, minimum_row_height_)});
-  if (rows == old_rows) {
-    texts_.resize(rows * columns);
-    styles_.resize(rows * columns, static_cast<std::uint8_t>(CellAlignment::leftCenter));
-  } else {
-    std::vector<std::string> texts(rows * columns);
-    std::vector<std::uint8_t> styles(rows * columns);
-    for (std::size_t column = 0; column < columns; ++column) {
-      for (std::size_t row = 0; row < rows; ++row) {
-        const std::size_t old_cell = column * old_rows + row;
-        const bool kept = row < old_rows && old_cell < texts_.size();
-        const std::size_t cell = column * rows + row;
-        styles[cell] =
-            kept ? styles_[old_cell] : static_cast<std::uint8_t>(column_lines_[column].alignment);
-        if (kept) texts[cell] = std::move(texts_[old_cell]);
-      }
-    }
-    texts_ = std::move(texts);
-    styles_ = std::move(styles);
-  }
-  clampCurrent();
+void Grid::clampPositions() {
+  const int last_row = std::max(0, rows() - 1);
+  const int last_column = std::max(0, columns() - 1);
+  top_row_ = std::min(top_row_, last_row);
+  left_column_ = std::min(left_column_, last_column);
+  assign(row_, std::min(row_, last_row), Aspect::current);
+  assign(column_, std::min(column_, last_column), Aspect::current);
 }
 
-void Grid::clampCurrent() {
-  const auto clamp = [](int number, int count) {
-    return std::clamp(number, 0, std::max(0, count - 1));
-  };
-  const std::pair current(row_, column_);
-  row_ = clamp(row_, rows());
-  column_ = clamp(column_, columns());
-  top_row_ = clamp(top_row_, rows());
-  left_column_ = clamp(left_column_, columns());
-  if (current != std::pair(row_, column_)) changed(Aspect::current);
+std::string_view Grid::text(int row, int column) const {
+  return columns_[columnAt(column)].text(rowAt(row));
 }
-
-std::size_t Grid::cellAt(int row, int column) const {
-  static_cast<void>(rowLine(row));
-  static_cast<void>(columnLine(column));
-  return static_cast<std::size_t>(column) * row_lines_.size() + static_cast<std::size_t>(row);
-}
-
-Grid::Line& Grid::rowLine(int row) { return lineAt(row_lines_, row); }
-const Grid::Line& Grid::rowLine(int row) const { return lineAt(row_lines_, row); }
-Grid::Line& Grid::columnLine(int column) { return lineAt(column_lines_, column); }
-const Grid::Line& Grid::columnLine(int column) const { return lineAt(column_lines_, column); }
-
-const std::string& Grid::text(int row, int column) const { return texts_[cellAt(row, column)]; }
 
 void Grid::setText(int row, int column, std::string_view text) {
-  std::string& cell = texts_[cellAt(row, column)];
-  if (cell == text) return;
-  cell.assign(text);
-  announce(Aspect::cells);
+  if (columns_[columnAt(column)].setText(rowAt(row), text)) announce(Aspect::cells);
 }
 
 CellAlignment Grid::alignment(int row, int column) const {
-  return static_cast<CellAlignment>(styles_[cellAt(row, column)] & ~kBoldBit);
+  return columns_[columnAt(column)].alignment(rowAt(row));
 }
 
 void Grid::setAlignment(int row, int column, CellAlignment alignment) {
-  std::uint8_t& style = styles_[cellAt(row, column)];
-  style = static_cast<std::uint8_t>((style & kBoldBit) | static_cast<std::uint8_t>(alignment));
-  announce(Aspect::cells);
+  if (columns_[columnAt(column)].setAlignment(rowAt(row), alignment)) announce(Aspect::cells);
 }
 
 void Grid::setColumnAlignment(int column, CellAlignment alignment) {
-  columnLine(column).alignment = alignment;
-  for (int row = 0; row < rows(); ++row) setAlignment(row, column, alignment);
+  if (columns_[columnAt(column)].setAlignment(alignment)) announce(Aspect::cells);
 }
 
-bool Grid::bold(int row, int column) const {
-  return (styles_[cellAt(row, column)] & kBoldBit) != 0;
-}
+bool Grid::bold(int row, int column) const { return columns_[columnAt(column)].bold(rowAt(row)); }
 
 void Grid::setBold(int row, int column, bool bold) {
-  std::uint8_t& style = styles_[cellAt(row, column)];
-  style = static_cast<std::uint8_t>(bold ? style | kBoldBit : style & ~kBoldBit);
-  announce(Aspect::cells);
+  if (columns_[columnAt(column)].setBold(rowAt(row), bold)) announce(Aspect::cells);
 }
 
 void Grid::setRow(int row) {
-  static_cast<void>(rowLine(row));
+  static_cast<void>(rowAt(row));
   assign(row_, row, Aspect::current);
 }
 
 void Grid::setColumn(int column) {
-  static_cast<void>(columnLine(column));
+  static_cast<void>(columnAt(column));
   assign(column_, column, Aspect::current);
 }
 
-int Grid::columnWidth(int column) const { return columnLine(column).size; }
-int Grid::rowHeight(int row) const { return rowLine(row).size; }
+int Grid::columnWidth(int column) const { return columns_[columnAt(column)].width; }
+int Grid::rowHeight(int row) const { return rows_[rowAt(row)].height; }
 
 void Grid::setColumnWidth(int column, int width) {
   if (width < 0) throw RuntimeError::invalidCall();
-  if (std::exchange(columnLine(column).size, width) != width) announce(Aspect::structure);
+  if (std::exchange(columns_[columnAt(column)].width, width) != width) announce(Aspect::structure);
 }
 
 void Grid::setRowHeight(int row, int height) {
   if (height < 0) throw RuntimeError::invalidCall();
-  const int effective = height == 0 ? 0 : std::max(height, minimum_row_height_);
-  if (std::exchange(rowLine(row).size, effective) != effective) announce(Aspect::structure);
+  const int shown = height == 0 ? 0 : std::max(height, minimum_row_height_);
+  if (std::exchange(rows_[rowAt(row)].height, shown) != shown) announce(Aspect::structure);
 }
 
 void Grid::setMinimumRowHeight(int height) {
@@ -167,18 +130,20 @@ void Grid::setMinimumRowHeight(int height) {
   for (int row = 0; row < rows(); ++row) setRowHeight(row, rowHeight(row));
 }
 
-std::int32_t Grid::rowData(int row) const { return rowLine(row).data; }
-std::int32_t Grid::columnData(int column) const { return columnLine(column).data; }
-void Grid::setRowData(int row, std::int32_t value) { rowLine(row).data = value; }
-void Grid::setColumnData(int column, std::int32_t value) { columnLine(column).data = value; }
+std::int32_t Grid::rowData(int row) const { return rows_[rowAt(row)].data; }
+std::int32_t Grid::columnData(int column) const { return columns_[columnAt(column)].data; }
+void Grid::setRowData(int row, std::int32_t value) { rows_[rowAt(row)].data = value; }
+void Grid::setColumnData(int column, std::int32_t value) {
+  columns_[columnAt(column)].data = value;
+}
 
 void Grid::setTopRow(int row) {
-  static_cast<void>(rowLine(row));
+  static_cast<void>(rowAt(row));
   if (std::exchange(top_row_, row) != row) announce(Aspect::scroll);
 }
 
 void Grid::setLeftColumn(int column) {
-  static_cast<void>(columnLine(column));
+  static_cast<void>(columnAt(column));
   if (std::exchange(left_column_, column) != column) announce(Aspect::scroll);
 }
 
@@ -214,7 +179,8 @@ GridPicture Grid::Picture() const {
   picture.cells.reserve(picture.rows.size() * picture.columns.size());
   for (const int row : picture.rows) {
     for (const int column : picture.columns) {
-      picture.cells.push_back({text(row, column), alignment(row, column), bold(row, column)});
+      picture.cells.push_back(
+          {std::string(text(row, column)), alignment(row, column), bold(row, column)});
     }
   }
   return picture;

@@ -5,14 +5,15 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/grid_column.h"
 #include "controls/grid_picture.h"
 #include "controls/input_control.h"
 
 namespace depcalc {
 
 /// Rows and columns count from 0; a number outside the grid is error 9. Sizes are in twips.
-/// Growing or shrinking keeps the cells that remain. Large grids are cheap: a cell costs a text
-/// and a byte.
+/// Growing or shrinking keeps the cells that remain. Large grids are cheap: a cell costs its
+/// characters and five bytes.
 class Grid : public InputControl {
  public:
   static constexpr int kDefaultColumnWidth = 960;
@@ -20,13 +21,14 @@ class Grid : public InputControl {
 
   Grid(UserControl& parent, std::string name, int rows = 2, int columns = 2);
 
-  [[nodiscard]] int rows() const { return static_cast<int>(row_lines_.size()); }
-  [[nodiscard]] int columns() const { return static_cast<int>(column_lines_.size()); }
+  [[nodiscard]] int rows() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] int columns() const { return static_cast<int>(columns_.size()); }
   /// A negative count is error 5. The current cell moves to the last one that remains.
   void setRows(int rows);
   void setColumns(int columns);
 
-  [[nodiscard]] const std::string& text(int row, int column) const;
+  /// Valid until the grid changes.
+  [[nodiscard]] std::string_view text(int row, int column) const;
   void setText(int row, int column, std::string_view text);
 
   [[nodiscard]] CellAlignment alignment(int row, int column) const;
@@ -77,28 +79,19 @@ class Grid : public InputControl {
  private:
   friend class User;
 
-  struct Line {
-    int size;
+  struct Row {
+    int height;
     std::int32_t data = 0;
-    CellAlignment alignment = CellAlignment::leftCenter;  // columns only
   };
-  static constexpr std::uint8_t kBoldBit = 0x80;
 
   void click() override { raise("Click", onClick); }
-  [[nodiscard]] Line& rowLine(int row);
-  [[nodiscard]] const Line& rowLine(int row) const;
-  [[nodiscard]] Line& columnLine(int column);
-  [[nodiscard]] const Line& columnLine(int column) const;
-  [[nodiscard]] std::size_t cellAt(int row, int column) const;
-  void resizeCells(std::size_t rows, std::size_t columns);
-  void clampCurrent();
+  [[nodiscard]] std::size_t rowAt(int row) const;
+  [[nodiscard]] std::size_t columnAt(int column) const;
+  void clampPositions();
   void announce(Aspect aspect);
 
-  // Column after column, so that columns come and go at the end.
-  std::vector<std::string> texts_;
-  std::vector<std::uint8_t> styles_;  // alignment, and bold in the top bit
-  std::vector<Line> row_lines_;
-  std::vector<Line> column_lines_;
+  std::vector<Row> rows_;
+  std::vector<GridColumn> columns_;
   int minimum_row_height_ = 0;
   int row_ = 0;
   int column_ = 0;
