@@ -11,15 +11,13 @@ class DecliningBalance {
 
   /// `share` of the current asset year's amount, to the cent.
   [[nodiscard]] Currency amount(double share) const {
-    return Currency::fromDouble(roundTo2HalfEven(book_.toDouble() * rate_ * share));
+    return Currency::fromDoubleTo2HalfEven(book_.toDouble() * rate_ * share);
   }
 
   /// Ends the current asset year: its whole amount, not rounded to cents, leaves the book.
   void endAssetYear() { book_ -= Currency::fromDouble(book_.toDouble() * rate_); }
 
-  [[nodiscard]] bool goesBelowSalvage(Currency amount) const {
-    return fullyDepreciated(input_.basis, input_.salvage, amount.toDouble(), total_.toDouble());
-  }
+  [[nodiscard]] bool goesBelowSalvage(Currency amount) const { return leftToTake() < amount; }
   void take(Currency amount) { total_ += amount; }
 
   /// What may still be taken down to salvage.

@@ -3,15 +3,14 @@
 namespace depcalc {
 
 Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end) {
-  const Date end =
-      Date::carrying(placed_in_service.year(), fiscal_year_end.month(), fiscal_year_end.day());
-  const bool ended_before = end < placed_in_service && yearsBetween(end, placed_in_service) < 1;
-  return ended_before ? end.plusYears(1) : end;
+  const auto year_end = fiscal_year_end.parts();
+  const Date end = Date::carrying(placed_in_service.year(), year_end.month, year_end.day);
+  return end < placed_in_service ? end.plusYears(1) : end;
 }
 
 Date firstFiscalYearStart(Date first_fiscal_year_end) {
-  return Date::carrying(first_fiscal_year_end.year() - 1, first_fiscal_year_end.month(),
-                        first_fiscal_year_end.day() + 1);
+  const auto [year, month, day] = first_fiscal_year_end.parts();
+  return Date::carrying(year - 1, month, day + 1);
 }
 
 }  // namespace depcalc

@@ -8,16 +8,17 @@
 namespace depcalc {
 namespace {
 
-Date firstOfMonth(Date date) { return Date::carrying(date.year(), date.month(), 1); }
+Date firstOfMonth(Date::Parts date) { return Date::carrying(date.year, date.month, 1); }
 
-Date firstOfNextMonth(Date date) { return Date::carrying(date.year(), date.month() + 1, 1); }
+Date firstOfNextMonth(Date::Parts date) { return Date::carrying(date.year, date.month + 1, 1); }
 
 double wholeMonths(Date from, Date to) { return nearestEven(daysBetween(from, to) / 30.0); }
 
 /// Whether the fiscal year that ends on `year_end` contains a 29 February.
 bool containsLeapDay(Date year_end) {
-  const bool ends_by_february_28 = Date::strict(year_end.year(), 2, 28) >= year_end;
-  return Date::exists(year_end.year() - (ends_by_february_28 ? 1 : 0), 2, 29);
+  const int year = year_end.year();
+  const bool ends_by_february_28 = Date::strict(year, 2, 28) >= year_end;
+  return Date::exists(ends_by_february_28 ? year - 1 : year, 2, 29);
 }
 
 double unlimitedFraction(std::int32_t convention, Date start, Date year_end) {
@@ -46,10 +47,11 @@ Date depreciationStart(std::int32_t convention, Date placed_in_service, Date fir
     case cdepHalfYear:
       return first_year_start.plusMonths(monthsBetween(first_year_start, first_year_end) / 2.0);
     case cdepFullMonth:
-      return firstOfMonth(placed_in_service);
-    case cdepHalfMonth:
-      return placed_in_service.day() < 16 ? firstOfMonth(placed_in_service)
-                                          : firstOfNextMonth(placed_in_service);
+      return firstOfMonth(placed_in_service.parts());
+    case cdepHalfMonth: {
+      const auto date = placed_in_service.parts();
+      return date.day < 16 ? firstOfMonth(date) : firstOfNextMonth(date);
+    }
     default:
       return placed_in_service;
   }

@@ -17,6 +17,15 @@ std::uint64_t magnitude(std::int64_t ticks) {
 
 }  // namespace
 
+Currency Currency::fromLargeTicks(double ticks) {
+  const double whole = std::nearbyint(ticks);
+  // 2^63 is the first double out of range above; -2^63 is itself in range.
+  if (!(whole >= -9223372036854775808.0 && whole < 9223372036854775808.0)) {
+    throw RuntimeError::overflow();
+  }
+  return Currency(static_cast<std::int64_t>(whole));
+}
+
 Currency Currency::fromText(std::string_view text, const Locale& locale) {
   if (const auto plain = plainDecimal(text, locale); plain && plain->decimals <= 4) {
     std::int64_t ticks = 0;

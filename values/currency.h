@@ -1,6 +1,7 @@
 // Money.
 #pragma once
 
+#include <cmath>
 #include <compare>
 #include <cstdint>
 #include <string>
@@ -25,12 +26,17 @@ class Currency {
 
   /// The nearest ten-thousandth, halves to even. Not a number or out of range: error 6.
   static Currency fromDouble(double value) {
-    const double ticks = nearestEven(value * 10'000.0);
-    // 2^63 is the first double out of range above; -2^63 is itself in range.
-    if (!(ticks >= -9223372036854775808.0 && ticks < 9223372036854775808.0)) {
-      throw RuntimeError::overflow();
-    }
-    return Currency(static_cast<std::int64_t>(ticks));
+    const double ticks = value * 10'000.0;
+    if (std::fabs(ticks) < small_magnitude) return Currency(nearestEvenSmall(ticks));
+    return fromLargeTicks(ticks);
+  }
+
+  /// The value rounded to cents first (roundTo2HalfEven), then as above. For all but enormous
+  /// amounts the cents are whole in the end too, and a division is saved.
+  static Currency fromDoubleTo2HalfEven(double value) {
+    const double cents = value * 100.0;
+    if (std::fabs(cents) < 1e13) return Currency(nearestEvenSmall(cents) * 100);
+    return fromDouble(nearestEven(cents) / 100.0);
   }
 
   /// The decimal text read exactly, halves to even at the fourth decimal; never through a
@@ -66,6 +72,8 @@ class Currency {
 
  private:
   explicit constexpr Currency(std::int64_t ticks) : ticks_(ticks) {}
+
+  static Currency fromLargeTicks(double ticks);
 
   std::int64_t ticks_ = 0;
 };

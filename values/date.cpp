@@ -30,9 +30,9 @@ int withCentury(int two_digits) {
   return two_digits + (two_digits < 30 ? 2000 : 1900);
 }
 
-void appendPadded(std::string& text, int value, int width) {
-  const std::string digits = std::to_string(value);
-  text.append(static_cast<std::size_t>(width) - digits.size(), '0').append(digits);
+std::string padded(int value, std::size_t width) {
+  std::string digits = std::to_string(value);
+  return std::string(width - digits.size(), '0') + digits;
 }
 
 }  // namespace
@@ -65,9 +65,11 @@ bool Date::exists(int year, int month, int day) {
          day <= 31 && calendarDate(full_year, month, day).ok();
 }
 
-int Date::year() const { return static_cast<int>(calendar(*this).year()); }
-int Date::month() const { return static_cast<int>(static_cast<unsigned>(calendar(*this).month())); }
-int Date::day() const { return static_cast<int>(static_cast<unsigned>(calendar(*this).day())); }
+Date::Parts Date::parts() const {
+  const auto date = calendar(*this);
+  return {static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
+          static_cast<int>(static_cast<unsigned>(date.day()))};
+}
 
 Date Date::plusDays(std::int64_t days) const {
   // A count this large leaves the calendar whatever the start; the sum must not overflow first.
@@ -93,25 +95,13 @@ Date Date::plusMonths(double months) const {
 Date Date::plusYears(double years) const { return plusMonths(nearestEven(years) * 12.0); }
 
 std::string Date::toText() const {
-  const auto date = calendar(*this);
-  std::string text;
-  appendPadded(text, static_cast<int>(static_cast<unsigned>(date.month())), 2);
-  text += '/';
-  appendPadded(text, static_cast<int>(static_cast<unsigned>(date.day())), 2);
-  text += '/';
-  appendPadded(text, static_cast<int>(date.year()), 4);
-  return text;
+  const auto [year, month, day] = parts();
+  return padded(month, 2) + '/' + padded(day, 2) + '/' + padded(year, 4);
 }
 
 std::string Date::toIsoText() const {
-  const auto date = calendar(*this);
-  std::string text;
-  appendPadded(text, static_cast<int>(date.year()), 4);
-  text += '-';
-  appendPadded(text, static_cast<int>(static_cast<unsigned>(date.month())), 2);
-  text += '-';
-  appendPadded(text, static_cast<int>(static_cast<unsigned>(date.day())), 2);
-  return text;
+  const auto [year, month, day] = parts();
+  return padded(year, 4) + '-' + padded(month, 2) + '-' + padded(day, 2);
 }
 
 std::string Date::monthName(const Locale& locale) const {
@@ -121,7 +111,9 @@ std::string Date::monthName(const Locale& locale) const {
 int yearsBetween(Date from, Date to) { return to.year() - from.year(); }
 
 int monthsBetween(Date from, Date to) {
-  return (to.year() - from.year()) * 12 + to.month() - from.month();
+  const auto first = from.parts();
+  const auto second = to.parts();
+  return (second.year - first.year) * 12 + second.month - first.month;
 }
 
 }  // namespace depcalc

@@ -45,9 +45,15 @@ class Date {
 
   [[nodiscard]] constexpr std::int32_t dayNumber() const { return days_; }
   [[nodiscard]] constexpr bool isNone() const { return days_ == 0; }
-  [[nodiscard]] int year() const;
-  [[nodiscard]] int month() const;  ///< 1 to 12
-  [[nodiscard]] int day() const;    ///< 1 to 31
+  struct Parts {
+    int year;
+    int month;  ///< 1 to 12
+    int day;    ///< 1 to 31
+  };
+  [[nodiscard]] Parts parts() const;
+  [[nodiscard]] int year() const { return parts().year; }
+  [[nodiscard]] int month() const { return parts().month; }
+  [[nodiscard]] int day() const { return parts().day; }
 
   [[nodiscard]] Date plusDays(std::int64_t days) const;
   /// Clamped to the month's end: 31 January plus a month is 28 or 29 February. A fractional

@@ -2,6 +2,7 @@
 // cents stands here once; halves always go to the even neighbour ("banker's rounding").
 #pragma once
 
+#include <bit>
 #include <cfloat>
 #include <cmath>
 #include <cstdint>
@@ -12,13 +13,22 @@ namespace depcalc {
 
 static_assert(FLT_EVAL_METHOD == 0, "money needs plain IEEE doubles, without excess precision");
 
+/// Below this magnitude `nearestEvenSmall` holds: 2^51.
+inline constexpr double small_magnitude = 2251799813685248.0;
+
+/// The nearest whole number of an `x` below `small_magnitude`, halves to even. Adding 1.5 × 2^52
+/// leaves no room for a fraction in the sum, and the sum's bits count in whole numbers; so no
+/// library call and no conversion is needed.
+inline std::int64_t nearestEvenSmall(double x) {
+  constexpr double shift = 6755399441055744.0;
+  return std::bit_cast<std::int64_t>(x + shift) - std::bit_cast<std::int64_t>(shift);
+}
+
 /// The nearest whole number, halves to even; what std::nearbyint gives in the default rounding
-/// mode, without a library call. Adding and taking away 2^52 leaves no room for a fraction.
+/// mode.
 inline double nearestEven(double x) {
-  constexpr double no_fraction = 4503599627370496.0;
-  if (!(std::fabs(x) < no_fraction)) return x;
-  const double shift = std::copysign(no_fraction, x);
-  return (x + shift) - shift;
+  if (std::fabs(x) < small_magnitude) return static_cast<double>(nearestEvenSmall(x));
+  return std::nearbyint(x);
 }
 
 /// `x` rounded to two decimal places, halves to even.

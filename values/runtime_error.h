@@ -18,15 +18,13 @@ class RuntimeError : public std::exception {
   [[nodiscard]] const std::string& description() const noexcept { return description_; }
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
-  static RuntimeError invalidCall() { return {5, "Invalid procedure call or argument"}; }
-  static RuntimeError overflow() { return {6, "Overflow"}; }
-  static RuntimeError outOfMemory() { return {7, "Out of memory"}; }
-  static RuntimeError subscriptOutOfRange() { return {9, "Subscript out of range"}; }
-  static RuntimeError divisionByZero() { return {11, "Division by zero"}; }
-  static RuntimeError typeMismatch() { return {13, "Type mismatch"}; }
-  static RuntimeError objectNotSet() {
-    return {91, "Object variable or With block variable not set"};
-  }
+  static RuntimeError invalidCall();          ///< 5
+  static RuntimeError overflow();             ///< 6
+  static RuntimeError outOfMemory();          ///< 7
+  static RuntimeError subscriptOutOfRange();  ///< 9
+  static RuntimeError divisionByZero();       ///< 11
+  static RuntimeError typeMismatch();         ///< 13
+  static RuntimeError objectNotSet();         ///< 91
 
  private:
   int number_;

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "common/report_error.h"
+
+namespace depcalc {
+
+/// Collects the error reports made while it lives.
+class Reports {
+ public:
+  [[nodiscard]] const std::vector<std::string>& all() const { return reports_; }
+  [[nodiscard]] std::string last() const { return reports_.empty() ? "" : reports_.back(); }
+
+ private:
+  std::vector<std::string> reports_;
+  ErrorReportHook hook_{[this](std::string_view report) { reports_.emplace_back(report); }};
+};
+
+}  // namespace depcalc
