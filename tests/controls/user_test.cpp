@@ -165,7 +165,10 @@ TEST_F(FocusMoves, GoOnAfterARefusal) {
 }
 
 TEST_F(FocusMoves, WaitUntilAValidationIsOver) {
-  screen.box.onValidate = [&](bool&) { screen.digits.SetFocus(); };
+  screen.box.onValidate = [&](bool&) {
+    screen.digits.SetFocus();
+    EXPECT_TRUE(screen.box.hasFocus());
+  };
   user.tab();
   EXPECT_TRUE(screen.list.hasFocus());
   EXPECT_THAT(trace.take(), ElementsAre("Box.Validate"));
