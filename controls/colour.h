@@ -10,8 +10,8 @@ namespace depcalc {
 /// a system colour; the palette-relative flag asks for the nearest colour of the host's palette.
 class Colour {
  public:
-  static constexpr std::uint32_t kSystemFlag = 0x80000000;
-  static constexpr std::uint32_t kPaletteFlag = 0x02000000;
+  static constexpr std::uint32_t system_flag = 0x80000000;
+  static constexpr std::uint32_t palette_flag = 0x02000000;
 
   constexpr Colour() = default;  ///< black
   explicit constexpr Colour(std::uint32_t value) : value_(value) {}
@@ -22,13 +22,13 @@ class Colour {
 
   /// With the palette-relative flag; a system colour stays as it is.
   [[nodiscard]] constexpr Colour paletteRelative() const {
-    return isSystem() ? *this : Colour(value_ | kPaletteFlag);
+    return isSystem() ? *this : Colour(value_ | palette_flag);
   }
 
   [[nodiscard]] constexpr std::uint32_t value() const { return value_; }
-  [[nodiscard]] constexpr bool isSystem() const { return (value_ & kSystemFlag) != 0; }
+  [[nodiscard]] constexpr bool isSystem() const { return (value_ & system_flag) != 0; }
   [[nodiscard]] constexpr bool isPaletteRelative() const {
-    return !isSystem() && (value_ & kPaletteFlag) != 0;
+    return !isSystem() && (value_ & palette_flag) != 0;
   }
   [[nodiscard]] constexpr std::uint8_t red() const { return static_cast<std::uint8_t>(value_); }
   [[nodiscard]] constexpr std::uint8_t green() const {
@@ -45,8 +45,8 @@ class Colour {
 };
 
 /// The system's window background and window text.
-inline constexpr Colour kWindowBackground{0x80000005};
-inline constexpr Colour kWindowText{0x80000008};
+inline constexpr Colour window_background{0x80000005};
+inline constexpr Colour window_text{0x80000008};
 
 /// A picture of which only the colours matter: those that a host wants its page limited to.
 struct Palette {

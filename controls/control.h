@@ -128,8 +128,8 @@ class Control {
   bool visible_ = true;
   Place place_;
   int stacking_ = 0;
-  Colour fore_colour_ = kWindowText;
-  Colour back_colour_ = kWindowBackground;
+  Colour fore_colour_ = window_text;
+  Colour back_colour_ = window_background;
   char mnemonic_ = 0;
   std::shared_ptr<Observation::Listeners> listeners_ = std::make_shared<Observation::Listeners>();
 };

@@ -7,12 +7,12 @@
 namespace depcalc {
 
 void DropDownList::setIndex(int index) {
-  if (index < kNone || index >= count()) throw RuntimeError::invalidCall();
+  if (index < none || index >= count()) throw RuntimeError::invalidCall();
   if (assign(index_, index, Aspect::choice)) raise("Change", onChange);
 }
 
 std::string DropDownList::text() const {
-  return index_ == kNone ? std::string() : items_[static_cast<std::size_t>(index_)];
+  return index_ == none ? std::string() : items_[static_cast<std::size_t>(index_)];
 }
 
 void DropDownList::setText(std::string_view text) {

@@ -10,7 +10,7 @@ namespace depcalc {
 
 class DropDownList : public WithFont<InputControl> {
  public:
-  static constexpr int kNone = -1;
+  static constexpr int none = -1;
 
   DropDownList(UserControl& parent, std::string name, std::vector<std::string> items)
       : WithFont(parent, ControlKind::dropDownList, std::move(name)), items_(std::move(items)) {}
@@ -18,7 +18,7 @@ class DropDownList : public WithFont<InputControl> {
   [[nodiscard]] const std::vector<std::string>& items() const { return items_; }
   [[nodiscard]] int count() const { return static_cast<int>(items_.size()); }
 
-  /// The chosen item, counted from 0, or kNone. No such item: error 5.
+  /// The chosen item, counted from 0, or none. No such item: error 5.
   [[nodiscard]] int index() const { return index_; }
   void setIndex(int index);
 
@@ -31,7 +31,7 @@ class DropDownList : public WithFont<InputControl> {
 
  private:
   std::vector<std::string> items_;
-  int index_ = kNone;
+  int index_ = none;
 };
 
 }  // namespace depcalc

@@ -10,7 +10,7 @@
 namespace depcalc {
 namespace {
 
-constexpr std::array kDrawnAspects = {Aspect::structure, Aspect::cells, Aspect::scroll};
+constexpr std::array drawn_aspects = {Aspect::structure, Aspect::cells, Aspect::scroll};
 
 constexpr unsigned bit(Aspect aspect) { return 1U << static_cast<unsigned>(aspect); }
 
@@ -49,7 +49,7 @@ void Grid::setRows(int rows) {
   const std::size_t count = checkedCount(rows);
   if (count == rows_.size()) return;
   for (GridColumn& column : columns_) column.resize(count);
-  rows_.resize(count, Row{std::max(kDefaultRowHeight, minimum_row_height_)});
+  rows_.resize(count, Row{std::max(default_row_height, minimum_row_height_)});
   clampPositions();
   announce(Aspect::structure);
 }
@@ -58,7 +58,7 @@ void Grid::setColumns(int columns) {
   const std::size_t count = checkedCount(columns);
   if (count == columns_.size()) return;
   GridColumn added;
-  added.width = kDefaultColumnWidth;
+  added.width = default_column_width;
   added.resize(rows_.size());
   columns_.resize(count, added);
   clampPositions();
@@ -151,7 +151,7 @@ void Grid::setRedraw(bool on) {
   redraw_ = on;
   if (!on) return;
   const unsigned missed = std::exchange(unannounced_, 0U);
-  for (const Aspect aspect : kDrawnAspects) {
+  for (const Aspect aspect : drawn_aspects) {
     if ((missed & bit(aspect)) != 0) changed(aspect);
   }
 }

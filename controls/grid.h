@@ -16,8 +16,8 @@ namespace depcalc {
 /// characters and five bytes.
 class Grid : public InputControl {
  public:
-  static constexpr int kDefaultColumnWidth = 960;
-  static constexpr int kDefaultRowHeight = 240;
+  static constexpr int default_column_width = 960;
+  static constexpr int default_row_height = 240;
 
   Grid(UserControl& parent, std::string name, int rows = 2, int columns = 2);
 

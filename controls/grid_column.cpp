@@ -9,10 +9,10 @@
 namespace depcalc {
 namespace {
 
-constexpr std::uint8_t kBoldBit = 0x80;
+constexpr std::uint8_t bold_bit = 0x80;
 
 constexpr std::uint8_t styled(CellAlignment alignment, bool bold) {
-  return static_cast<std::uint8_t>(static_cast<std::uint8_t>(alignment) | (bold ? kBoldBit : 0));
+  return static_cast<std::uint8_t>(static_cast<std::uint8_t>(alignment) | (bold ? bold_bit : 0));
 }
 
 }  // namespace
@@ -39,10 +39,10 @@ bool GridColumn::setText(std::size_t row, std::string_view text) {
 }
 
 CellAlignment GridColumn::alignment(std::size_t row) const {
-  return static_cast<CellAlignment>(styles_[row] & ~kBoldBit);
+  return static_cast<CellAlignment>(styles_[row] & ~bold_bit);
 }
 
-bool GridColumn::bold(std::size_t row) const { return (styles_[row] & kBoldBit) != 0; }
+bool GridColumn::bold(std::size_t row) const { return (styles_[row] & bold_bit) != 0; }
 
 bool GridColumn::setAlignment(std::size_t row, CellAlignment alignment) {
   const std::uint8_t style = styled(alignment, bold(row));

@@ -8,7 +8,7 @@
 namespace depcalc {
 namespace {
 
-constexpr int kTwipsPerPoint = 20;
+constexpr int twips_per_point = 20;
 
 // Lines that a paragraph takes when each holds at most `room` characters; longer words are cut.
 int wrappedLines(std::string_view paragraph, int room) {
@@ -71,8 +71,8 @@ bool canAnswer(BoxButtons buttons, BoxAnswer answer) {
 }
 
 TextExtent plainTextExtent(std::string_view text, const Font& font, int wrap_width) {
-  const int character = std::max(1, static_cast<int>(std::lround(font.size * kTwipsPerPoint / 2)));
-  const int line = static_cast<int>(std::lround(font.size * kTwipsPerPoint * 1.25));
+  const int character = std::max(1, static_cast<int>(std::lround(font.size * twips_per_point / 2)));
+  const int line = static_cast<int>(std::lround(font.size * twips_per_point * 1.25));
   const int room = std::max(1, wrap_width / character);
   TextExtent extent;
   for (bool more = true; more;) {

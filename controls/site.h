@@ -21,12 +21,12 @@ std::string_view boxAnswerText(BoxAnswer answer);
 bool canAnswer(BoxButtons buttons, BoxAnswer answer);
 
 /// What a box without a title of its own is called.
-inline constexpr const char* kDefaultBoxTitle = "DepCalc10";
+inline constexpr const char* default_box_title = "DepCalc10";
 
 struct MessageBox {
   std::string text;
   BoxButtons buttons = BoxButtons::ok;
-  std::string title = kDefaultBoxTitle;
+  std::string title = default_box_title;
 
   friend bool operator==(const MessageBox&, const MessageBox&) = default;
 };

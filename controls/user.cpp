@@ -69,7 +69,7 @@ UserControl* frontmostShown(const std::vector<UserControl*>& roots) {
 void User::typeKey(char32_t key) {
   auto* const box = dynamic_cast<TextBox*>(stage_.focused());
   if (box == nullptr || !keyPress(*box, key)) return;
-  if (key == kBackspace) {
+  if (key == backspace) {
     edit(*box, withoutLast(box->text()));
   } else if (key >= 32) {
     edit(*box, box->text() + encoded(key));

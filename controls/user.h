@@ -17,7 +17,7 @@ enum class Direction { left, right, up, down };
 /// cannot be acted on: such an action does nothing.
 class User {
  public:
-  static constexpr char32_t kBackspace = 8;
+  static constexpr char32_t backspace = 8;
 
   explicit User(Stage& stage) : stage_(stage) {}
 

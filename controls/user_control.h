@@ -45,7 +45,7 @@ class UserControl : public Control {
 
   /// Shows a modal message box and returns the answer. A box validates nothing.
   BoxAnswer messageBox(std::string text, BoxButtons buttons = BoxButtons::ok,
-                       std::string title = kDefaultBoxTitle) const;
+                       std::string title = default_box_title) const;
   [[nodiscard]] Site& site() const;
 
   // The life-cycle events.

@@ -175,12 +175,12 @@ TEST_F(Properties, AreForgottenByAnObservationThatOutlivesTheControl) {
 }
 
 TEST_F(Properties, RaiseChangeWhenAnotherItemIsChosen) {
-  EXPECT_EQ(screen.list.index(), DropDownList::kNone);
+  EXPECT_EQ(screen.list.index(), DropDownList::none);
   EXPECT_EQ(screen.list.text(), "");
   screen.list.setText("Half Year");
   screen.list.setIndex(1);
   EXPECT_EQ(screen.list.text(), "Half Year");
-  screen.list.setIndex(DropDownList::kNone);
+  screen.list.setIndex(DropDownList::none);
   EXPECT_THAT(trace.take(), ElementsAre("List.Change", "List.Change"));
 }
 
@@ -251,7 +251,7 @@ TEST(Colours, KeepSystemColoursAndFlagTheOthers) {
   const Colour tan = Colour::rgb(225, 197, 168).paletteRelative().paletteRelative();
   EXPECT_EQ(tan.value(), 0x02A8C5E1U);
   EXPECT_TRUE(tan.isPaletteRelative());
-  EXPECT_FALSE(kWindowText.isPaletteRelative());
+  EXPECT_FALSE(window_text.isPaletteRelative());
   EXPECT_EQ(tan.red(), 225);
   EXPECT_EQ(tan.green(), 197);
   EXPECT_EQ(tan.blue(), 168);

@@ -117,7 +117,7 @@ TEST_F(GridTest, RaisesRowsToTheMinimumButLetsThemVanish) {
   EXPECT_EQ(grid.rowHeight(2), 900);
   grid.setRows(4);
   EXPECT_EQ(grid.rowHeight(3), 450);
-  EXPECT_EQ(grid.columnWidth(0), Grid::kDefaultColumnWidth);
+  EXPECT_EQ(grid.columnWidth(0), Grid::default_column_width);
 }
 
 TEST_F(GridTest, AlignsColumnsAndSingleCells) {
@@ -223,16 +223,16 @@ TEST_F(GridTest, RaisesClickForCellsReachedByMouseOrKeyboardOnly) {
 }
 
 TEST_F(GridTest, HoldsTheWidestRegister) {
-  constexpr int kColumns = 32767;
-  constexpr int kRows = 73;
+  constexpr int columns = 32767;
+  constexpr int rows = 73;
   grid.setRedraw(false);
-  grid.setColumns(kColumns);
-  grid.setRows(kRows);
-  for (int column = 0; column < kColumns; ++column) {
-    for (int row = 0; row < kRows; row += 2) grid.setText(row, column, "1,234.56");
+  grid.setColumns(columns);
+  grid.setRows(rows);
+  for (int column = 0; column < columns; ++column) {
+    for (int row = 0; row < rows; row += 2) grid.setText(row, column, "1,234.56");
   }
-  EXPECT_EQ(grid.text(72, kColumns - 1), "1,234.56");
-  EXPECT_EQ(grid.text(71, kColumns - 1), "");
+  EXPECT_EQ(grid.text(72, columns - 1), "1,234.56");
+  EXPECT_EQ(grid.text(71, columns - 1), "");
 }
 
 }  // namespace

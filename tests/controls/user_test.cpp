@@ -58,7 +58,7 @@ TEST_F(Typing, GoesKeyByKey) {
   };
   screen.box.onChange = [&] { order.push_back("change " + screen.box.text()); };
   user.type("1\xE2\x82\xAC");
-  user.typeKey(User::kBackspace);
+  user.typeKey(User::backspace);
   EXPECT_THAT(order, ElementsAre("key 49 text ", "change 1", "key 8364 text 1",
                                  "change 1\xE2\x82\xAC", "key 8 text 1\xE2\x82\xAC", "change 1"));
 }
@@ -80,7 +80,7 @@ TEST_F(Typing, LeavesADiscardedKeyOut) {
 TEST_F(Typing, TakesControlKeysWithoutChangingTheText) {
   user.typeKey(13);
   user.typeKey(27);
-  user.typeKey(User::kBackspace);
+  user.typeKey(User::backspace);
   EXPECT_EQ(screen.box.text(), "");
   EXPECT_THAT(trace.take(), ElementsAre("Box.KeyPress", "Box.KeyPress", "Box.KeyPress"));
 }
