@@ -119,6 +119,15 @@ TEST(StraightLineTest, KeepsFourDecimalsOfTheBasisInTheLastYear) {
   EXPECT_EQ(schedule({"10.0001", "0", 2, "0"}, straight_line), "5; 5.0001");
 }
 
+TEST(StraightLineTest, DoesNotRoundTheLastShareToCentsBeforeLookingWhetherItIsNothing) {
+  // A cent over fifty years: 0.0002 of it fall to the year after the last, so the rest does too.
+  CalculateDep record;
+  fill(record, {"100", "99.99", 50, "3", Date::strict(2020, 9, 29), Date::strict(2020, 9, 30)});
+  const auto amounts = record.StraightLine();
+  EXPECT_EQ(amounts[49], Currency());
+  EXPECT_EQ(amounts[50], money("0.01"));
+}
+
 TEST(StraightLineTest, WithAFullFirstYearOfAPartialConventionLeavesTheYearAfterEmpty) {
   // Full Month from the first month of the fiscal year: a share of 1.
   EXPECT_EQ(schedule({"1000", "0", 3, "2"}, straight_line), "333.33; 333.33; 333.34");
@@ -150,6 +159,19 @@ TEST(SumOfYearsDigitsTest, WithAFullFirstYearCarriesWholeAssetYears) {
 
 TEST(SumOfYearsDigitsTest, SplitsAssetYearsOverFiscalYears) {
   EXPECT_EQ(schedule({"15000", "0", 5, "1"}, sum_of_digits), "2500; 4500; 3500; 2500; 1500; 500");
+}
+
+TEST(SumOfYearsDigitsTest, AddsSharesOfFourDecimalsBeforeRoundingToCents) {
+  // 1.15 over 2 years: the shares 0.3833 and 0.1917 make 0.575, halves to even.
+  EXPECT_EQ(schedule({"1.15", "0", 2, "1"}, sum_of_digits), "0.38; 0.57; 0.2");
+  EXPECT_EQ(schedule({"100", "0", 7, "1"}, sum_of_digits),
+            "12.5; 23.21; 19.64; 16.07; 12.5; 8.93; 5.36; 1.79");
+}
+
+TEST(DecliningBalanceTest, TakesWholeAssetYearsOffTheBookUnrounded) {
+  EXPECT_EQ(schedule({"739312.54", "73931.25", 15, "0"}, declining),
+            "98575.01; 85431.67; 74040.78; 64168.68; 55612.85; 48197.81; 41771.43; 36201.91; "
+            "31374.99; 27191.66; 23566.1; 20423.95; 17700.76; 15340.66; 13295.24");
 }
 
 TEST(DecliningBalanceTest, StaysAboveSalvageZeroWithoutToppingUp) {
