@@ -168,6 +168,13 @@ TEST(SumOfYearsDigitsTest, AddsSharesOfFourDecimalsBeforeRoundingToCents) {
             "12.5; 23.21; 19.64; 16.07; 12.5; 8.93; 5.36; 1.79");
 }
 
+TEST(SumOfYearsDigitsTest, RoundsEachShareToFourDecimalsOnly) {
+  EXPECT_EQ(schedule({"47513.81", "4751.38", 22, "1"}, sum_of_digits),
+            "1859.24; 3633.96; 3464.94; 3295.92; 3126.9; 2957.88; 2788.85; 2619.83; 2450.81; "
+            "2281.79; 2112.77; 1943.75; 1774.73; 1605.7; 1436.68; 1267.66; 1098.64; 929.62; "
+            "760.6; 591.58; 422.55; 253.53; 84.5");
+}
+
 TEST(DecliningBalanceTest, TakesWholeAssetYearsOffTheBookUnrounded) {
   EXPECT_EQ(schedule({"739312.54", "73931.25", 15, "0"}, declining),
             "98575.01; 85431.67; 74040.78; 64168.68; 55612.85; 48197.81; 41771.43; 36201.91; "
