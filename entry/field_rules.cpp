@@ -185,7 +185,7 @@ Checked<std::string> productionCapacityRule(FieldInput field, const Locale& loca
   return Accepted<std::string>{formatWhole(numberFromText(field.text, locale), locale)};
 }
 
-KeyAnswer limitedKey(std::string_view text, int character) {
+KeyAnswer limitedKey(std::string_view text, char32_t character) {
   if (characterCount(text) < most_text_characters) return {};
   return {.beep = true, .discard = character >= 32 && character <= 126};
 }

@@ -127,6 +127,6 @@ struct KeyAnswer {
 
 /// In a field that holds 20 characters or more every key beeps, and those from blank to tilde
 /// are discarded. Backspace, control keys and characters above 126 go through.
-KeyAnswer limitedKey(std::string_view text, int character);
+KeyAnswer limitedKey(std::string_view text, char32_t character);
 
 }  // namespace depcalc

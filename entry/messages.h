@@ -67,8 +67,39 @@ inline constexpr std::array field_messages{
     Message{titles::capacity, "The production capacity must be a positive number."},
 };
 
+/// What the form as a whole can ask for.
+enum class FormMessage {
+  start_date_missing,
+  fiscal_year_missing,
+  life_missing,
+  basis_missing,
+  salvage_missing,
+  salvage_above_basis,
+  start_date_missing_to_save,
+};
+
+/// In the order of FormMessage.
+inline constexpr std::array form_messages{
+    Message{titles::start_date, "Please enter the Placed-in-service Date."},
+    Message{titles::fiscal_year, "Please enter the end of your fiscal year."},
+    Message{titles::life, "Please enter the useful life."},
+    Message{titles::basis, "Please enter the basis."},
+    Message{titles::salvage, "Please enter the salvage value."},
+    Message{titles::salvage, "The salvage value of the asset must be less than the basis."},
+    // The small "date" is what users know from saving.
+    Message{titles::start_date, "Please enter the Placed-in-service date."},
+};
+
+/// The question before unsaved changes are left, with Yes, No and Cancel.
+inline constexpr Message save_changes_question{
+    titles::save_changes,
+    "You have not saved your changes to this asset. Would you like to save them now?"};
+
 constexpr const Message& messageOf(FieldMessage message) {
   return field_messages[static_cast<std::size_t>(message)];
+}
+constexpr const Message& messageOf(FormMessage message) {
+  return form_messages[static_cast<std::size_t>(message)];
 }
 
 }  // namespace depcalc

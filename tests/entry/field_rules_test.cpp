@@ -428,13 +428,13 @@ TEST(FreeTexts, HoldTwentyTypedCharacters) {
   const std::string pasted(35, 'x');
   std::string accented;
   for (int i = 0; i < 19; ++i) accented += "\xC3\xA9";
-  for (int key = 0; key < 256; ++key) {
+  for (char32_t key = 0; key < 256; ++key) {
     const bool printable = key >= 32 && key <= 126;
     EXPECT_EQ(limitedKey("", key), KeyAnswer{});
     EXPECT_EQ(limitedKey(nineteen, key), KeyAnswer{});
     EXPECT_EQ(limitedKey(accented, key), KeyAnswer{});
-    EXPECT_EQ(limitedKey(twenty, key), (KeyAnswer{true, printable})) << key;
-    EXPECT_EQ(limitedKey(pasted, key), (KeyAnswer{true, printable})) << key;
+    EXPECT_EQ(limitedKey(twenty, key), (KeyAnswer{true, printable})) << static_cast<int>(key);
+    EXPECT_EQ(limitedKey(pasted, key), (KeyAnswer{true, printable})) << static_cast<int>(key);
   }
   EXPECT_EQ(limitedKey(twenty, 0x20AC), (KeyAnswer{true, false}));
 }
