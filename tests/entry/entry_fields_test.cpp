@@ -53,11 +53,11 @@ TEST_F(EntryFields, FreeTextsTakeTwentyTypedCharacters) {
     user.typeKey(0xE9);
     EXPECT_EQ(field->text(), std::string(20, 'x') + "\xC3\xA9") << "above 126 goes through";
     EXPECT_EQ(site.beeps, 2);
-    user.typeKey(User::kBackspace);
-    user.typeKey(User::kBackspace);
+    user.typeKey(User::backspace);
+    user.typeKey(User::backspace);
     EXPECT_EQ(field->text(), std::string(19, 'x'));
     EXPECT_EQ(site.beeps, 4) << "Backspace beeps as well";
-    user.typeKey(User::kBackspace);
+    user.typeKey(User::backspace);
     EXPECT_EQ(site.beeps, 4);
     user.paste(std::string(35, 'z'));
     EXPECT_EQ(field->text(), std::string(35, 'z')) << "what is pasted is not limited";
@@ -187,9 +187,9 @@ TEST_F(EntryFields, NumbersAreRefusedWhileTyping) {
     EXPECT_THAT(boxes(), ElementsAre(message));
     user.type("1.");
     user.type("5");
-    user.typeKey(User::kBackspace);
-    user.typeKey(User::kBackspace);
-    user.typeKey(User::kBackspace);
+    user.typeKey(User::backspace);
+    user.typeKey(User::backspace);
+    user.typeKey(User::backspace);
     EXPECT_EQ(field->text(), "");
     EXPECT_THAT(boxes(), IsEmpty());
   }
