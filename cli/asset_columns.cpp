@@ -1,0 +1,53 @@
+#include "cli/asset_columns.h"
+
+#include <string>
+
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+constexpr std::array required_columns{AssetColumn::placed_in_service, AssetColumn::life,
+                                      AssetColumn::basis};
+
+std::optional<AssetColumn> columnNamed(std::string_view name, HeaderRules rules) {
+  for (std::size_t i = 0; i < asset_column_names.size(); ++i) {
+    const auto column = static_cast<AssetColumn>(i);
+    if (column == AssetColumn::method && !rules.with_method) continue;
+    if (equalIgnoringCase(name, asset_column_names[i])) return column;
+  }
+  return std::nullopt;
+}
+
+RowProblem headerProblem(const CsvField& field, std::string message) {
+  return {field.place.line, "column " + std::to_string(field.place.column), std::move(message),
+          std::string(field.text)};
+}
+
+}  // namespace
+
+AssetColumns AssetColumns::fromHeader(std::span<const CsvField> header, HeaderRules rules,
+                                      std::vector<RowProblem>& problems) {
+  AssetColumns columns;
+  columns.width_ = header.size();
+  for (std::size_t i = 0; i < header.size(); ++i) {
+    const auto column = columnNamed(trimmed(header[i].text), rules);
+    if (!column) {
+      if (!rules.ignore_unknown) {
+        problems.push_back(headerProblem(header[i], "There is no column of this name."));
+      }
+      continue;
+    }
+    auto& index = columns.index_[static_cast<std::size_t>(*column)];
+    if (index) problems.push_back(headerProblem(header[i], "The column appears twice."));
+    index = i;
+  }
+  for (const AssetColumn column : required_columns) {
+    if (columns.index_[static_cast<std::size_t>(column)]) continue;
+    problems.push_back({header.front().place.line, std::string(nameOf(column)),
+                        "The column is required and missing.", std::nullopt});
+  }
+  return columns;
+}
+
+}  // namespace depcalc

@@ -1,0 +1,61 @@
+#include "cli/asset_reader.h"
+
+#include <string>
+
+namespace depcalc {
+
+AssetReader::AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules)
+    : csv_(source), header_rules_(header_rules), rules_(rules) {}
+
+AssetReader::Outcome AssetReader::next(CalculateDep& asset) {
+  problems_.clear();
+  switch (csv_.next()) {
+    case CsvReader::Outcome::end:
+      return Outcome::end;
+    case CsvReader::Outcome::unreadable:
+      return Outcome::unreadable;
+    case CsvReader::Outcome::problem:
+      addCsvProblem();
+      break;
+    case CsvReader::Outcome::record:
+      if (csv_.record().size() == columns_.width()) {
+        readAssetRow(columns_, csv_.record(), rules_, asset, problems_);
+      } else {
+        addWidthProblem();
+      }
+  }
+  return problems_.empty() ? Outcome::asset : Outcome::problems;
+}
+
+bool AssetReader::begin() {
+  switch (csv_.next()) {
+    case CsvReader::Outcome::unreadable:
+      return false;
+    case CsvReader::Outcome::problem:
+      addCsvProblem();
+      break;
+    case CsvReader::Outcome::end:
+      problems_.push_back(
+          {1, "column 1", "The file is empty; its first row must name the columns.", std::nullopt});
+      break;
+    case CsvReader::Outcome::record:
+      columns_ = AssetColumns::fromHeader(csv_.record(), header_rules_, problems_);
+  }
+  return problems_.empty();
+}
+
+void AssetReader::addCsvProblem() {
+  const CsvProblem& problem = csv_.problem();
+  problems_.push_back({problem.place.line, "column " + std::to_string(problem.place.column),
+                       problem.message, std::nullopt});
+}
+
+void AssetReader::addWidthProblem() {
+  const auto& record = csv_.record();
+  problems_.push_back({record.front().place.line, "column 1",
+                       "The row has " + std::to_string(record.size()) +
+                           " fields where the header has " + std::to_string(columns_.width()) + ".",
+                       std::nullopt});
+}
+
+}  // namespace depcalc

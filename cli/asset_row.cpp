@@ -1,0 +1,186 @@
+#include "cli/asset_row.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+constexpr std::array<std::string_view, 4> method_names{"SL", "SYD", "DDB", "UOP"};
+
+/// Whether `text` has the shape of `pattern`, where 9 stands for a digit.
+bool hasShape(std::string_view text, std::string_view pattern) {
+  return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
+                    [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; });
+}
+
+class RowReading {
+ public:
+  RowReading(const AssetColumns& columns, std::span<const CsvField> row, const AssetRules& rules,
+             CalculateDep& asset, std::vector<RowProblem>& problems)
+      : columns_(columns), row_(row), rules_(rules), asset_(asset), problems_(problems) {}
+
+  void readAll() {
+    asset_.AssetID(limitedText(AssetColumn::id));
+    asset_.AssetName(limitedText(AssetColumn::name));
+    asset_.ASerial(limitedText(AssetColumn::serial));
+    asset_.ADept(limitedText(AssetColumn::department));
+    const bool dated = readPlacedInService();
+    readFiscalYearEnd();
+    const bool lasting = readLife();
+    readConvention();
+    readSalvage(readBasis());
+    readCapacity();
+    readMethod();
+    if (dated && lasting) checkLastYear();
+  }
+
+ private:
+  [[nodiscard]] std::string_view text(AssetColumn column) const {
+    const CsvField* field = columns_.find(row_, column);
+    return field != nullptr ? field->text : std::string_view();
+  }
+
+  void refuse(AssetColumn column, std::string_view message) {
+    const CsvField& field = *columns_.find(row_, column);
+    problems_.push_back({field.place.line, std::string(nameOf(column)), std::string(message),
+                         std::string(field.text)});
+  }
+
+  /// The accepted value of a rule; a refusal becomes a problem and gives nothing.
+  template <typename Value>
+  std::optional<Value> take(AssetColumn column, Checked<Value> checked) {
+    if (auto* accepted = std::get_if<Accepted<Value>>(&checked)) return std::move(accepted->value);
+    refuse(column, messageOf(std::get<Rejected>(checked).message).text);
+    return std::nullopt;
+  }
+
+  std::string limitedText(AssetColumn column) {
+    const std::string_view free_text = text(column);
+    // No text has more characters than bytes.
+    if (free_text.size() > most_text_characters &&
+        characterCount(free_text) > most_text_characters) {
+      refuse(column, "Please enter at most 20 characters.");
+    }
+    return std::string(free_text);
+  }
+
+  bool readPlacedInService() {
+    constexpr AssetColumn column = AssetColumn::placed_in_service;
+    const std::string_view date_text = trimmed(text(column));
+    if (date_text.empty()) {
+      refuse(column, "Please enter the Placed-in-service Date.");
+      return false;
+    }
+    const auto date = looksLikeFileDate(date_text)
+                          ? placedInServiceRule({date_text}, rules_.today, rules_.date_limit)
+                          : Checked<Date>(Rejected{FieldMessage::date_not_valid});
+    const auto accepted = take(column, date);
+    if (accepted) asset_.AssetStartDate(*accepted);
+    return accepted.has_value();
+  }
+
+  void readFiscalYearEnd() {
+    const std::string_view month_and_day = trimmed(text(AssetColumn::fiscal_year_end));
+    const auto date =
+        month_and_day.empty() ? rules_.fiscal_year_end : fiscalYearEndFromText(month_and_day);
+    if (date) return asset_.FYEnd(*date);
+    refuse(AssetColumn::fiscal_year_end, "Please enter a month and a day, such as 12-31.");
+  }
+
+  bool readLife() {
+    if (text(AssetColumn::life).empty()) {
+      refuse(AssetColumn::life, "Please enter the useful life.");
+      return false;
+    }
+    const auto life = take(AssetColumn::life, usefulLifeRule({text(AssetColumn::life)}));
+    if (life) asset_.DepRecovery(*life);
+    return life.has_value();
+  }
+
+  void readConvention() {
+    const std::string_view name = trimmed(text(AssetColumn::convention));
+    if (name.empty()) return asset_.DepConvention("0");
+    if (const auto digit = conventionFromFile(name)) return asset_.DepConvention(*digit);
+    refuse(AssetColumn::convention,
+           "Please enter a number from 0 to 4, Full Year, Half Year, Full Month, Half Month or "
+           "Actual Days.");
+  }
+
+  /// The text of a basis that was accepted, for the salvage value to be held against.
+  std::string_view readBasis() {
+    const std::string_view basis_text = text(AssetColumn::basis);
+    if (basis_text.empty()) {
+      refuse(AssetColumn::basis, "Please enter the basis.");
+      return {};
+    }
+    const auto basis = take(AssetColumn::basis, basisRule({basis_text}, ""));
+    if (!basis) return {};
+    asset_.AssetBasis(*basis);
+    return basis_text;
+  }
+
+  void readSalvage(std::string_view basis_text) {
+    const auto salvage =
+        take(AssetColumn::salvage, salvageRule({text(AssetColumn::salvage)}, basis_text));
+    if (salvage) asset_.AssetSalvage(*salvage);
+  }
+
+  void readCapacity() {
+    const auto capacity =
+        take(AssetColumn::capacity, productionCapacityRule({text(AssetColumn::capacity)}));
+    if (capacity) asset_.AssetProdCap(*capacity);
+  }
+
+  void readMethod() {
+    const std::string_view name = trimmed(text(AssetColumn::method));
+    const auto* method =
+        std::find_if(method_names.begin(), method_names.end(),
+                     [&](std::string_view known) { return equalIgnoringCase(name, known); });
+    if (name.empty() || method != method_names.end()) {
+      return asset_.DepMethod(name.empty() ? "" : std::string(*method));
+    }
+    refuse(AssetColumn::method, "Please enter SL, SYD, DDB or UOP.");
+  }
+
+  /// Only without the limit of fifty years can a schedule reach the end of the calendar, where
+  /// its fiscal years would have no dates. A year to spare is kept for a partial first one.
+  void checkLastYear() {
+    constexpr int last_year_of_calendar = 9999;
+    const double last = asset_.AssetStartDate().year() + asset_.DepRecovery();
+    if (last < last_year_of_calendar) return;
+    refuse(AssetColumn::placed_in_service, "The schedule would run beyond the year 9999.");
+  }
+
+  const AssetColumns& columns_;
+  std::span<const CsvField> row_;
+  const AssetRules& rules_;
+  CalculateDep& asset_;
+  std::vector<RowProblem>& problems_;
+};
+
+}  // namespace
+
+std::optional<Date> fiscalYearEndFromText(std::string_view text) {
+  if (!hasShape(text, "99-99")) return std::nullopt;
+  // Any leap year will do, so that 02-29 exists.
+  return Date::tryFromText("2000-" + std::string(text), Date());
+}
+
+bool looksLikeFileDate(std::string_view text) {
+  constexpr std::array<std::string_view, 5> shapes{"9999-99-99", "99/99/9999", "9/99/9999",
+                                                   "99/9/9999", "9/9/9999"};
+  return std::any_of(shapes.begin(), shapes.end(),
+                     [&](std::string_view shape) { return hasShape(text, shape); });
+}
+
+void readAssetRow(const AssetColumns& columns, std::span<const CsvField> row,
+                  const AssetRules& rules, CalculateDep& asset, std::vector<RowProblem>& problems) {
+  RowReading(columns, row, rules, asset, problems).readAll();
+}
+
+}  // namespace depcalc

@@ -1,0 +1,35 @@
+// One row of an asset file and the asset it describes.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "cli/asset_columns.h"
+#include "engine/calculate_dep.h"
+#include "entry/field_rules.h"
+
+namespace depcalc {
+
+/// What the rules of a row depend on besides the row.
+struct AssetRules {
+  Date today;
+  DateLimit date_limit = DateLimit::fifty_years;
+  Date fiscal_year_end;  ///< of the assets that name none; only month and day count
+};
+
+/// "MM-DD", 02-29 included, as a date whose month and day count.
+std::optional<Date> fiscalYearEndFromText(std::string_view text);
+
+/// "YYYY-MM-DD" or "mm/dd/yyyy"; leading zeros may be left out in the second.
+bool looksLikeFileDate(std::string_view text);
+
+/// Puts the row into the properties of `asset`, each through the rule that the entry form has
+/// for it. Every field that breaks its rule is a problem added to `problems`, in the form's
+/// words; the asset is then filled in part. Columns that the file does not have and empty fields
+/// take their defaults: Full Year, no salvage value, no capacity.
+void readAssetRow(const AssetColumns& columns, std::span<const CsvField> row,
+                  const AssetRules& rules, CalculateDep& asset, std::vector<RowProblem>& problems);
+
+}  // namespace depcalc

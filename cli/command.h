@@ -1,0 +1,54 @@
+// What a subcommand is.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "cli/output.h"
+#include "values/date.h"
+
+namespace CLI {
+class App;
+}
+
+namespace depcalc {
+
+/// How a command ends, for the shell.
+enum ExitStatus : int {
+  exit_success = 0,
+  exit_bad_data = 1,  ///< some input was refused; what was good is written
+  exit_usage = 2,     ///< the command line makes no sense
+  exit_system = 3,    ///< a file cannot be read or written
+  exit_locked = 4,    ///< the company file is held by another program
+};
+
+/// What a command runs in.
+struct Surroundings {
+  Output& out;
+  Output& errors;
+  Date today;  ///< by the clock; commands let --today replace it
+};
+
+class Command {
+ public:
+  virtual ~Command() = default;
+
+  [[nodiscard]] virtual std::string_view name() const = 0;
+  [[nodiscard]] virtual std::string_view summary() const = 0;
+  /// Lines for the beginning of --help.
+  [[nodiscard]] virtual std::string_view examples() const = 0;
+
+  /// Adds the options and arguments.
+  virtual void declare(CLI::App& app) = 0;
+  /// Does what the options say. Messages go to `errors`. Whether `out` could be written is
+  /// looked at afterwards by the caller.
+  virtual ExitStatus run(Surroundings& surroundings) = 0;
+};
+
+std::unique_ptr<Command> scheduleCommand();
+
+/// Every subcommand, in the order of the help.
+std::vector<std::unique_ptr<Command>> allCommands();
+
+}  // namespace depcalc

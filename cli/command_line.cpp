@@ -1,0 +1,109 @@
+#include "cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include "cli/shown_text.h"
+#include "common/report_error.h"
+#include "common/trapped.h"
+
+namespace depcalc {
+namespace {
+
+constexpr std::string_view overview =
+    R"(  depcalc schedule assets.csv                 compare the methods for every asset
+  depcalc schedule --format csv - < a.csv     the amounts, for another program
+  depcalc schedule --help                     more of them
+)";
+
+/// Help that begins with what people look for.
+class ExamplesFirst : public CLI::Formatter {
+ public:
+  explicit ExamplesFirst(std::string_view examples) : examples_(examples) { column_width(30); }
+
+  std::string make_description(const CLI::App* app) const override {
+    return "Examples:\n" + examples_ + "\n" + CLI::Formatter::make_description(app);
+  }
+
+ private:
+  std::string examples_;
+};
+
+void declareCommands(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands) {
+  app.formatter(std::make_shared<ExamplesFirst>(overview));
+  app.set_help_flag("--help,-h", "Print this help and end");
+  app.set_version_flag("--version", "depcalc " DEPCALC_VERSION, "Print the version and end");
+  app.require_subcommand(1);
+  for (const auto& command : commands) {
+    CLI::App* sub =
+        app.add_subcommand(std::string(command->name()), std::string(command->summary()));
+    sub->formatter(std::make_shared<ExamplesFirst>(command->examples()));
+    command->declare(*sub);
+  }
+}
+
+/// Help and version go to the output; a usage error to the errors.
+ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std::string_view word,
+                          Surroundings& surroundings) {
+  std::ostringstream out;
+  std::ostringstream errors;
+  const bool success = app.exit(error, out, errors) == 0;
+  surroundings.out.write(out.str());
+  if (success) return exit_success;
+  surroundings.errors.write("depcalc: ");
+  const bool unknown = error.get_name() == "RequiredError" && !word.empty();
+  surroundings.errors.write(unknown ? "There is no command " + quotedText(word) +
+                                          ".\nRun with --help for more information.\n"
+                                    : errors.str());
+  return exit_usage;
+}
+
+ExitStatus runTrapped(Command& command, Surroundings& surroundings) {
+  std::string report;
+  const ErrorReportHook last_report([&](std::string_view text) { report = text; });
+  ExitStatus status = exit_system;
+  if (!trapped("depcalc", [&] { status = command.run(surroundings); })) {
+    surroundings.errors.write(report + '\n');
+    return exit_system;
+  }
+  return status;
+}
+
+ExitStatus runParsed(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands,
+                     Surroundings& surroundings) {
+  for (const auto& command : commands) {
+    if (app.got_subcommand(std::string(command->name()))) return runTrapped(*command, surroundings);
+  }
+  return exit_usage;
+}
+
+ExitStatus runArguments(int argc, const char* const* argv, Surroundings& surroundings) {
+  CLI::App app("Depreciation of fixed assets by four methods, side by side.", "depcalc");
+  const auto commands = allCommands();
+  declareCommands(app, commands);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return endedByParsing(app, error, argc > 1 ? argv[1] : "", surroundings);
+  }
+  return runParsed(app, commands, surroundings);
+}
+
+}  // namespace
+
+std::vector<std::unique_ptr<Command>> allCommands() {
+  std::vector<std::unique_ptr<Command>> commands;
+  commands.push_back(scheduleCommand());
+  return commands;
+}
+
+int runCommandLine(int argc, const char* const* argv, Surroundings& surroundings) {
+  ExitStatus status = runArguments(argc, argv, surroundings);
+  if (!surroundings.out.finish()) {
+    surroundings.errors.write("depcalc: standard output: " + surroundings.out.failure() + '\n');
+    status = exit_system;
+  }
+  surroundings.errors.flush();
+  return status;
+}
+
+}  // namespace depcalc

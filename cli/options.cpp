@@ -1,0 +1,46 @@
+#include "cli/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include "cli/asset_row.h"
+
+namespace depcalc {
+namespace {
+
+/// The limit of fifty years either way must be within the calendar.
+bool leavesRoomForTheLimit(Date date) { return date.year() >= 150 && date.year() <= 9949; }
+
+std::optional<Date> isoDate(const std::string& text) {
+  const bool year_first = text.size() == 10 && text[4] == '-';
+  if (!year_first || !looksLikeFileDate(text)) return std::nullopt;
+  const auto date = Date::tryFromText(text, Date());
+  return date && leavesRoomForTheLimit(*date) ? date : std::nullopt;
+}
+
+std::optional<Date> monthAndDay(const std::string& text) { return fiscalYearEndFromText(text); }
+
+/// An option whose text `read` turns into a date; a text it cannot read is a usage error.
+template <typename Target>
+void addDateOption(CLI::App& app, const std::string& name, Target& target,
+                   std::optional<Date> (*read)(const std::string&), const std::string& form,
+                   const std::string& description) {
+  app.add_option_function<std::string>(
+         name, [&target, read](const std::string& text) { target = *read(text); }, description)
+      ->option_text(form)
+      ->check([read, form](const std::string& text) {
+        return read(text) ? std::string() : "\"" + text + "\" is no date of the form " + form;
+      });
+}
+
+}  // namespace
+
+void addTodayOption(CLI::App& app, std::optional<Date>& today) {
+  addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD",
+                "Take this day for today instead of the clock's");
+}
+
+void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description) {
+  addDateOption(app, "--fiscal-year-end", date, monthAndDay, "MM-DD", description);
+}
+
+}  // namespace depcalc

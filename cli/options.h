@@ -1,0 +1,21 @@
+// Options that several subcommands have.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "values/date.h"
+
+namespace CLI {
+class App;
+}
+
+namespace depcalc {
+
+/// --today YYYY-MM-DD into `today`.
+void addTodayOption(CLI::App& app, std::optional<Date>& today);
+
+/// --fiscal-year-end MM-DD into `date`, of which only month and day count.
+void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description);
+
+}  // namespace depcalc

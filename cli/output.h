@@ -1,0 +1,52 @@
+// Standard output and standard error, written in large pieces.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace depcalc {
+
+/// Collects what is written and passes it on when its buffer is full, on `flush` and on `finish`.
+/// After a failure (disk full, broken pipe) it takes everything and writes nothing more, so that
+/// only the end of a command has to ask.
+class Output {
+ public:
+  /// Most that `reserve` gives.
+  static constexpr std::size_t largest_reserve = 4'096;
+
+  explicit Output(int descriptor);
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  void write(std::string_view text);
+  void write(char c) { *reserve(1) = c, ++used_; }
+
+  /// Room for `size` bytes, for texts written in place; `advance` says where they ended.
+  char* reserve(std::size_t size) {
+    if (buffer_size - used_ < size) flush();
+    return &buffer_[used_];
+  }
+  void advance(const char* end) { used_ = static_cast<std::size_t>(end - &buffer_[0]); }
+
+  /// Passes on what was collected. False once anything has failed.
+  bool flush();
+
+  /// The same, and closes the descriptor, which tells of a failure that the system kept to itself.
+  bool finish();
+
+  [[nodiscard]] bool failed() const { return !failure_.empty(); }
+  /// The failure in the system's words, for example "No space left on device".
+  [[nodiscard]] const std::string& failure() const { return failure_; }
+
+ private:
+  static constexpr std::size_t buffer_size = 262'144;
+
+  int descriptor_;
+  std::size_t used_ = 0;
+  std::unique_ptr<char[]> buffer_;
+  std::string failure_;
+};
+
+}  // namespace depcalc

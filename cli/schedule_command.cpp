@@ -1,0 +1,119 @@
+// depcalc schedule: the schedules of the assets of a CSV file.
+#include <CLI/CLI.hpp>
+
+#include "cli/asset_reader.h"
+#include "cli/command.h"
+#include "cli/input_file.h"
+#include "cli/options.h"
+#include "cli/schedule_writer.h"
+#include "cli/shown_text.h"
+
+namespace depcalc {
+namespace {
+
+class ScheduleCommand final : public Command {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "schedule"; }
+
+  [[nodiscard]] std::string_view summary() const override {
+    return "Calculate the assets of a CSV file by every method";
+  }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc schedule assets.csv
+      compare the methods side by side, a block per asset
+  depcalc schedule --format csv assets.csv > amounts.csv
+      a row per asset, method and fiscal year, for another program
+  depcalc schedule --fiscal-year-end 06-30 --ignore-unknown - < export.csv
+      read standard input; fiscal years end on June 30; other columns do no harm
+)";
+  }
+
+  void declare(CLI::App& app) override {
+    app.add_option("FILE", file_, "CSV file with a header row; - or nothing for standard input")
+        ->option_text(" ");
+    app.add_option("--format", format_, "How to write: table (for people), csv or json")
+        ->check(CLI::IsMember({"table", "csv", "json"}))
+        ->option_text("FORMAT");
+    addTodayOption(app, today_);
+    addFiscalYearEndOption(app, fiscal_year_end_,
+                           "The fiscal year's last day where the file names none, else 12-31");
+    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
+    app.add_flag("--no-date-limit", no_date_limit_,
+                 "Accept dates more than 50 years before or after today");
+    app.footer(R"(Columns, in any order and any case; the first three are required:
+  placed_in_service  YYYY-MM-DD or mm/dd/yyyy
+  life               useful life in years, 1 to 50
+  basis              cost, above 0 and below 10,000,000
+  salvage            residual value, up to the basis (0)
+  convention         Full Year, Half Year, Full Month, Half Month, Actual Days, or 0 to 4 (0)
+  fiscal_year_end    MM-DD (12-31)
+  capacity           units that the asset will produce (0)
+  id, name, serial, department   texts of up to 20 characters
+
+A row that cannot be used is reported on standard error and left out.
+Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be read or written.)");
+  }
+
+  ExitStatus run(Surroundings& surroundings) override {
+    InputFile file(file_);
+    const auto writer = makeWriter(surroundings.out);
+    const bool all_good = writeAll(file, *writer, surroundings);
+    if (!file.failure().empty()) {
+      surroundings.errors.write("depcalc: " + shownText(file_) + ": " + file.failure() + '\n');
+      return exit_system;
+    }
+    return all_good ? exit_success : exit_bad_data;
+  }
+
+ private:
+  [[nodiscard]] std::unique_ptr<ScheduleWriter> makeWriter(Output& out) const {
+    if (format_ == "csv") return csvWriter(out);
+    if (format_ == "json") return jsonWriter(out);
+    return tableWriter(out);
+  }
+
+  [[nodiscard]] AssetRules rules(Date clock) const {
+    return {.today = today_.value_or(clock),
+            .date_limit = no_date_limit_ ? DateLimit::none : DateLimit::fifty_years,
+            .fiscal_year_end = fiscal_year_end_};
+  }
+
+  /// Whether every row was good.
+  bool writeAll(InputFile& file, ScheduleWriter& writer, Surroundings& surroundings) {
+    using Outcome = AssetReader::Outcome;
+    AssetReader reader(file, {.ignore_unknown = ignore_unknown_}, rules(surroundings.today));
+    bool all_good = reader.begin();
+    report(reader.problems(), surroundings.errors);
+    if (!all_good) return false;
+    writer.begin();
+    CalculateDep asset;
+    Outcome outcome = reader.next(asset);
+    while (outcome != Outcome::end && outcome != Outcome::unreadable) {
+      if (outcome == Outcome::asset) writer.write(asset, calculateSchedules(asset));
+      if (outcome == Outcome::problems) all_good = false;
+      report(reader.problems(), surroundings.errors);
+      if (surroundings.out.failed()) return all_good;
+      outcome = reader.next(asset);
+    }
+    if (outcome == Outcome::end) writer.end();
+    return all_good;
+  }
+
+  void report(const std::vector<RowProblem>& problems, Output& errors) const {
+    for (const RowProblem& problem : problems) errors.write(problemText(file_, problem) + "\n");
+  }
+
+  std::string file_ = "-";
+  std::string format_ = "table";
+  std::optional<Date> today_;
+  Date fiscal_year_end_ = Date::strict(2000, 12, 31);
+  bool ignore_unknown_ = false;
+  bool no_date_limit_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> scheduleCommand() { return std::make_unique<ScheduleCommand>(); }
+
+}  // namespace depcalc

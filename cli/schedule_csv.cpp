@@ -1,0 +1,59 @@
+#include <algorithm>
+#include <string>
+
+#include "cli/data_text.h"
+#include "cli/schedule_writer.h"
+
+namespace depcalc {
+namespace {
+
+class CsvWriter final : public ScheduleWriter {
+ public:
+  explicit CsvWriter(Output& out) : out_(out) {}
+
+  void begin() override { out_.write("id,method,fiscal_year,amount\n"); }
+
+  void write(const CalculateDep& asset, const Schedules& schedules) override {
+    id_ = csvField(asset.AssetID());
+    for (const NamedSchedule& named : named_schedules) {
+      prefix_.assign(id_).append(",").append(named.name).append(",");
+      int year = schedules.first_fiscal_year;
+      for (const Currency amount : schedules.*named.amounts) writeYear(year++, amount);
+    }
+    prefix_.assign(id_).append(",UOP,");
+    writeRate(schedules.rate);
+  }
+
+  void end() override {}
+
+ private:
+  /// Most of what a row has behind its prefix.
+  static constexpr std::size_t row_size = 16 + Currency::fixed4_size;
+
+  void writeYear(int year, Currency amount) {
+    char* at = beginRow();
+    for (const int place : {1'000, 100, 10, 1}) *at++ = static_cast<char>('0' + year / place % 10);
+    endRow(at, amount);
+  }
+  void writeRate(Currency rate) { endRow(beginRow(), rate); }
+
+  char* beginRow() {
+    return std::copy(prefix_.begin(), prefix_.end(), out_.reserve(prefix_.size() + row_size));
+  }
+  void endRow(char* at, Currency amount) {
+    *at++ = ',';
+    at = amount.writeFixed4(at);
+    *at++ = '\n';
+    out_.advance(at);
+  }
+
+  Output& out_;
+  std::string id_;
+  std::string prefix_;
+};
+
+}  // namespace
+
+std::unique_ptr<ScheduleWriter> csvWriter(Output& out) { return std::make_unique<CsvWriter>(out); }
+
+}  // namespace depcalc

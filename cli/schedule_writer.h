@@ -1,0 +1,42 @@
+// The formats in which schedules are written.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "cli/output.h"
+#include "cli/schedules.h"
+#include "engine/calculate_dep.h"
+
+namespace depcalc {
+
+class ScheduleWriter {
+ public:
+  virtual ~ScheduleWriter() = default;
+  virtual void begin() = 0;
+  virtual void write(const CalculateDep& asset, const Schedules& schedules) = 0;
+  virtual void end() = 0;
+};
+
+/// For people: a block per asset, the methods side by side with their totals.
+std::unique_ptr<ScheduleWriter> tableWriter(Output& out);
+/// Rows of id, method, fiscal year and amount; a last row per asset with the rate of production.
+std::unique_ptr<ScheduleWriter> csvWriter(Output& out);
+/// The same rows as objects, amounts as texts so that no reader rounds them.
+std::unique_ptr<ScheduleWriter> jsonWriter(Output& out);
+
+/// A schedule and the name that data files have for it.
+struct NamedSchedule {
+  std::string_view name;
+  std::string_view title;
+  std::vector<Currency> Schedules::*amounts;
+};
+
+inline constexpr std::array<NamedSchedule, 3> named_schedules{
+    {{"SL", "Straight Line", &Schedules::straight_line},
+     {"SYD", "Sum of the Years' Digits", &Schedules::sum_of_years_digits},
+     {"DDB", "Double Declining Balance", &Schedules::double_declining_balance}}};
+
+}  // namespace depcalc
