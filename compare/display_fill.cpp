@@ -1,0 +1,139 @@
+// How the comparison screen calculates and shows a record.
+#include "common/trapped.h"
+#include "compare/dep_calc_display_ctl.h"
+#include "values/display_format.h"
+#include "values/number_text.h"
+#include "values/rounding.h"
+#include "values/runtime_error.h"
+
+namespace depcalc {
+namespace {
+
+constexpr int year_column = 0;
+constexpr const char* schedule_names[] = {"Straight Line", "Sum of the Years' Digits",
+                                          "Double Declining Balance"};
+
+// Twips.
+constexpr int row_height = 360;
+
+/// Keeps the table from being drawn while it is half filled.
+class DrawingPaused {
+ public:
+  explicit DrawingPaused(Grid& grid) : grid_(grid) { grid_.setRedraw(false); }
+  ~DrawingPaused() { grid_.setRedraw(true); }
+  DrawingPaused(const DrawingPaused&) = delete;
+  DrawingPaused& operator=(const DrawingPaused&) = delete;
+
+ private:
+  Grid& grid_;
+};
+
+/// The year in which the fiscal year of `start` ends: that of `start`, or the next one where the
+/// fiscal year's last day of that year has gone by. A last day that the year does not have (29
+/// February) is error 13.
+int firstFiscalYear(Date start, Date fiscal_year_end) {
+  const Date end = Date::strict(start.year(), fiscal_year_end.month(), fiscal_year_end.day());
+  return end >= start ? start.year() : start.year() + 1;
+}
+
+}  // namespace
+
+void DepCalcDisplayCtl::Paint() {
+  trapped("DepCalcDisplay::Paint", [this] {
+    if (painted_) return;
+    painted_ = true;
+    record_.reset();
+    events_.GetCalcDep(record_);
+    if (record_ == nullptr) return;
+    fill();
+    layOut();
+  });
+}
+
+void DepCalcDisplayCtl::fill() {
+  const DrawingPaused paused(DisplayTable);
+  AName.setText(record_->AssetName());
+  AID.setText(record_->AssetID());
+  years_ = toInteger16HalfEven(record_->DepRecovery() + (fullYear() ? 0 : 1));
+  selectOption();
+  keepPrior();
+  sizeTable();
+  writeHeaders();
+  DoDepCalculations();
+  DisplayCalcsinTable();
+  PopulateDepInfo();
+}
+
+void DepCalcDisplayCtl::keepPrior() {
+  prior_method_ = record_->DepMethod();
+  prior_amounts_.clear();
+  for (int i = 0; i <= years_; ++i) {
+    prior_amounts_.push_back(record_->DepItem(static_cast<std::int16_t>(i)));
+  }
+}
+
+void DepCalcDisplayCtl::sizeTable() {
+  DisplayTable.setRows(years_ + 2);
+  DisplayTable.setColumns(4);
+  const int total_row = years_ + 1;
+  for (int row = 0; row <= total_row; ++row) {
+    DisplayTable.setRowHeight(row, row_height);
+    DisplayTable.setBold(row, year_column, true);
+    for (int column = 1; column <= 3; ++column) {
+      DisplayTable.setBold(row, column, row == 0 || row == total_row);
+      DisplayTable.setAlignment(
+          row, column, row == 0 ? CellAlignment::centerCenter : CellAlignment::rightCenter);
+    }
+  }
+  markChosenColumn();
+}
+
+void DepCalcDisplayCtl::writeHeaders() {
+  for (int column = 1; column <= 3; ++column) {
+    DisplayTable.setText(0, column, schedule_names[column - 1]);
+  }
+  const int first_year = firstFiscalYear(record_->AssetStartDate(), record_->FYEnd());
+  for (int i = 0; i < years_; ++i) {
+    DisplayTable.setText(i + 1, year_column, "FY" + std::to_string(first_year + i));
+  }
+  DisplayTable.setText(years_ + 1, year_column, "TOTAL");
+  const bool has_capacity = numberFromText(record_->AssetProdCap()) != 0;
+  UoPTable.setText(0, 0, has_capacity ? "Unit of Production Rate" : "");
+}
+
+void DepCalcDisplayCtl::DoDepCalculations() {
+  trapped("DepCalcDisplay::DoDepCalculations", [this] {
+    const std::int32_t last = toLong32HalfEven(record().DepRecovery() + 1);
+    if (last < 0) throw RuntimeError::subscriptOutOfRange();
+    for (Amounts* amounts : {&straight_line_, &sum_of_years_digits_, &double_declining_balance_}) {
+      amounts->assign(static_cast<std::size_t>(last) + 1, Currency());
+    }
+    // The straight line comes first: the others use its share of the first fiscal year.
+    straight_line_ = record().StraightLine();
+    sum_of_years_digits_ = record().SumofYearsDigits();
+    double_declining_balance_ = record().DoubleDecliningBalance();
+    rate_ = record().UnitsofProduction();
+  });
+}
+
+void DepCalcDisplayCtl::DisplayCalcsinTable() {
+  trapped("DepCalcDisplay::DisplayCalcsinTable", [this] {
+    showSchedule(1, straight_line_);
+    showSchedule(2, sum_of_years_digits_);
+    showSchedule(3, double_declining_balance_);
+    UoPTable.setText(0, 1, formatRate(rate_));
+  });
+}
+
+void DepCalcDisplayCtl::showSchedule(int column, const Amounts& amounts) {
+  Currency total;
+  for (int i = 0; i < years_; ++i) {
+    if (static_cast<std::size_t>(i) >= amounts.size()) throw RuntimeError::subscriptOutOfRange();
+    const Currency amount = amounts[static_cast<std::size_t>(i)];
+    DisplayTable.setText(i + 1, column, formatMoney(amount));
+    total += amount;
+  }
+  DisplayTable.setText(years_ + 1, column, formatMoney(total));
+}
+
+}  // namespace depcalc
