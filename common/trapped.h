@@ -2,6 +2,7 @@
 #pragma once
 
 #include <new>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -16,19 +17,30 @@ void reportTrapped(std::string_view procedure, const RuntimeError& error);
 /// Runs `body` under the error trap of `procedure` ("DepCalc::WriteData"). A run-time error stops
 /// the body where it stands and is reported; what was done stays done. Running out of memory is
 /// error 7. Returns whether the body came to its end.
-template <typename Body>
-bool trapped(std::string_view procedure, Body&& body) {
+///
+/// `at_error`, where given, is what the trap does before it reports; its own errors are not
+/// trapped.
+template <typename Body, typename AtError>
+bool trapped(std::string_view procedure, Body&& body, AtError&& at_error) {
+  std::optional<RuntimeError> met;
   try {
     std::forward<Body>(body)();
-    return true;
   } catch (const RuntimeError& error) {
-    reportTrapped(procedure, error);
+    met = error;
   } catch (const std::bad_alloc&) {
-    reportTrapped(procedure, RuntimeError::outOfMemory());
+    met = RuntimeError::outOfMemory();
   } catch (const std::length_error&) {
-    reportTrapped(procedure, RuntimeError::outOfMemory());
+    met = RuntimeError::outOfMemory();
   }
+  if (!met) return true;
+  std::forward<AtError>(at_error)();
+  reportTrapped(procedure, *met);
   return false;
+}
+
+template <typename Body>
+bool trapped(std::string_view procedure, Body&& body) {
+  return trapped(procedure, std::forward<Body>(body), [] {});
 }
 
 }  // namespace depcalc

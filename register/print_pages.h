@@ -1,0 +1,38 @@
+// How a grid is cut into printed pages.
+#pragma once
+
+#include "controls/grid.h"
+
+namespace depcalc {
+
+/// The part of a page that a slice of the grid may fill, in twips.
+struct PageRoom {
+  int width = 0;
+  int height = 0;  ///< below the title and the page number
+};
+
+/// Column 0, the captions, stands on every page; the other columns and all rows are dealt out
+/// slice by slice.
+///
+/// The two counts of pages follow formulas of their own. That of the pages across comes out too low
+/// for some wide registers, whose last assets are then not printed (50 assets on A4, for example).
+/// They are kept, so that a schedule is cut as it always was.
+struct PrintPages {
+  int columns = 0;  ///< asset columns on a page
+  int rows = 0;     ///< rows on a page, all taken to be as high as the first
+  int across = 0;
+  int down = 0;
+
+  /// No room for a single row is error 11 or no page at all; a first row without height, error 6.
+  static PrintPages of(const Grid& grid, PageRoom room);
+
+  /// Whether a column or row is on the page that is the `x`th across or the `y`th down, from 1.
+  [[nodiscard]] bool hasColumn(int column, int x) const {
+    return column == 0 || (column > (x - 1) * columns && column <= x * columns);
+  }
+  [[nodiscard]] bool hasRow(int row, int y) const {
+    return row >= (y - 1) * rows && row < y * rows;
+  }
+};
+
+}  // namespace depcalc
