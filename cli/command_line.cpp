@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/shown_text.h"
+#include "cli/printable_text.h"
 #include "common/report_error.h"
 #include "common/trapped.h"
 

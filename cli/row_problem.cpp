@@ -1,11 +1,11 @@
 #include "cli/row_problem.h"
 
-#include "cli/shown_text.h"
+#include "cli/printable_text.h"
 
 namespace depcalc {
 
 std::string problemText(std::string_view file, const RowProblem& problem) {
-  std::string text = shownText(file);
+  std::string text = printableText(file);
   text.append(":").append(std::to_string(problem.line)).append(": ");
   text.append(problem.column).append(": ").append(problem.message);
   if (problem.value) text.append(" (found ").append(quotedText(*problem.value)).append(")");

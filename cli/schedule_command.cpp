@@ -5,8 +5,8 @@
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/options.h"
+#include "cli/printable_text.h"
 #include "cli/schedule_writer.h"
-#include "cli/shown_text.h"
 
 namespace depcalc {
 namespace {
@@ -60,7 +60,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
     const auto writer = makeWriter(surroundings.out);
     const bool all_good = writeAll(file, *writer, surroundings);
     if (!file.failure().empty()) {
-      surroundings.errors.write("depcalc: " + shownText(file_) + ": " + file.failure() + '\n');
+      surroundings.errors.write("depcalc: " + printableText(file_) + ": " + file.failure() + '\n');
       return exit_system;
     }
     return all_good ? exit_success : exit_bad_data;

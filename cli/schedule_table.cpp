@@ -2,8 +2,8 @@
 #include <string>
 #include <utility>
 
+#include "cli/printable_text.h"
 #include "cli/schedule_writer.h"
-#include "cli/shown_text.h"
 #include "values/display_format.h"
 #include "values/text.h"
 
@@ -41,8 +41,8 @@ class TableWriter final : public ScheduleWriter {
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
     if (std::exchange(any_block_, true)) out_.write('\n');
-    writeLine("Asset ID  " + padded(shownText(asset.AssetID()), 22) + "Name  " +
-              shownText(asset.AssetName()));
+    writeLine("Asset ID  " + padded(printableText(asset.AssetID()), 22) + "Name  " +
+              printableText(asset.AssetName()));
     writeLine("");
     writeRow("", [](const NamedSchedule& named) { return std::string(named.title); });
     for (std::size_t i = 0; i < schedules.years; ++i) {

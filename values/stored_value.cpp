@@ -13,6 +13,9 @@ template <typename... Cases>
 struct Overloaded : Cases... {
   using Cases::operator()...;
 };
+// clang 14 does not deduce aggregates by itself.
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 Date dateOfNumber(double days) {
   // The time of day is dropped; what cannot be a day number at all is out of range.

@@ -8,7 +8,7 @@ namespace depcalc {
 
 /// `text` with its control characters written out: \n, \t, \x1B. Nothing in a file can move the
 /// cursor or change colours.
-std::string shownText(std::string_view text);
+std::string printableText(std::string_view text);
 
 /// The same between quotes, its own quotes and backslashes marked, and cut behind 60 characters.
 std::string quotedText(std::string_view text);

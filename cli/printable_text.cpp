@@ -1,4 +1,4 @@
-#include "cli/shown_text.h"
+#include "cli/printable_text.h"
 
 #include "values/text.h"
 
@@ -38,7 +38,7 @@ std::string escapedControls(std::string_view text, std::string_view marked) {
 
 }  // namespace
 
-std::string shownText(std::string_view text) { return escapedControls(text, ""); }
+std::string printableText(std::string_view text) { return escapedControls(text, ""); }
 
 std::string quotedText(std::string_view text) {
   const std::string_view beginning = firstCharacters(text, most_quoted_characters);
