@@ -1,0 +1,70 @@
+#include "desktop/widgets/grid_painter.h"
+
+#include <QPainter>
+#include <array>
+
+#include "desktop/widgets/text_block.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr double cell_points = 8.25;
+constexpr int margin_twips = 45;  // twips
+
+int qtAlignment(CellAlignment alignment) {
+  constexpr std::array verticals = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
+  constexpr std::array horizontals = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
+  const auto number = static_cast<std::size_t>(alignment);
+  return horizontals.at(number / 3) | verticals.at(number % 3);
+}
+
+}  // namespace
+
+void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+  const int row = index.row();
+  const int column = index.column();
+  if (row >= grid_.rows() || column >= grid_.columns()) return;
+  painter->fillRect(option.rect, background(row, column));
+  drawText(*painter, option.rect, row, column);
+  drawLines(*painter, option.rect, row, column, option.state.testFlag(QStyle::State_HasFocus));
+}
+
+QColor GridPainter::background(int row, int column) const {
+  const Colours& colours = surface_.colours();
+  const bool headed = grid_.columns() > 1 && grid_.bold(0, 1);
+  if (row == 0 && headed) return colours.heading();
+  if (column > 0 && column == grid_.column()) return colours.selection();
+  return grid_.bold(row, column) ? colours.caption() : colours.base();
+}
+
+void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int column) const {
+  const QString text = qtText(grid_.text(row, column));
+  if (text.isEmpty()) return;
+  const int margin = std::max(2, surface_.scale().pixels(margin_twips));
+  painter.save();
+  painter.setClipRect(cell);
+  painter.setFont(qtFont({cell_points, grid_.bold(row, column)}, surface_.scale()));
+  painter.setPen(surface_.colours().text());
+  painter.drawText(cell.adjusted(margin, 1, -margin, -1),
+                   qtAlignment(grid_.alignment(row, column)) | Qt::TextWordWrap, text);
+  painter.restore();
+}
+
+void GridPainter::drawLines(QPainter& painter, const QRect& cell, int row, int column,
+                            bool focused) const {
+  const Colours& colours = surface_.colours();
+  const int line = 1;
+  painter.fillRect(cell.left(), cell.bottom(), cell.width(), line, colours.gridLine());
+  painter.fillRect(cell.right(), cell.top(), line, cell.height(), colours.gridLine());
+  if (column > 0 && column == grid_.column()) {
+    painter.fillRect(cell.left(), cell.top(), 2, cell.height(), colours.accent());
+    painter.fillRect(cell.right() - 1, cell.top(), 2, cell.height(), colours.accent());
+  }
+  if (!focused || row != grid_.row() || column != grid_.column()) return;
+  painter.setPen(QPen(colours.focusRing(), 2));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(cell).adjusted(1, 1, -1, -1));
+}
+
+}  // namespace depcalc::desktop

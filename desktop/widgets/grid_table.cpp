@@ -1,0 +1,38 @@
+#include "desktop/widgets/grid_table.h"
+
+#include "desktop/widgets/text_block.h"
+
+namespace depcalc::desktop {
+
+int GridTable::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.rows();
+}
+
+int GridTable::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : grid_.columns();
+}
+
+QVariant GridTable::data(const QModelIndex& index, int role) const {
+  const bool inside =
+      index.isValid() && index.row() < grid_.rows() && index.column() < grid_.columns();
+  if (!inside) return {};
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+      return qtText(grid_.text(index.row(), index.column()));
+    default:
+      return {};
+  }
+}
+
+void GridTable::restructure() {
+  beginResetModel();
+  endResetModel();
+}
+
+void GridTable::cellsChanged() {
+  if (grid_.rows() == 0 || grid_.columns() == 0) return;
+  emit dataChanged(index(0, 0), index(grid_.rows() - 1, grid_.columns() - 1));
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,187 @@
+#include "desktop/widgets/grid_widget.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <optional>
+
+#include "desktop/widgets/arrow_keys.h"
+#include "desktop/widgets/grid_painter.h"
+#include "desktop/widgets/input_style.h"
+
+namespace depcalc::desktop {
+namespace {
+
+/// Sections as wide as twips make them, rounded at the edges so that errors do not add up.
+template <typename SizeOf>
+int setSections(QHeaderView& header, const Scale& scale, int count, SizeOf sizeOf) {
+  const int usual = count > 1 ? scale.pixels(sizeOf(1)) : 1;
+  header.setDefaultSectionSize(std::max(1, usual));
+  double twips = 0;
+  int edge = 0;
+  for (int i = 0; i < count; ++i) {
+    twips += sizeOf(i);
+    const int size = scale.pixels(twips) - edge;
+    edge += size;
+    if (header.sectionSize(i) != size) header.resizeSection(i, size);
+  }
+  return edge;
+}
+
+void prepareHeader(QHeaderView& header) {
+  header.hide();
+  header.setMinimumSectionSize(0);
+  header.setSectionResizeMode(QHeaderView::Fixed);
+}
+
+}  // namespace
+
+GridWidget::GridWidget(Grid& grid, Surface& surface, QWidget* parent)
+    : QTableView(parent),
+      grid_(grid),
+      table_(grid),
+      binding_(*this, grid, surface, [this](Aspect aspect) { apply(aspect); }) {
+  prepareHeader(*horizontalHeader());
+  prepareHeader(*verticalHeader());
+  setFrameShape(QFrame::Box);
+  setShowGrid(false);
+  setWordWrap(true);
+  setTabKeyNavigation(false);
+  setSelectionMode(QAbstractItemView::NoSelection);
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setAutoScroll(false);
+  setItemDelegate(new GridPainter(grid, surface, this));
+  setModel(&table_);
+  apply(Aspect::colours);
+  showStructure();
+}
+
+void GridWidget::apply(Aspect aspect) {
+  switch (aspect) {
+    case Aspect::structure:
+      table_.restructure();
+      showStructure();
+      break;
+    case Aspect::font:
+      showStructure();
+      break;
+    case Aspect::cells:
+      viewport()->update();
+      break;
+    case Aspect::current:
+      showCurrent();
+      break;
+    case Aspect::scroll:
+      scrollTo(table_.index(grid_.topRow(), grid_.leftColumn()), PositionAtTop);
+      break;
+    case Aspect::colours: {
+      QPalette colours = inputPalette(grid_, binding_.colours());
+      // The frame is drawn in the colour of window texts.
+      colours.setColor(QPalette::WindowText, binding_.colours().gridLine());
+      setPalette(colours);
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void GridWidget::showStructure() {
+  const Scale& scale = binding_.scale();
+  horizontalHeader()->blockSignals(true);
+  setSections(*horizontalHeader(), scale, grid_.columns(),
+              [this](int column) { return grid_.columnWidth(column); });
+  horizontalHeader()->blockSignals(false);
+  verticalHeader()->blockSignals(true);
+  setSections(*verticalHeader(), scale, grid_.rows(),
+              [this](int row) { return grid_.rowHeight(row); });
+  verticalHeader()->blockSignals(false);
+  showScrollBars();
+  showCurrent();
+  viewport()->update();
+}
+
+/// The model sizes a grid to its cells; a pixel of rounding is no reason to scroll.
+void GridWidget::showScrollBars() {
+  const int frame = 2 * frameWidth();
+  const bool wide = horizontalHeader()->length() > width() - frame + 2;
+  const bool high = verticalHeader()->length() > height() - frame + 2;
+  setHorizontalScrollBarPolicy(wide ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  setVerticalScrollBarPolicy(high ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  updateGeometries();
+}
+
+void GridWidget::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  showScrollBars();
+}
+
+void GridWidget::repaintColumn(int column) {
+  const int left = columnViewportPosition(column);
+  viewport()->update(left - 2, 0, columnWidth(column) + 4, viewport()->height());
+}
+
+void GridWidget::showCurrent() {
+  if (grid_.rows() == 0 || grid_.columns() == 0) return;
+  const QModelIndex current = table_.index(grid_.row(), grid_.column());
+  repaintColumn(shown_column_);
+  shown_column_ = grid_.column();
+  repaintColumn(shown_column_);
+  selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+  if (!hasFocus()) return;
+  scrollTo(current);
+  emit binding_.surface().attention(viewport(), visualRect(current));
+}
+
+void GridWidget::clickCell(int row, int column) {
+  if (row < 0 || row >= grid_.rows() || column < 0 || column >= grid_.columns()) return;
+  binding_.surface().act([&](User& user) { user.clickCell(grid_, row, column); });
+}
+
+void GridWidget::keyPressEvent(QKeyEvent* event) {
+  const std::optional<Direction> direction = directionOf(event->key());
+  if (direction.has_value()) {
+    binding_.surface().act([&](User& user) { user.arrow(*direction); });
+    return;
+  }
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      clickCell(grid_.row(), grid_.column());
+      break;
+    case Qt::Key_Home:
+      clickCell(grid_.row(), grid_.columns() > 1 ? 1 : 0);
+      break;
+    case Qt::Key_End:
+      clickCell(grid_.row(), grid_.columns() - 1);
+      break;
+    default:
+      event->ignore();
+  }
+}
+
+void GridWidget::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex at = indexAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton) return;
+  if (at.isValid()) {
+    clickCell(at.row(), at.column());
+  } else {
+    binding_.surface().act([this](User& user) { user.moveFocus(grid_); });
+  }
+}
+
+void GridWidget::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  repaintColumn(grid_.column());
+}
+
+void GridWidget::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  repaintColumn(grid_.column());
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,45 @@
+// The widget of a grid.
+#pragma once
+
+#include <QTableView>
+
+#include "desktop/widgets/control_binding.h"
+#include "desktop/widgets/grid_table.h"
+
+namespace depcalc::desktop {
+
+/// Only cells that are to be seen are read and drawn. The column of the current cell is marked,
+/// unless it is the first, which holds captions.
+class GridWidget : public QTableView {
+  Q_OBJECT
+
+ public:
+  GridWidget(Grid& grid, Surface& surface, QWidget* parent);
+
+  [[nodiscard]] Grid& control() const { return grid_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent*) override {}
+  void mouseMoveEvent(QMouseEvent*) override {}
+  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  void resizeEvent(QResizeEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void apply(Aspect aspect);
+  void showStructure();
+  void showCurrent();
+  void showScrollBars();
+  void clickCell(int row, int column);
+  void repaintColumn(int column);
+
+  Grid& grid_;
+  GridTable table_;
+  int shown_column_ = 0;
+  InputBinding binding_;
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,88 @@
+#include "desktop/widgets/page.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "desktop/widgets/arrow_keys.h"
+#include "desktop/widgets/user_control_widget.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr int reveal_margin = 12;  // pixels left around what is to be seen
+
+}  // namespace
+
+Page::Page(QWidget* parent) : QScrollArea(parent) {
+  setObjectName(QStringLiteral("Page"));
+  setAccessibleName(tr("Calculator"));
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  setBackgroundRole(QPalette::Base);
+}
+
+void Page::showControl(UserControl& root, Surface& surface) {
+  clear();
+  surface_ = &surface;
+  surface.setRestingWidget(this);
+  connect(&surface, &Surface::attention, this, &Page::reveal);
+  setWidget(new UserControlWidget(root, surface, viewport()));
+  widget()->setVisible(root.visible());
+  const InputControl* const focused = surface.stage().focused();
+  QWidget* const owner = focused == nullptr ? nullptr : surface.widget(*focused);
+  (owner != nullptr ? owner : this)->setFocus();
+  surface.paintAtIdle();
+}
+
+void Page::clear() {
+  if (surface_ != nullptr) {
+    surface_->disconnect(this);
+    surface_->setRestingWidget(nullptr);
+  }
+  surface_ = nullptr;
+  delete takeWidget();
+}
+
+void Page::reveal(QWidget* child, const QRect& part) {
+  if (widget() == nullptr || !widget()->isAncestorOf(child)) return;
+  const QRect there(child->mapTo(widget(), part.topLeft()), part.size());
+  const QRect view(-widget()->pos(), viewport()->size());
+  if (view.contains(there)) return;
+  const auto moved = [](int low, int high, int view_low, int view_high) {
+    if (low < view_low) return low - view_low - reveal_margin;
+    return high > view_high ? std::min(high - view_high, low - view_low) + reveal_margin : 0;
+  };
+  const int right = moved(there.left(), there.right(), view.left(), view.right());
+  const int down = moved(there.top(), there.bottom(), view.top(), view.bottom());
+  horizontalScrollBar()->setValue(horizontalScrollBar()->value() + right);
+  verticalScrollBar()->setValue(verticalScrollBar()->value() + down);
+}
+
+bool Page::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress && surface_ != nullptr) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (surface_->handleKey(key.key(), key.modifiers())) return true;
+  }
+  return QScrollArea::event(event);
+}
+
+/// The first arrow goes to the first control, the next ones move in it.
+void Page::keyPressEvent(QKeyEvent* event) {
+  const bool rests = surface_ != nullptr && surface_->stage().focused() == nullptr;
+  if (rests && directionOf(event->key()).has_value()) {
+    surface_->tab(false);
+    return;
+  }
+  QScrollArea::keyPressEvent(event);
+}
+
+void Page::showEvent(QShowEvent* event) {
+  QScrollArea::showEvent(event);
+  if (surface_ == nullptr || !event->spontaneous()) return;
+  surface_->stage().expose();
+  surface_->paintAtIdle();
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,34 @@
+// The page of the host's window that shows the calculator.
+#pragma once
+
+#include <QScrollArea>
+
+#include "desktop/widgets/surface.h"
+
+namespace depcalc::desktop {
+
+/// Scrolls around the outermost control of the surface's stage. Takes the keys while no control
+/// has the focus.
+class Page : public QScrollArea {
+  Q_OBJECT
+
+ public:
+  explicit Page(QWidget* parent = nullptr);
+
+  /// Shows `root`, which is on the stage of `surface`; both live until `clear` or the page's end.
+  void showControl(UserControl& root, Surface& surface);
+  void clear();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  bool focusNextPrevChild(bool) override { return false; }
+
+ private:
+  void reveal(QWidget* widget, const QRect& part);
+
+  Surface* surface_ = nullptr;
+};
+
+}  // namespace depcalc::desktop

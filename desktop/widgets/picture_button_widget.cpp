@@ -1,0 +1,56 @@
+#include "desktop/widgets/picture_button_widget.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "desktop/widgets/pictures.h"
+#include "desktop/widgets/text_block.h"
+
+namespace depcalc::desktop {
+namespace {
+
+/// The first button of a screen is the one that leads on.
+bool isPrimary(const PictureButton& button) {
+  const PictureButton& normal = button.under() != nullptr ? *button.under() : button;
+  for (const Control* sibling : normal.parent()->children()) {
+    if (sibling->kind() == ControlKind::pictureButton) return sibling == &normal;
+  }
+  return false;
+}
+
+}  // namespace
+
+PictureButtonWidget::PictureButtonWidget(PictureButton& button, Surface& surface, QWidget* parent)
+    : QAbstractButton(parent),
+      button_(button),
+      primary_(isPrimary(button)),
+      binding_(*this, button, surface, [this](Aspect) { update(); }) {
+  setFocusPolicy(Qt::NoFocus);
+  setAttribute(Qt::WA_Hover);
+  setCursor(Qt::PointingHandCursor);
+  setToolTip(qtText(button.caption()));
+  connect(this, &QAbstractButton::clicked, this,
+          [this] { binding_.surface().act([this](User& user) { user.click(button_); }); });
+}
+
+void PictureButtonWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const PictureButton& named = button_.under() != nullptr ? *button_.under() : button_;
+  const QString caption = qtText(button_.caption());
+  drawButton(painter, rect(),
+             {qtText(button_.picture()), caption, mnemonicPosition(caption, named.mnemonic()),
+              primary_, underMouse()},
+             binding_.colours(), binding_.scale());
+}
+
+void PictureButtonWidget::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) binding_.pressed();
+}
+
+void PictureButtonWidget::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) binding_.released(event->globalPosition().toPoint());
+}
+
+void PictureButtonWidget::mouseMoveEvent(QMouseEvent*) {}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,36 @@
+// The widget of a picture that acts as a button.
+#pragma once
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+
+#include "controls/picture_button.h"
+#include "desktop/widgets/control_binding.h"
+
+namespace depcalc::desktop {
+
+/// Presses and releases go to the model, which shows the pressed picture; nothing of the
+/// button's own logic is in use. An assistive tool's "press" is a click.
+class PictureButtonWidget : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  PictureButtonWidget(PictureButton& button, Surface& surface, QWidget* parent);
+
+  [[nodiscard]] QSize sizeHint() const override { return size(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+  void keyReleaseEvent(QKeyEvent* event) override { event->ignore(); }
+
+ private:
+  PictureButton& button_;
+  bool primary_;
+  ControlBinding binding_;
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,68 @@
+// What the widgets of one calculator share.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <unordered_map>
+
+#include "controls/user.h"
+#include "desktop/widgets/colours.h"
+#include "desktop/widgets/scale.h"
+
+class QWidget;
+
+namespace depcalc::desktop {
+
+/// The calculator's stage as the widgets see it. Whatever a user does to a widget goes through
+/// `act`, so that an error which no handler traps ends that one action, and paints that became
+/// due are delivered at the next idle moment.
+class Surface : public QObject {
+  Q_OBJECT
+
+ public:
+  Surface(Stage& stage, const Scale& scale, const Colours& colours);
+
+  [[nodiscard]] Stage& stage() const { return stage_; }
+  [[nodiscard]] const Scale& scale() const { return scale_; }
+  [[nodiscard]] const Colours& colours() const { return colours_; }
+  void setScale(const Scale& scale);
+  void setColours(const Colours& colours);
+
+  void act(const std::function<void(User&)>& action);
+  void paintAtIdle();
+
+  /// Moves the focus along the controls; the widget that gets it is told that it was by Tab.
+  void tab(bool backwards);
+  [[nodiscard]] Qt::FocusReason focusReason() const { return focus_reason_; }
+
+  /// The keys that mean the same wherever the focus is: Tab, F1, Escape, Alt with a letter.
+  /// Returns whether this was one of them.
+  bool handleKey(int key, Qt::KeyboardModifiers modifiers);
+
+  void add(const Control& control, QWidget& widget) { widgets_[&control] = &widget; }
+  void remove(const Control& control) { widgets_.erase(&control); }
+  [[nodiscard]] QWidget* widget(const Control& control) const;
+  /// The widget that takes the keys while no control has the focus.
+  void setRestingWidget(QWidget* widget) { resting_ = widget; }
+  [[nodiscard]] QWidget* restingWidget() const { return resting_; }
+
+ signals:
+  /// Scale or colours are others now.
+  void restyled();
+  /// This part of a control should be where the user can see it.
+  void attention(QWidget* widget, const QRect& part);
+
+ private:
+  bool press(Control* control);
+
+  Stage& stage_;
+  User user_;
+  Scale scale_;
+  Colours colours_;
+  bool paint_scheduled_ = false;
+  Qt::FocusReason focus_reason_ = Qt::OtherFocusReason;
+  std::unordered_map<const Control*, QWidget*> widgets_;
+  QWidget* resting_ = nullptr;
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,127 @@
+// The grid's widget: cells, keys, the mark, and a register at its capacity.
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableView>
+
+#include "tests/desktop/page_fixture.h"
+
+namespace depcalc::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct GridWidgetTest : PageTest {
+  QTableView& view() { return widget<QTableView>(screen.Table); }
+  void clickAt(int row, int column) {
+    const QRect cell = view().visualRect(view().model()->index(row, column));
+    QTest::mouseClick(view().viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+    QApplication::processEvents();
+  }
+  std::pair<int, int> current() { return {screen.Table.row(), screen.Table.column()}; }
+};
+
+TEST_F(GridWidgetTest, ShowsTheTextsOfTheGrid) {
+  screen.Table.setText(2, 1, "2,500.00");
+  EXPECT_EQ(view().model()->index(2, 1).data().toString(), "2,500.00");
+  screen.Table.setRows(9);
+  screen.Table.setColumns(7);
+  EXPECT_EQ(view().model()->rowCount(), 9);
+  EXPECT_EQ(view().model()->columnCount(), 7);
+}
+
+TEST_F(GridWidgetTest, SectionsAreAsWideAsTwipsSay) {
+  screen.Table.setColumnWidth(0, 1800);
+  screen.Table.setColumnWidth(2, 0);
+  screen.Table.setRowHeight(1, 450);
+  EXPECT_EQ(view().columnWidth(0), 120);
+  EXPECT_EQ(view().columnWidth(2), 0);
+  EXPECT_EQ(view().rowHeight(1), 30);
+  surface.setScale(desktop::Scale(96, 150));
+  EXPECT_EQ(view().columnWidth(0), 180);
+  EXPECT_EQ(view().rowHeight(1), 45);
+}
+
+TEST_F(GridWidgetTest, AClickMakesTheCellCurrentAndClicksIt) {
+  clickAt(2, 1);
+  EXPECT_EQ(current(), std::pair(2, 1));
+  EXPECT_TRUE(screen.Table.hasFocus());
+  EXPECT_THAT(screen.said, ElementsAre("cell"));
+}
+
+TEST_F(GridWidgetTest, ArrowsEnterHomeAndEndRaiseTheSameClick) {
+  clickAt(1, 1);
+  screen.said.clear();
+  key(Qt::Key_Down);
+  EXPECT_EQ(current(), std::pair(2, 1));
+  key(Qt::Key_Right);
+  key(Qt::Key_Return);
+  EXPECT_EQ(current(), std::pair(2, 2));
+  key(Qt::Key_Home);
+  EXPECT_EQ(current(), std::pair(2, 1));
+  key(Qt::Key_End);
+  EXPECT_EQ(current(), std::pair(2, 2));
+  EXPECT_THAT(screen.said, ElementsAre("cell", "cell", "cell", "cell", "cell"));
+  key(Qt::Key_Right);
+  EXPECT_EQ(screen.said.size(), 5U) << "there is nothing further right";
+}
+
+TEST_F(GridWidgetTest, TheFirstArrowGoesToTheFirstControl) {
+  screen.NameText.hide();
+  screen.AmountText.hide();
+  screen.KindList.hide();
+  screen.FirstOption.hide();
+  screen.SecondOption.hide();
+  page.setFocus();
+  key(Qt::Key_Right);
+  EXPECT_TRUE(screen.Table.hasFocus());
+  key(Qt::Key_Right);
+  EXPECT_EQ(current(), std::pair(0, 1));
+}
+
+TEST_F(GridWidgetTest, MarksTheColumnOfTheCurrentCell) {
+  screen.Table.setColumn(2);
+  const QRect cell = view().visualRect(view().model()->index(1, 2));
+  const QImage drawn = view().viewport()->grab().toImage();
+  EXPECT_EQ(drawn.pixelColor(cell.center()), surface.colours().selection());
+  const QRect other = view().visualRect(view().model()->index(1, 1));
+  EXPECT_EQ(drawn.pixelColor(other.center()), surface.colours().base());
+}
+
+TEST_F(GridWidgetTest, AFullRegisterScrollsInMilliseconds) {
+  constexpr int columns = 32767;
+  constexpr int rows = 73;
+  screen.Table.setRedraw(false);
+  screen.Table.setRows(rows);
+  screen.Table.setColumns(columns);
+  for (int column = 0; column < columns; ++column) screen.Table.setColumnWidth(column, 1200);
+  screen.Table.setText(5, columns - 1, "last");
+  const int width = columns * 1200 + 60;
+  const int height = rows * 450 + 45;
+  screen.Table.setMinimumRowHeight(450);
+  screen.Table.setPlace({0, 0, width, height});
+  screen.setPlace({0, 0, width, height});
+  root.setPlace({0, 0, width, height});
+  QElapsedTimer timer;
+  timer.start();
+  screen.Table.setRedraw(true);
+  QApplication::processEvents();
+  EXPECT_LT(timer.elapsed(), 2000) << "to lay out";
+  QScrollBar& bar = *page.horizontalScrollBar();
+  EXPECT_EQ(view().width(), columns * 80 + 4);
+  timer.restart();
+  for (int step = 1; step <= 100; ++step) {
+    bar.setValue(bar.maximum() / 100 * step);
+    QApplication::processEvents();
+  }
+  EXPECT_LT(timer.elapsed() / 100, 100) << "a step";
+  timer.restart();
+  screen.Table.SetFocus();
+  key(Qt::Key_End);
+  EXPECT_EQ(screen.Table.column(), columns - 1);
+  EXPECT_LT(timer.elapsed(), 500) << "to select the last column";
+  EXPECT_GT(bar.value(), bar.maximum() - 200) << "and show it";
+}
+
+}  // namespace
+}  // namespace depcalc::testing

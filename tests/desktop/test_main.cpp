@@ -1,0 +1,19 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <clocale>
+
+#include "desktop/widgets/accessible_controls.h"
+
+extern "C" const char* __lsan_default_suppressions();
+/// Fonts that the font library keeps to the end of the process.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig\n"; }
+
+int main(int argc, char** argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  ::testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  depcalc::desktop::installAccessibleControls();
+  return RUN_ALL_TESTS();
+}
