@@ -13,11 +13,11 @@ class FailingFields final : public HostFields {
       : inner_(std::move(inner)), plan_(std::move(plan)) {}
 
   [[nodiscard]] StoredValue GetValue(std::string_view name) const override {
-    plan_->count();
+    plan_->read();
     return inner_->Fields().GetValue(name);
   }
   void SetValue(std::string_view name, StoredValue value) override {
-    plan_->count();
+    plan_->change();
     inner_->Fields().SetValue(name, std::move(value));
   }
   [[nodiscard]] std::vector<std::string> names() const override { return inner_->Fields().names(); }
@@ -32,18 +32,18 @@ class FailingRecord final : public HostRecord {
   FailingRecord(std::shared_ptr<HostRecord> inner, Plan plan)
       : inner_(inner), plan_(plan), fields_(std::move(inner), std::move(plan)) {}
 
-  int BeginEdit() override { return counted().BeginEdit(); }
-  void Modified(bool changed) override { counted().Modified(changed); }
-  void Commit() override { counted().Commit(); }
-  void Delete() override { counted().Delete(); }
+  int BeginEdit() override { return changing().BeginEdit(); }
+  void Modified(bool changed) override { changing().Modified(changed); }
+  void Commit() override { changing().Commit(); }
+  void Delete() override { changing().Delete(); }
   HostFields& Fields() override {
-    plan_->count();
+    plan_->read();
     return fields_;
   }
 
  private:
-  HostRecord& counted() {
-    plan_->count();
+  HostRecord& changing() {
+    plan_->change();
     return *inner_;
   }
 
@@ -63,12 +63,13 @@ class FailingTable final : public HostTable {
     return wrapped(counted().Item(index));
   }
   std::shared_ptr<HostRecord> Add(std::int16_t index) override {
-    return wrapped(counted().Add(index));
+    plan_->change();
+    return wrapped(inner_->Add(index));
   }
 
  private:
   [[nodiscard]] HostTable& counted() const {
-    plan_->count();
+    plan_->read();
     return *inner_;
   }
   [[nodiscard]] std::shared_ptr<HostRecord> wrapped(std::shared_ptr<HostRecord> record) const {
@@ -98,7 +99,7 @@ class FailingCompanyFile final : public HostCompanyFile {
 
  private:
   [[nodiscard]] HostCompanyFile& counted() const {
-    plan_->count();
+    plan_->read();
     return *inner_;
   }
 
@@ -122,7 +123,7 @@ class FailingApplication final : public HostApplication {
 
  private:
   [[nodiscard]] HostApplication& counted() const {
-    plan_->count();
+    plan_->read();
     return *inner_;
   }
 

@@ -30,7 +30,7 @@ HostKind memoryKind(std::string name, MemoryCompanyFile::Units units, bool behin
           [=](Date fiscal_year_start) {
             return std::make_unique<MemoryTestHost>(fiscal_year_start, units, behind_failing);
           },
-          units == MemoryCompanyFile::Units::offered};
+          units == MemoryCompanyFile::Units::offered, behind_failing};
 }
 
 }  // namespace

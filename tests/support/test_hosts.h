@@ -27,6 +27,7 @@ struct HostKind {
   std::string name;
   std::function<std::unique_ptr<TestHost>(Date fiscal_year_start)> make;
   bool has_units = false;
+  bool is_failing = false;  ///< wrapped by a failing host that does not fail
 
   friend void PrintTo(const HostKind& kind, std::ostream* out) { *out << kind.name; }
 };
