@@ -1,0 +1,77 @@
+// A container with stand-in screens on a host in memory.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "DepCalc/dep_calc_cont.h"
+#include "common/report_error.h"
+#include "controls/user.h"
+#include "host/memory/memory_host.h"
+#include "tests/support/scripted_site.h"
+#include "tests/support/stand_in_screens.h"
+
+namespace depcalc::testing {
+
+struct ContainerFixture : ::testing::Test {
+  /// Opens the company file and starts the calculator.
+  void start() {
+    application->open(file);
+    container.DepCalcCont_Initialize();
+    stage.pumpPaint();
+    trace.take();
+  }
+
+  /// Writes an asset as the entry form would, and shows the register.
+  void saveAsset(const std::string& id) {
+    container.NewRecord();
+    CalculateDep& record = *container.CurrentRecord();
+    record.AssetID(id);
+    record.AssetStartDate(Date::strict(2020, 3, 15));
+    record.FYEnd(Date::strict(2020, 12, 31));
+    record.AssetBasis(Currency::fromText("1000"));
+    record.AssetSalvage(Currency::fromText("100"));
+    record.DepRecovery(5);
+    record.DepConvention("1");
+    record.DepMethod("SL");
+    record.StraightLine();
+    screens.ctl->events.ButtonClick("Save");
+    loadRegister();
+  }
+
+  /// What the register does when it is shown.
+  CalculateDepArray loadRegister() {
+    CalculateDepArray all(2);
+    std::int16_t start = 0;
+    double years = 0;
+    std::int16_t assets = 0;
+    screens.view->events.GetCalcDepAll(all, start, years, assets);
+    return all;
+  }
+
+  std::shared_ptr<HostTable> table() { return file->OpenTable("ZEM:DepCalc"); }
+
+  std::vector<std::string> takeReports() { return std::exchange(reports, {}); }
+
+  std::vector<std::string> reports;
+  ErrorReportHook hook{[this](std::string_view report) { reports.emplace_back(report); }};
+  ScriptedSite site;
+  TraceLines trace;
+  Stage stage{site, &trace};
+  User user{stage};
+  std::shared_ptr<MemoryApplication> application =
+      std::make_shared<MemoryApplication>("/books/start");
+  std::shared_ptr<MemoryCompanyFile> file =
+      std::make_shared<MemoryCompanyFile>(Date::strict(2024, 4, 1));
+  std::optional<std::string> executable = "/usr/bin/something";
+  StandInScreens screens;
+  std::function<std::shared_ptr<HostApplication>()> create_host = [this] { return application; };
+  DepCalcCont container{stage, screens, [this] { return create_host(); },
+                        [this] { return executable; }};
+};
+
+}  // namespace depcalc::testing
