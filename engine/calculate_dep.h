@@ -94,6 +94,8 @@ class CalculateDep {
   /// DepRecovery + 1 first (halves to even), keeping those that fit.
   [[nodiscard]] Currency DepItem(std::int16_t myIndex);
   void DepItem(std::int16_t myIndex, Currency value);
+  /// The amounts as they stand, resized by nobody. For tools that only look.
+  [[nodiscard]] const std::vector<Currency>& depItems() const { return dep_items_; }
 
   /// Whether `depVal`, taken after `accDep` has been taken, would carry the asset below its
   /// salvage value; exactly down to it would not.

@@ -1,0 +1,222 @@
+#include "tests/drive/driver.h"
+
+#include <array>
+#include <charconv>
+#include <utility>
+
+#include "tests/drive/drive_text.h"
+
+namespace depcalc::drive {
+namespace {
+
+/// The first word, taken off `rest` with the one blank behind it.
+std::string_view takeWord(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find(' '), rest.size());
+  const std::string_view word = rest.substr(0, end);
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return word;
+}
+
+int takeNumber(std::string_view& rest) {
+  const std::string_view word = takeWord(rest);
+  int number = 0;
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+  if (error != std::errc() || end != word.data() + word.size()) {
+    throw ScriptError("'" + std::string(word) + "' is no number");
+  }
+  return number;
+}
+
+template <typename Value, std::size_t Count>
+Value named(const std::array<std::pair<std::string_view, Value>, Count>& values,
+            std::string_view name) {
+  for (const auto& [known, value] : values) {
+    if (known == name) return value;
+  }
+  throw ScriptError("'" + std::string(name) + "' is not known here");
+}
+
+template <typename Value>
+using Named = std::pair<std::string_view, Value>;
+
+constexpr std::array answers = {Named<BoxAnswer>{"Yes", BoxAnswer::yes},
+                                Named<BoxAnswer>{"No", BoxAnswer::no},
+                                Named<BoxAnswer>{"Cancel", BoxAnswer::cancel}};
+constexpr std::array keys = {Named<char32_t>{"Backspace", 8}, Named<char32_t>{"Return", 13},
+                             Named<char32_t>{"Escape", 27}};
+constexpr std::array arrows = {
+    Named<Direction>{"Left", Direction::left}, Named<Direction>{"Right", Direction::right},
+    Named<Direction>{"Up", Direction::up}, Named<Direction>{"Down", Direction::down}};
+constexpr std::array<std::string_view, 2> popups = {"DepCalcPopup1", "DepCalcPopup2"};
+
+}  // namespace
+
+Driver::Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out,
+               const DriveOptions& options)
+    : host_(host),
+      out_(out),
+      options_(options),
+      site_(out, options.today),
+      container_(stage_, screens, [&host] { return host.application(); }) {}
+
+void Driver::run(std::string_view line) {
+  if (line.empty() || line.front() == '#') return;
+  const std::string command(takeWord(line));
+  try {
+    act(command, line);
+    if (!options_.manual_paint) stage_.pumpPaint();
+  } catch (const RuntimeError& error) {
+    out_ << "error #" << error.number() << ": " << error.description() << '\n';
+  }
+}
+
+void Driver::act(const std::string& command, std::string_view rest) {
+  const bool known = actOnHost(command, rest) || actByKeyboard(command, rest) ||
+                     actByMouse(command, rest) || look(command, rest);
+  if (!known) throw ScriptError("'" + command + "' is no command");
+}
+
+bool Driver::actOnHost(const std::string& command, std::string_view rest) {
+  if (command == "start") {
+    container_.DepCalcCont_Initialize();
+  } else if (command == "answer") {
+    site_.queueAnswer(named(answers, rest));
+  } else if (command == "idle") {
+    stage_.pumpPaint();
+  } else if (command == "expose") {
+    stage_.expose();
+  } else if (command == "leave") {
+    user_.leave();
+  } else if (command == "mode") {
+    host_.setMultiUser(
+        named(std::array{Named<bool>{"single", false}, Named<bool>{"multi", true}}, rest));
+  } else if (command == "printer") {
+    site_.setHasPrinter(
+        named(std::array{Named<bool>{"on", true}, Named<bool>{"off", false}}, rest));
+  } else if (command == "company" && rest == "close") {
+    host_.close();
+  } else if (command == "company" && takeWord(rest) == "open") {
+    host_.open(std::string(rest));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool Driver::actByKeyboard(const std::string& command, std::string_view rest) {
+  if (command == "focus") {
+    user_.moveFocus(controlOf<InputControl>(rest));
+  } else if (command == "type") {
+    user_.type(rest);
+  } else if (command == "paste") {
+    user_.paste(std::string(rest));
+  } else if (command == "clear") {
+    user_.clear();
+  } else if (command == "key") {
+    pressKey(rest);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Driver::pressKey(std::string_view name) {
+  if (name == "Tab" || name == "Shift+Tab") return user_.tab(name != "Tab");
+  for (const auto& [key, direction] : arrows) {
+    if (key == name) return user_.arrow(direction);
+  }
+  user_.typeKey(named(keys, name));
+}
+
+bool Driver::actByMouse(const std::string& command, std::string_view rest) {
+  if (command == "choose") {
+    choose(rest);
+  } else if (command == "click") {
+    user_.click(control(rest));
+  } else if (command == "press") {
+    user_.mouseDown(control(rest));
+  } else if (command == "release") {
+    user_.mouseUp(rest.empty() ? nullptr : &control(rest));
+  } else if (command == "cell") {
+    clickCell(rest);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Driver::choose(std::string_view rest) {
+  auto& list = controlOf<DropDownList>(takeWord(rest));
+  for (int index = 0; index < list.count(); ++index) {
+    if (list.items()[static_cast<std::size_t>(index)] == rest) return user_.chooseItem(list, index);
+  }
+  throw ScriptError(list.name() + " has no item '" + std::string(rest) + "'");
+}
+
+void Driver::clickCell(std::string_view rest) {
+  auto& grid = controlOf<Grid>(takeWord(rest));
+  const int row = takeNumber(rest);
+  const int column = takeNumber(rest);
+  user_.clickCell(grid, row, column);
+}
+
+bool Driver::look(const std::string& command, std::string_view rest) {
+  if (command == "show") {
+    if (container_.visibleScreen() != nullptr) printScreen(out_, *container_.visibleScreen());
+  } else if (command == "grid") {
+    printGrid(out_, controlOf<Grid>(rest));
+  } else if (command == "record") {
+    if (container_.CurrentRecord() != nullptr) printRecord(out_, *container_.CurrentRecord());
+  } else if (command == "table") {
+    const auto file = host_.application()->CompanyFile();
+    if (file == nullptr) throw ScriptError("no company file is open");
+    printTable(out_, *file->OpenTable("ZEM:DepCalc"));
+  } else if (command == "popups") {
+    printPopups();
+  } else if (command == "pages") {
+    printPages(out_, site_.recorder().pages());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Driver::printPopups() {
+  for (const std::string_view name : popups) {
+    const auto& popup = static_cast<const UserControl&>(*container_.child(name));
+    if (popup.isShown()) printScreen(out_, popup);
+  }
+}
+
+const UserControl& Driver::visibleScreen() const {
+  if (container_.visibleScreen() == nullptr) throw ScriptError("no screen is shown");
+  return *container_.visibleScreen();
+}
+
+/// Takes "DepCalcPopup1." off a name and answers the popup, or the visible screen.
+const UserControl& Driver::screenFor(std::string_view& name) const {
+  for (const std::string_view popup : popups) {
+    if (!name.starts_with(popup) || name.substr(popup.size(), 1) != ".") continue;
+    name.remove_prefix(popup.size() + 1);
+    return static_cast<const UserControl&>(*container_.child(popup));
+  }
+  return visibleScreen();
+}
+
+Control& Driver::control(std::string_view name) const {
+  std::string_view own_name = name;
+  Control* const found = screenFor(own_name).child(own_name);
+  if (found == nullptr || !found->isShown()) {
+    throw ScriptError("'" + std::string(name) + "' is not shown");
+  }
+  return *found;
+}
+
+template <typename Kind>
+Kind& Driver::controlOf(std::string_view name) const {
+  auto* const found = dynamic_cast<Kind*>(&control(name));
+  if (found == nullptr) throw ScriptError("'" + std::string(name) + "' cannot do that");
+  return *found;
+}
+
+}  // namespace depcalc::drive

@@ -1,0 +1,75 @@
+// A calculator driven by commands, one a line.
+#pragma once
+
+#include <memory>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "DepCalc/dep_calc_cont.h"
+#include "controls/user.h"
+#include "tests/drive/drive_host.h"
+#include "tests/drive/drive_site.h"
+
+namespace depcalc::drive {
+
+/// A command that is none, or that names what is not there.
+class ScriptError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+struct DriveOptions {
+  Date today;
+  bool manual_paint = false;  ///< only `idle` delivers pending paints
+};
+
+/// start · answer Yes|No|Cancel · focus NAME · type TEXT · paste TEXT · clear · key NAME ·
+/// choose NAME ITEM · click NAME · press NAME · release [NAME] · cell NAME ROW COL · idle ·
+/// expose · leave · company close · company open FILE · mode single|multi · printer on|off ·
+/// show · grid NAME · record · table · popups · pages
+///
+/// A name is one of the visible screen's; DepCalcPopup1.NAME is one on a popup. Blank lines and
+/// lines that begin with # do nothing.
+class Driver {
+ public:
+  Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options);
+
+  /// Runs one command. Throws ScriptError, and Unanswered for a question without an answer. A
+  /// run-time error that no trap of the calculator caught is printed.
+  void run(std::string_view line);
+
+  /// Questions for which no answer is queued are put to `answer`.
+  void answerWith(DriveSite::Answerer answer) { site_.answerWith(std::move(answer)); }
+  [[nodiscard]] const DepCalcCont& container() const { return container_; }
+
+ private:
+  void act(const std::string& command, std::string_view rest);
+  bool actOnHost(const std::string& command, std::string_view rest);
+  bool actByKeyboard(const std::string& command, std::string_view rest);
+  bool actByMouse(const std::string& command, std::string_view rest);
+  bool look(const std::string& command, std::string_view rest);
+
+  void answer(std::string_view rest);
+  void pressKey(std::string_view name);
+  void choose(std::string_view rest);
+  void clickCell(std::string_view rest);
+  void printPopups();
+
+  [[nodiscard]] const UserControl& visibleScreen() const;
+  [[nodiscard]] const UserControl& screenFor(std::string_view& name) const;
+  [[nodiscard]] Control& control(std::string_view name) const;
+  template <typename Kind>
+  Kind& controlOf(std::string_view name) const;
+
+  DriveHost& host_;
+  std::ostream& out_;
+  DriveOptions options_;
+  DriveSite site_;
+  Stage stage_{site_, &site_};
+  User user_{stage_};
+  DepCalcCont container_;
+};
+
+}  // namespace depcalc::drive

@@ -1,0 +1,92 @@
+// Whatever a user does, what must always hold holds.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "DepCalc/calculator_screens.h"
+#include "tests/drive/box_catalogue.h"
+#include "tests/drive/memory_drive_host.h"
+#include "tests/drive/walker.h"
+#include "tests/support/allocation_count.h"
+
+namespace depcalc::drive {
+namespace {
+
+constexpr unsigned first_seed = 20240615;
+constexpr std::size_t actions_of_a_walk = 2000;
+constexpr int table_check_interval = 8;  // a copy of every value is made each time
+constexpr std::size_t most_bytes = 8 << 20;
+
+unsigned walks() { return std::getenv("DEPCALC_LONG") != nullptr ? 500 : 50; }
+
+bool inCatalogue(const std::string& box) {
+  return std::find(box_catalogue.begin(), box_catalogue.end(), box) != box_catalogue.end();
+}
+
+struct OpenHost : MemoryDriveHost {
+  OpenHost() : MemoryDriveHost(Date::strict(2024, 4, 1)) { open("walk.company"); }
+};
+
+/// The first thing that does not hold; "" when all holds.
+std::string wrongInOutput(const std::string& printed) {
+  std::istringstream lines(printed);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("error #")) return line;
+    const std::string box = boxOfLine(line);
+    if (!box.empty() && !inCatalogue(box)) return "not in the catalogue: " + box;
+  }
+  return {};
+}
+
+std::string wrongInViews(const DepCalcCont& container) {
+  int visible = 0;
+  for (const char* screen : {"DepCalcView1", "DepCalcCtl1", "DepCalcDisplayCtl1"}) {
+    visible += container.child(screen)->visible() ? 1 : 0;
+  }
+  return visible == 1 ? "" : std::to_string(visible) + " screens are visible";
+}
+
+std::string wrongInTable(DriveHost& host) {
+  const auto file = host.application()->CompanyFile();
+  if (file == nullptr) return {};
+  const auto table = file->OpenTable("ZEM:DepCalc");
+  for (int index = 0; index < table->Count(); ++index) {
+    const auto number = static_cast<std::int16_t>(index);
+    if (!table->Exists(number)) return "no record " + std::to_string(index);
+    const StoredValue own = table->Item(number)->Fields().GetValue("RecIndex");
+    if (index > 0 && own != StoredValue::integer(number)) {
+      return "record " + std::to_string(index) + " has " + own.asText();
+    }
+  }
+  return {};
+}
+
+void walk(unsigned seed) {
+  OpenHost host;
+  CalculatorScreens screens;
+  Walker walker(seed, host, screens, {Date::strict(2024, 6, 15)});
+  const std::size_t before = testing::liveBytes();
+  for (int step = 0; walker.commands() < actions_of_a_walk; ++step) {
+    const std::string printed = walker.step();
+    const std::string wrong =
+        wrongInOutput(printed) + wrongInViews(walker.driver().container()) +
+        (step % table_check_interval == 0 ? wrongInTable(host) : std::string());
+    ASSERT_EQ(wrong, "") << "seed " << seed << ", after\n" << walker.script();
+    ASSERT_LT(testing::liveBytes(), before + most_bytes) << "seed " << seed;
+  }
+}
+
+TEST(RandomWalk, KeepsWhatMustAlwaysHold) {
+  std::size_t kept = 0;
+  for (unsigned i = 0; i < walks(); ++i) {
+    walk(first_seed + i);
+    if (::testing::Test::HasFatalFailure()) return;
+    if (i == 0) kept = testing::liveBytes();
+  }
+  EXPECT_LE(testing::liveBytes(), kept + 1024) << "a calculator that is gone leaves nothing";
+}
+
+}  // namespace
+}  // namespace depcalc::drive
