@@ -3,7 +3,7 @@
 #pragma once
 
 #include <array>
-#include <cmath>
+#include <bit>
 #include <cstdint>
 
 namespace depcalc::bench {
@@ -24,10 +24,13 @@ struct BareSchedules {
   std::int64_t rate;
 };
 
-inline std::int64_t ticks(double x) { return static_cast<std::int64_t>(std::nearbyint(x * 1e4)); }
-inline std::int64_t cents(double x) {
-  return static_cast<std::int64_t>(std::nearbyint(x * 1e2)) * 100;
+/// Rounds by leaving no room for a fraction; the bits then count in whole numbers.
+inline std::int64_t nearest(double x) {
+  constexpr double shift = 6755399441055744.0;
+  return std::bit_cast<std::int64_t>(x + shift) - std::bit_cast<std::int64_t>(shift);
 }
+inline std::int64_t ticks(double x) { return nearest(x * 1e4); }
+inline std::int64_t cents(double x) { return nearest(x * 1e2) * 100; }
 
 inline void bareStraightLine(const BareAsset& a, std::array<std::int64_t, 53>& out) {
   const std::int64_t base = a.basis - a.salvage;
