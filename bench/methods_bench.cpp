@@ -60,12 +60,19 @@ void countAssets(benchmark::State& state) {
 
 void fourMethods(benchmark::State& state) {
   const auto assets = someAssets(state);
+  std::vector<Currency> straight_line;
+  std::vector<Currency> sum_of_years_digits;
+  std::vector<Currency> double_declining_balance;
   for (auto _ : state) {
     for (const auto& asset : assets) {
-      benchmark::DoNotOptimize(asset->StraightLine());
-      benchmark::DoNotOptimize(asset->SumofYearsDigits());
-      benchmark::DoNotOptimize(asset->DoubleDecliningBalance());
+      asset->StraightLine(straight_line);
+      asset->SumofYearsDigits(sum_of_years_digits);
+      asset->DoubleDecliningBalance(double_declining_balance);
+      benchmark::DoNotOptimize(straight_line.data());
+      benchmark::DoNotOptimize(sum_of_years_digits.data());
+      benchmark::DoNotOptimize(double_declining_balance.data());
       benchmark::DoNotOptimize(asset->UnitsofProduction());
+      benchmark::ClobberMemory();
     }
   }
   countAssets(state);

@@ -88,9 +88,13 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
     if (!all_good) return false;
     writer.begin();
     CalculateDep asset;
+    Schedules schedules;
     Outcome outcome = reader.next(asset);
     while (outcome != Outcome::end && outcome != Outcome::unreadable) {
-      if (outcome == Outcome::asset) writer.write(asset, calculateSchedules(asset));
+      if (outcome == Outcome::asset) {
+        calculateSchedules(asset, schedules);
+        writer.write(asset, schedules);
+      }
       if (outcome == Outcome::problems) all_good = false;
       report(reader.problems(), surroundings.errors);
       if (surroundings.out.failed()) return all_good;

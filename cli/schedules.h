@@ -18,7 +18,8 @@ struct Schedules {
   Currency rate;  ///< per unit of production
 };
 
-/// Calculates `asset` by every method, in the order in which the comparison does.
-Schedules calculateSchedules(CalculateDep& asset);
+/// Calculates `asset` by every method, in the order in which the comparison does. The storage of
+/// `schedules` is used again.
+void calculateSchedules(CalculateDep& asset, Schedules& schedules);
 
 }  // namespace depcalc

@@ -83,28 +83,45 @@ void CalculateDep::computeFirstFiscalYear() {
   first_year_fraction_ = firstYearFraction(convention_, depreciation_start_, first_year_end_);
 }
 
-std::vector<Currency> CalculateDep::schedule(std::string_view procedure, Rule rule,
-                                             bool from_first_year) {
+void CalculateDep::schedule(std::string_view procedure, Rule rule, bool from_first_year,
+                            std::vector<Currency>& result) {
   recreateDepItems();
-  std::vector<Currency> result;
+  result.clear();
   trapped(procedure, [&] {
     if (from_first_year) computeFirstFiscalYear();
     rule(scheduleInput(), Amounts(dep_items_));
     result = dep_items_;
   });
-  return result;
+}
+
+void CalculateDep::StraightLine(std::vector<Currency>& result) {
+  schedule("DepCalc::CalcDepSL", straightLine, true, result);
+}
+
+void CalculateDep::SumofYearsDigits(std::vector<Currency>& result) {
+  schedule("DepCalc::CalcDepSYD", sumOfYearsDigits, false, result);
+}
+
+void CalculateDep::DoubleDecliningBalance(std::vector<Currency>& result) {
+  schedule("DepCalc::CalcDepDDB", doubleDecliningBalance, false, result);
 }
 
 std::vector<Currency> CalculateDep::StraightLine() {
-  return schedule("DepCalc::CalcDepSL", straightLine, true);
+  std::vector<Currency> result;
+  StraightLine(result);
+  return result;
 }
 
 std::vector<Currency> CalculateDep::SumofYearsDigits() {
-  return schedule("DepCalc::CalcDepSYD", sumOfYearsDigits, false);
+  std::vector<Currency> result;
+  SumofYearsDigits(result);
+  return result;
 }
 
 std::vector<Currency> CalculateDep::DoubleDecliningBalance() {
-  return schedule("DepCalc::CalcDepDDB", doubleDecliningBalance, false);
+  std::vector<Currency> result;
+  DoubleDecliningBalance(result);
+  return result;
 }
 
 Currency CalculateDep::UnitsofProduction() {

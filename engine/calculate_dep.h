@@ -111,6 +111,11 @@ class CalculateDep {
   std::vector<Currency> SumofYearsDigits();
   std::vector<Currency> DoubleDecliningBalance();
 
+  /// The same into storage of the caller's, for one asset after the other.
+  void StraightLine(std::vector<Currency>& result);
+  void SumofYearsDigits(std::vector<Currency>& result);
+  void DoubleDecliningBalance(std::vector<Currency>& result);
+
   /// The rate per unit of production, also stored as DepItem(0). 0 when there is no capacity, or
   /// on an error (also when no amounts were ever allocated).
   Currency UnitsofProduction();
@@ -121,7 +126,8 @@ class CalculateDep {
   void computeFirstFiscalYear();
   [[nodiscard]] ScheduleInput scheduleInput() const;
   using Rule = void (*)(const ScheduleInput&, Amounts);
-  std::vector<Currency> schedule(std::string_view procedure, Rule rule, bool from_first_year);
+  void schedule(std::string_view procedure, Rule rule, bool from_first_year,
+                std::vector<Currency>& result);
 
   Date first_year_end_;
   Date first_year_start_;
