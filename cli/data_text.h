@@ -9,7 +9,4 @@ namespace depcalc {
 /// As a field of a CSV row: between quotes where it holds a comma, a quote or a line end.
 std::string csvField(std::string_view text);
 
-/// As a JSON string, quotes included. `text` is UTF-8.
-std::string jsonString(std::string_view text);
-
 }  // namespace depcalc

@@ -1,8 +1,8 @@
 #include <string>
 #include <utility>
 
-#include "cli/data_text.h"
 #include "cli/schedule_writer.h"
+#include "values/json_text.h"
 
 namespace depcalc {
 namespace {

@@ -1,6 +1,8 @@
 #include "values/number_text.h"
 
+#include <array>
 #include <charconv>
+#include <cmath>
 
 #include "values/decimal_digits.h"
 #include "values/plain_decimal.h"
@@ -79,6 +81,14 @@ std::string numberToText(double value, const Locale& locale) {
   const std::string text = fixed ? fixedText(number, locale.decimal_point)
                                  : scientificText(number, locale.decimal_point);
   return number.negative ? "-" + text : text;
+}
+
+std::string exactNumberText(double value) {
+  if (!std::isfinite(value)) throw RuntimeError::overflow();
+  std::array<char, 32> text;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific);
+  return {text.data(), end.ptr};
 }
 
 }  // namespace depcalc

@@ -27,4 +27,8 @@ std::optional<double> tryNumberFromText(std::string_view text,
 /// Not finite: error 6.
 std::string numberToText(double value, const Locale& locale = Locale::enUs());
 
+/// The shortest text with an exponent that reads back as exactly this number: 5e+00, 1e-01. The
+/// form of data files. Not finite: error 6.
+std::string exactNumberText(double value);
+
 }  // namespace depcalc

@@ -4,6 +4,8 @@
 
 #include "host/failing/failing_host.h"
 #include "host/memory/memory_host.h"
+#include "host/sqlite/company_file.h"
+#include "tests/support/temporary_directory.h"
 
 namespace depcalc::testing_support {
 namespace {
@@ -25,6 +27,38 @@ class MemoryTestHost final : public TestHost {
   std::shared_ptr<HostCompanyFile> file_;
 };
 
+class SqliteTestHost final : public TestHost {
+ public:
+  explicit SqliteTestHost(Date fiscal_year_start) : today_(fiscal_year_start) {
+    file_ = opened(SqliteCompanyFile::create(
+        path(), {.name = "Test", .first_month = fiscal_year_start.month()}, options()));
+  }
+
+  std::shared_ptr<HostCompanyFile> file() override { return file_; }
+  void close() override { file_->close(); }
+  void reopen() override { file_ = opened(SqliteCompanyFile::open(path(), options())); }
+  void fiscalYearStart(Date first_day) override {
+    today_ = first_day;
+    CompanyInfo info = file_->info();
+    info.first_month = first_day.month();
+    file_->info(info);
+  }
+
+ private:
+  [[nodiscard]] std::string path() const { return directory_.path() + "/test.company"; }
+  [[nodiscard]] SqliteCompanyFile::Options options() const {
+    return {.today = [this] { return today_; }, .writable = true, .vfs = ""};
+  }
+  static std::shared_ptr<SqliteCompanyFile> opened(const SqliteCompanyFile::Opened& answer) {
+    if (const auto* trouble = std::get_if<FileTrouble>(&answer)) throw FileTrouble(*trouble);
+    return std::get<std::shared_ptr<SqliteCompanyFile>>(answer);
+  }
+
+  Date today_;
+  TemporaryDirectory directory_;
+  std::shared_ptr<SqliteCompanyFile> file_;
+};
+
 HostKind memoryKind(std::string name, MemoryCompanyFile::Units units, bool behind_failing) {
   return {std::move(name),
           [=](Date fiscal_year_start) {
@@ -42,6 +76,7 @@ const std::vector<HostKind>& hostKinds() {
       memoryKind("memory with units", Units::offered, false),
       memoryKind("memory behind failing", Units::none, true),
       memoryKind("memory with units behind failing", Units::offered, true),
+      {"sqlite", [](Date start) { return std::make_unique<SqliteTestHost>(start); }, true, false},
   };
   return kinds;
 }

@@ -32,8 +32,8 @@ struct HostKind {
   friend void PrintTo(const HostKind& kind, std::ostream* out) { *out << kind.name; }
 };
 
-/// Every kind of host: memory with and without units of work, and behind a failing host that
-/// does not fail.
+/// Every kind of host: memory with and without units of work, alone and behind a failing host
+/// that does not fail, and company files.
 const std::vector<HostKind>& hostKinds();
 /// Those with units of work.
 std::vector<HostKind> hostKindsWithUnits();

@@ -262,5 +262,17 @@ TEST(DisplayFormat, ShowsAmountsExactly) {
   EXPECT_EQ(formatMoney(Currency::fromTicks(INT64_MAX)), "922,337,203,685,477.58");
 }
 
+TEST(ExactNumberText, ReadsBackAsTheSameNumber) {
+  EXPECT_EQ(exactNumberText(5), "5e+00");
+  EXPECT_EQ(exactNumberText(-0.1), "-1e-01");
+  EXPECT_EQ(exactNumberText(0), "0e+00");
+  for (const double value : {1.0 / 3, -0.0, 7.5, 1e22, std::numeric_limits<double>::max(),
+                             std::numeric_limits<double>::denorm_min()}) {
+    const double read = numberFromText(exactNumberText(value));
+    EXPECT_EQ(read, value);
+    EXPECT_EQ(std::signbit(read), std::signbit(value));
+  }
+}
+
 }  // namespace
 }  // namespace depcalc

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "values/json_text.h"
+
 namespace depcalc {
 namespace {
 
@@ -35,6 +37,13 @@ TEST(Text, IgnoresTheCaseOfLatinLettersOnly) {
 TEST(Text, TrimsBlanksAtTheEnds) {
   EXPECT_EQ(trimmed("\t a b  "), "a b");
   EXPECT_EQ(trimmed("  "), "");
+}
+
+TEST(JsonText, EscapesWhatJsonCannotHold) {
+  EXPECT_EQ(jsonString("plain \xC3\xA9"), "\"plain \xC3\xA9\"");
+  EXPECT_EQ(jsonString("a\"b\\c\nd\te"), "\"a\\\"b\\\\c\\nd\\u0009e\"");
+  EXPECT_EQ(jsonString(std::string("\0", 1)), "\"\\u0000\"");
+  EXPECT_EQ(jsonString(""), "\"\"");
 }
 
 }  // namespace

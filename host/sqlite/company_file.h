@@ -1,0 +1,76 @@
+// Company files: one SQLite file each.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "host/host.h"
+#include "host/listeners.h"
+#include "host/sqlite/company_info.h"
+#include "host/sqlite/file_trouble.h"
+
+namespace depcalc {
+
+class CompanyContents;
+
+/// A company file, open and locked against every other program until it is closed.
+///
+/// What is committed is on the disk when Commit returns or, inside a unit of work, when the unit
+/// ends. A write that fails leaves the file as it was before; the tables then hold what the file
+/// holds, the error (57, 61, 75) goes to the caller, and `takeTrouble` has it in full.
+/// docs/company-file.md describes the file itself.
+class SqliteCompanyFile final : public HostCompanyFile {
+ public:
+  struct Options {
+    std::function<Date()> today;  ///< the current fiscal year follows from it
+    bool writable = true;         ///< false: a file that cannot be written is opened all the same
+    std::string vfs;              ///< SQLite's file system layer; "" is the usual one
+  };
+  using Opened = std::variant<std::shared_ptr<SqliteCompanyFile>, FileTrouble>;
+
+  /// Makes a company file and opens it. A file that is there is left alone, and a file that
+  /// cannot be finished does not appear.
+  static Opened create(const std::string& path, const CompanyInfo& info, const Options& options);
+
+  /// Opens a company file and checks all of it: the header, the structure, every record against
+  /// its digest. Nothing of a damaged file is believed.
+  static Opened open(const std::string& path, const Options& options);
+
+  ~SqliteCompanyFile() override;
+
+  std::shared_ptr<HostTable> OpenTable(std::string_view name) override;
+  /// The first day of the company's first month, this year or last, on or before today.
+  [[nodiscard]] Date FiscalYearStart() const override;
+  [[nodiscard]] bool IsMultiUser() const override;
+  [[nodiscard]] std::shared_ptr<const HostPicture> PalettePicture() const override;
+  [[nodiscard]] HostUnitOfWork* unitOfWork() override;
+  void advise(HostCompanyFileEvents& listener) override { listeners_.add(listener); }
+  void unadvise(HostCompanyFileEvents& listener) override { listeners_.remove(listener); }
+
+  /// Absolute and without symbolic links.
+  [[nodiscard]] const std::string& path() const { return path_; }
+  [[nodiscard]] const CompanyInfo& info() const;
+  /// Writes at once. A month that is none is error 5; what the disk says, like Commit.
+  void info(const CompanyInfo& info);
+
+  /// Why the last write failed, told once.
+  std::optional<FileTrouble> takeTrouble();
+
+  /// Raises CompanyFileClosing, then closes and gives the lock back.
+  void close();
+
+ private:
+  SqliteCompanyFile(std::string path, std::shared_ptr<CompanyContents> contents, Options options);
+
+  std::string path_;
+  std::shared_ptr<CompanyContents> contents_;
+  Options options_;
+  std::shared_ptr<const HostPicture> picture_;
+  Listeners<HostCompanyFileEvents> listeners_;
+};
+
+}  // namespace depcalc

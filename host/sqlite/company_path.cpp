@@ -1,0 +1,174 @@
+#include "host/sqlite/company_path.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <system_error>
+
+namespace depcalc {
+namespace {
+
+namespace fs = std::filesystem;
+using Kind = FileTrouble::Kind;
+
+std::string inWords(const std::error_code& error) { return error.message(); }
+
+std::string absolutePath(const std::string& path) {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(path, error);
+  return error ? path : absolute.lexically_normal().string();
+}
+
+using Header = std::array<unsigned char, 100>;
+
+std::uint32_t bigEndian(const Header& header, std::size_t at) {
+  return static_cast<std::uint32_t>(header[at]) << 24U |
+         static_cast<std::uint32_t>(header[at + 1]) << 16U |
+         static_cast<std::uint32_t>(header[at + 2]) << 8U | header[at + 3];
+}
+
+struct CloseFile {
+  void operator()(sqlite3_file* file) const {
+    if (file->pMethods != nullptr) file->pMethods->xClose(file);
+  }
+};
+
+/// The first bytes of the file; zeros where it is shorter.
+Header readHeader(const std::string& path, const std::string& vfs_name) {
+  sqlite3_initialize();
+  sqlite3_vfs* vfs = sqlite3_vfs_find(vfs_name.empty() ? nullptr : vfs_name.c_str());
+  const std::unique_ptr<const char, void (*)(const char*)> name(
+      sqlite3_create_filename(path.c_str(), "", "", 0, nullptr), sqlite3_free_filename);
+  const auto size = static_cast<std::size_t>(vfs->szOsFile);
+  const auto memory = std::make_unique<std::max_align_t[]>(size / sizeof(std::max_align_t) + 1);
+  const std::unique_ptr<sqlite3_file, CloseFile> file(
+      reinterpret_cast<sqlite3_file*>(memory.get()));
+  Header header{};
+  int code =
+      vfs->xOpen(vfs, name.get(), file.get(), SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB, nullptr);
+  if (code == SQLITE_OK) code = file->pMethods->xRead(file.get(), header.data(), header.size(), 0);
+  if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) {
+    throw FileTrouble(Kind::failed, path + " cannot be read. Its permissions must allow it.");
+  }
+  return header;
+}
+
+std::string programOf(int process) {
+  std::ifstream file("/proc/" + std::to_string(process) + "/comm");
+  std::string name;
+  std::getline(file, name);
+  return name;
+}
+
+/// The process of a line of /proc/locks that locks the file, 0 for other lines:
+/// "1: POSIX  ADVISORY  WRITE 1234 fe:00:12345 1073741824 1073742335".
+int processOf(const std::string& line, const std::string& file_id) {
+  std::istringstream words(line);
+  std::string number;
+  std::string kind;
+  std::string advisory;
+  std::string mode;
+  std::string process;
+  std::string file;
+  words >> number >> kind >> advisory >> mode >> process >> file;
+  int id = 0;
+  if (file == file_id) {
+    std::from_chars(process.data(), process.data() + process.size(), id);
+  }
+  return id;
+}
+
+std::string idInLocks(const struct stat& status) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  const auto hex = [&](unsigned number) {
+    return std::string{digits[(number >> 4U) & 0xFU], digits[number & 0xFU]};
+  };
+  return hex(major(status.st_dev)) + ":" + hex(minor(status.st_dev)) + ":" +
+         std::to_string(status.st_ino);
+}
+
+}  // namespace
+
+std::string resolvedCompanyPath(const std::string& path) {
+  std::error_code error;
+  const std::string shown = absolutePath(path);
+  const fs::path resolved = fs::canonical(path, error);
+  if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
+    throw FileTrouble(Kind::not_found, shown + " does not exist. Name a company file.");
+  }
+  if (error) throw FileTrouble(Kind::failed, shown + " cannot be read: " + inWords(error) + ".");
+  if (!fs::is_regular_file(resolved, error)) {
+    throw FileTrouble(Kind::not_a_company_file,
+                      shown + " is not a file. A company file is a regular file.");
+  }
+  return resolved.string();
+}
+
+std::string resolvedNewPath(const std::string& path) {
+  std::error_code error;
+  const fs::path shown = absolutePath(path);
+  const fs::path directory = fs::canonical(shown.parent_path(), error);
+  if (error) {
+    throw FileTrouble(Kind::not_found, shown.parent_path().string() + ": " + inWords(error) +
+                                           ". The directory of a new company file must exist.");
+  }
+  const fs::path resolved = directory / shown.filename();
+  if (shown.filename().empty() || fs::exists(fs::symlink_status(resolved, error))) {
+    throw FileTrouble(Kind::exists, shown.string() + " exists. Choose a name that is not taken.");
+  }
+  return resolved.string();
+}
+
+void requireCompanyHeader(const std::string& path, const std::string& vfs) {
+  const Header header = readHeader(path, vfs);
+  constexpr std::string_view magic("SQLite format 3\0", 16);
+  const std::string_view begin(reinterpret_cast<const char*>(header.data()), magic.size());
+  const std::uint32_t application = bigEndian(header, 68);
+  if (begin != magic || application != company_application_id) {
+    throw FileTrouble(Kind::not_a_company_file,
+                      path + " is not a company file. Company files are made by depcalc.");
+  }
+  const std::uint32_t format = bigEndian(header, 60);
+  if (format > company_format) {
+    throw FileTrouble(Kind::newer, path + " was written by a newer version of the program (form " +
+                                       std::to_string(format) + "; this one reads up to " +
+                                       std::to_string(company_format) + "). Use that version.");
+  }
+}
+
+void requireWritableDirectory(const std::string& path) {
+  const std::string directory = fs::path(path).parent_path().string();
+  if (::access(directory.c_str(), W_OK) == 0) return;
+  throw FileTrouble(Kind::read_only, path + " cannot be written: no file can be made in " +
+                                         directory + " (" + std::generic_category().message(errno) +
+                                         "). Both must be writable.");
+}
+
+std::string lockHolder(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return "";
+  const std::string file_id = idInLocks(status);
+  std::ifstream locks("/proc/locks");
+  std::string line;
+  while (std::getline(locks, line)) {
+    const int process = processOf(line, file_id);
+    if (process <= 0) continue;
+    if (process == ::getpid()) return " by this program";
+    const std::string program = programOf(process);
+    return program.empty() ? " by process " + std::to_string(process)
+                           : " by " + program + " (process " + std::to_string(process) + ")";
+  }
+  return "";
+}
+
+}  // namespace depcalc

@@ -1,0 +1,33 @@
+// Which file a path means, and a first look at it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "host/sqlite/file_trouble.h"
+
+namespace depcalc {
+
+/// Marks a SQLite file as a company file: the letters "DCcf".
+inline constexpr std::int64_t company_application_id = 0x44436366;
+/// The form of company files that this program writes, and the newest it reads.
+inline constexpr std::int64_t company_format = 1;
+
+/// `path` as an absolute path without symbolic links, of a regular file. Throws a FileTrouble.
+std::string resolvedCompanyPath(const std::string& path);
+
+/// The same for a file to be made: its directory exists, the file does not.
+std::string resolvedNewPath(const std::string& path);
+
+/// Throws a FileTrouble unless the file's first bytes are those of a company file of a form that
+/// can be read. Takes no lock and, done by SQLite's own means, drops none that this process has
+/// on the file.
+void requireCompanyHeader(const std::string& path, const std::string& vfs);
+
+/// Throws a FileTrouble unless files can be made beside `path`, as saving needs.
+void requireWritableDirectory(const std::string& path);
+
+/// Who holds the lock on the file, as " by NAME (process 123)"; "" when that cannot be told.
+std::string lockHolder(const std::string& path);
+
+}  // namespace depcalc

@@ -1,0 +1,71 @@
+#include "host/sqlite/company_schema.h"
+
+#include <array>
+#include <string_view>
+
+#include "host/sqlite/company_path.h"
+
+namespace depcalc {
+namespace {
+
+struct SchemaTable {
+  std::string_view name;
+  std::string_view sql;
+};
+
+// The texts are compared with what the file says, to the letter.
+constexpr std::array<SchemaTable, 3> schema{{
+    {"company", R"(CREATE TABLE company (
+  id INTEGER PRIMARY KEY CHECK (id = 1),
+  name TEXT NOT NULL,
+  first_month INTEGER NOT NULL,
+  mode TEXT NOT NULL,
+  digest INTEGER NOT NULL
+))"},
+    {"data_table", R"(CREATE TABLE data_table (
+  id INTEGER PRIMARY KEY,
+  name TEXT NOT NULL,
+  records INTEGER NOT NULL,
+  tally INTEGER NOT NULL
+))"},
+    {"record", R"(CREATE TABLE record (
+  id INTEGER PRIMARY KEY,
+  fields TEXT NOT NULL,
+  digest INTEGER NOT NULL
+))"},
+}};
+
+FileTrouble unexpected(const Database& database, const std::string& what) {
+  return {FileTrouble::Kind::damaged,
+          database.path() + " is not as company files are: " + what +
+              ". Bring back a copy from before.",
+          {what}};
+}
+
+}  // namespace
+
+void createSchema(Database& database) {
+  database.execute("PRAGMA application_id = " + std::to_string(company_application_id));
+  database.execute("PRAGMA user_version = " + std::to_string(company_format));
+  for (const SchemaTable& table : schema) database.execute(std::string(table.sql));
+}
+
+void requireSchema(Database& database) {
+  Statement found = database.prepare("SELECT type, name, sql FROM sqlite_schema ORDER BY rowid");
+  std::size_t tables = 0;
+  while (found.step()) {
+    const bool expected = tables < schema.size() && found.text(0) == "table" &&
+                          found.text(1) == schema[tables].name &&
+                          found.text(2) == schema[tables].sql;
+    if (!expected) {
+      throw unexpected(database, "the " + std::string(found.text(0)) + " " +
+                                     std::string(found.text(1)) + " does not belong there");
+    }
+    ++tables;
+  }
+  if (tables < schema.size()) {
+    throw unexpected(database, "the table " + std::string(schema[tables].name) + " is missing");
+  }
+}
+
+}  // namespace depcalc

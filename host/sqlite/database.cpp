@@ -1,0 +1,179 @@
+#include "host/sqlite/database.h"
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace depcalc {
+namespace {
+
+FileTrouble::Kind kindOf(int code, int system_error) {
+  if (system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG) {
+    return FileTrouble::Kind::disk_full;
+  }
+  switch (code & 0xFF) {
+    case SQLITE_FULL:
+      return FileTrouble::Kind::disk_full;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return FileTrouble::Kind::locked;
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+      return FileTrouble::Kind::read_only;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return FileTrouble::Kind::damaged;
+    default:
+      return FileTrouble::Kind::failed;
+  }
+}
+
+std::string sentence(FileTrouble::Kind kind, const std::string& path, const std::string& why) {
+  switch (kind) {
+    case FileTrouble::Kind::disk_full:
+      return path +
+             " cannot be written: the disk is full. Nothing was changed; make room and try "
+             "again.";
+    case FileTrouble::Kind::locked:
+      return path + " is in use. Close it there and try again.";
+    case FileTrouble::Kind::read_only:
+      return path + " cannot be written: " + why +
+             ". Both the file and its directory must be writable.";
+    case FileTrouble::Kind::damaged:
+      return path + " is damaged: " + why + ". Bring back a copy from before.";
+    default:
+      return path + " cannot be used: " + why + ".";
+  }
+}
+
+}  // namespace
+
+void Database::Close::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+
+Database::Database(std::string path, Access access, const std::string& vfs)
+    : path_(std::move(path)) {
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_PRIVATECACHE |
+                    SQLITE_OPEN_EXRESCODE | (access == Access::create ? SQLITE_OPEN_CREATE : 0);
+  sqlite3* handle = nullptr;
+  const int code =
+      sqlite3_open_v2(path_.c_str(), &handle, flags, vfs.empty() ? nullptr : vfs.c_str());
+  handle_.reset(handle);
+  check(code);
+  setDefences();
+}
+
+void Database::setDefences() {
+  // What the file says is never run: no triggers, no views, no functions out of its schema.
+  for (const auto& [option, on] : {std::pair{SQLITE_DBCONFIG_DEFENSIVE, 1},
+                                   {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                                   {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+                                   {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                                   {SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
+                                   {SQLITE_DBCONFIG_DQS_DML, 0},
+                                   {SQLITE_DBCONFIG_DQS_DDL, 0}}) {
+    check(sqlite3_db_config(handle_.get(), option, on, nullptr));
+  }
+  sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
+  check(sqlite3_busy_timeout(handle_.get(), 0));
+  execute("PRAGMA cell_size_check = ON");
+  execute("PRAGMA mmap_size = 0");
+  execute("PRAGMA temp_store = MEMORY");
+}
+
+void Database::check(int code) const {
+  if (code != SQLITE_OK) fail(code);
+}
+
+void Database::fail(int code) const {
+  const int system_error = handle_ != nullptr ? sqlite3_system_errno(handle_.get()) : 0;
+  const FileTrouble::Kind kind = kindOf(code, system_error);
+  std::string why = sqlite3_errstr(code & 0xFF);
+  if (kind == FileTrouble::Kind::failed && system_error != 0) {
+    why = std::generic_category().message(system_error);
+  }
+  throw FileTrouble(kind, sentence(kind, path_, why), {why});
+}
+
+void Database::execute(const std::string& sql) {
+  check(sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr));
+}
+
+bool Database::tryExecute(const std::string& sql) {
+  const int code = sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr);
+  if ((code & 0xFF) == SQLITE_BUSY) return false;
+  check(code);
+  return true;
+}
+
+std::int64_t Database::integer(const std::string& sql) {
+  Statement statement = prepare(sql);
+  return statement.step() ? statement.integer(0) : 0;
+}
+
+std::string Database::text(const std::string& sql) {
+  Statement statement = prepare(sql);
+  return statement.step() ? std::string(statement.text(0)) : std::string();
+}
+
+Statement Database::prepare(std::string_view sql) {
+  sqlite3_stmt* statement = nullptr;
+  check(sqlite3_prepare_v2(handle_.get(), sql.data(), static_cast<int>(sql.size()), &statement,
+                           nullptr));
+  return {*this, statement};
+}
+
+bool Database::readOnly() const { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
+
+bool Database::inTransaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }
+
+Statement::Statement(Database& database, sqlite3_stmt* statement)
+    : database_(&database), statement_(statement) {}
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Statement& Statement::bind(int parameter, std::int64_t value) {
+  database_->check(sqlite3_bind_int64(statement_.get(), parameter, value));
+  return *this;
+}
+
+Statement& Statement::bind(int parameter, std::string_view text) {
+  database_->check(sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(),
+                                       SQLITE_STATIC, SQLITE_UTF8));
+  return *this;
+}
+
+bool Statement::step() {
+  const int code = sqlite3_step(statement_.get());
+  if (code == SQLITE_ROW) return true;
+  sqlite3_reset(statement_.get());
+  if (code != SQLITE_DONE) database_->fail(code);
+  return false;
+}
+
+void Statement::run() {
+  while (step()) {
+  }
+}
+
+bool Statement::isInteger(int column) const {
+  return sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER;
+}
+
+bool Statement::isText(int column) const {
+  return sqlite3_column_type(statement_.get(), column) == SQLITE_TEXT;
+}
+
+std::int64_t Statement::integer(int column) const {
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::string_view Statement::text(int column) const {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+  const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
+  return text != nullptr ? std::string_view(text, size) : std::string_view();
+}
+
+}  // namespace depcalc

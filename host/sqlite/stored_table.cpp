@@ -1,0 +1,123 @@
+#include "host/sqlite/stored_table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/sqlite/company_schema.h"
+#include "host/sqlite/digest.h"
+#include "host/sqlite/record_text.h"
+
+namespace depcalc {
+namespace {
+
+/// Changed records beyond this many wait as texts, which take a fraction of the memory.
+constexpr std::size_t most_decoded = 1'024;
+
+}  // namespace
+
+const StoredTable::Slot* StoredTable::find(std::int16_t index) const {
+  gate_->requireOpen();
+  const auto at = static_cast<std::size_t>(index);
+  return index >= 0 && at < slots_.size() && slots_[at].present ? &slots_[at] : nullptr;
+}
+
+std::int32_t StoredTable::count() const {
+  gate_->requireOpen();
+  return count_;
+}
+
+bool StoredTable::has(std::int16_t index) const { return find(index) != nullptr; }
+
+RecordValues StoredTable::load(std::int16_t index) const {
+  const Slot* slot = find(index);
+  return slot->values != nullptr ? *slot->values : recordOfText(slot->text);
+}
+
+StoredTable::Slot& StoredTable::change(std::int16_t index) {
+  gate_->beforeChange();
+  const auto at = static_cast<std::size_t>(index);
+  if (at >= slots_.size()) slots_.resize(at + 1);
+  Slot& slot = slots_[at];
+  if (!std::exchange(slot.waits, true)) waiting_.push_back(index);
+  return slot;
+}
+
+void StoredTable::save(std::int16_t index, RecordValues values) {
+  Slot& slot = change(index);
+  if (!std::exchange(slot.present, true)) ++count_;
+  if (slot.values == nullptr) ++decoded_;
+  slot.values = std::make_unique<RecordValues>(std::move(values));
+  if (decoded_ > most_decoded) encodeWaiting();
+  gate_->afterChange();
+}
+
+void StoredTable::remove(std::int16_t index) {
+  Slot& slot = change(index);
+  slot.present = false;
+  --count_;
+  if (slot.values != nullptr) --decoded_;
+  slot.values.reset();
+  slot.text.clear();
+  gate_->afterChange();
+}
+
+void StoredTable::encodeWaiting() {
+  for (const std::int16_t index : waiting_) {
+    Slot& slot = slots_[static_cast<std::size_t>(index)];
+    if (slot.values == nullptr) continue;
+    slot.text = textOfRecord(*slot.values);
+    slot.values.reset();
+  }
+  decoded_ = 0;
+}
+
+void StoredTable::clear() {
+  id_ = 0;
+  slots_.clear();
+  count_ = 0;
+  tally_ = 0;
+  waiting_.clear();
+  decoded_ = 0;
+}
+
+bool StoredTable::read(std::int16_t index, std::string_view text, std::uint64_t digest) {
+  const auto at = static_cast<std::size_t>(index);
+  if (at >= slots_.size()) slots_.resize(at + 1);
+  Slot& slot = slots_[at];
+  slot.present = slot.in_file = true;
+  slot.digest = digest;
+  slot.text = text;
+  ++count_;
+  tally_ += digest;
+  return digest == digestOf(text, static_cast<std::uint64_t>(id_ * records_per_table + index));
+}
+
+void StoredTable::write(Database& database) {
+  encodeWaiting();
+  Statement put_record =
+      database.prepare("INSERT OR REPLACE INTO record (id, fields, digest) VALUES (?, ?, ?)");
+  Statement remove_record = database.prepare("DELETE FROM record WHERE id = ?");
+  std::sort(waiting_.begin(), waiting_.end());
+  for (const std::int16_t index : waiting_) {
+    Slot& slot = slots_[static_cast<std::size_t>(index)];
+    if (slot.in_file) tally_ -= slot.digest;
+    if (slot.present) {
+      put(index, slot, put_record);
+    } else if (slot.in_file) {
+      remove_record.bind(1, id_ * records_per_table + index).run();
+    }
+    slot.in_file = slot.present;
+    slot.waits = false;
+  }
+  waiting_.clear();
+}
+
+void StoredTable::put(std::int16_t index, Slot& slot, Statement& statement) {
+  const std::int64_t id = id_ * records_per_table + index;
+  slot.digest = digestOf(slot.text, static_cast<std::uint64_t>(id));
+  tally_ += slot.digest;
+  statement.bind(1, id).bind(2, std::string_view(slot.text));
+  statement.bind(3, static_cast<std::int64_t>(slot.digest)).run();
+}
+
+}  // namespace depcalc

@@ -1,0 +1,79 @@
+// The records of one data table of a company file.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/record_storage.h"
+#include "host/sqlite/database.h"
+
+namespace depcalc {
+
+/// Who must know before a table changes, and after.
+class ChangeGate {
+ public:
+  virtual ~ChangeGate() = default;
+  virtual void requireOpen() const = 0;
+  /// Throws when nothing can be changed.
+  virtual void beforeChange() = 0;
+  /// Something waits to be written. May write it.
+  virtual void afterChange() = 0;
+};
+
+/// All records in memory as the texts that the file has, decoded when they are asked for. What
+/// was changed waits until it is written.
+class StoredTable final : public RecordStorage {
+ public:
+  StoredTable(std::string name, ChangeGate& gate) : name_(std::move(name)), gate_(&gate) {}
+
+  [[nodiscard]] std::int32_t count() const override;
+  [[nodiscard]] bool has(std::int16_t index) const override;
+  [[nodiscard]] RecordValues load(std::int16_t index) const override;
+  void save(std::int16_t index, RecordValues values) override;
+  void remove(std::int16_t index) override;
+
+  [[nodiscard]] const std::string& name() const { return name_; }
+  [[nodiscard]] std::int64_t id() const { return id_; }  ///< 0 while the file does not have it
+  void id(std::int64_t id) { id_ = id; }
+  /// Records and the sum of their digests, as they were last read or written.
+  [[nodiscard]] std::int64_t records() const { return count_; }
+  [[nodiscard]] std::uint64_t tally() const { return tally_; }
+  [[nodiscard]] bool waiting() const { return !waiting_.empty(); }
+
+  /// Forgets everything, as before the first `read`.
+  void clear();
+  /// Takes a record from the file. False when the text is not what was written.
+  bool read(std::int16_t index, std::string_view text, std::uint64_t digest);
+  /// Writes what waits. The caller has a transaction open and loses the table's content when
+  /// that fails.
+  void write(Database& database);
+
+ private:
+  struct Slot {
+    bool present = false;
+    bool waits = false;
+    bool in_file = false;
+    std::uint64_t digest = 0;  ///< of the text in the file
+    std::string text;
+    std::unique_ptr<RecordValues> values;  ///< newer than the text
+  };
+
+  [[nodiscard]] const Slot* find(std::int16_t index) const;
+  Slot& change(std::int16_t index);
+  void encodeWaiting();
+  void put(std::int16_t index, Slot& slot, Statement& statement);
+
+  std::string name_;
+  ChangeGate* gate_;
+  std::int64_t id_ = 0;
+  std::vector<Slot> slots_;
+  std::int32_t count_ = 0;
+  std::uint64_t tally_ = 0;
+  std::vector<std::int16_t> waiting_;
+  std::size_t decoded_ = 0;  ///< slots with values
+};
+
+}  // namespace depcalc
