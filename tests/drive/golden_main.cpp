@@ -1,11 +1,15 @@
 // depcalc-golden [--update] FILE…: replays golden files and shows where they differ.
+// depcalc-golden --all-boxes FILE…: names the message boxes that none of them shows.
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <set>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "DepCalc/calculator_screens.h"
+#include "tests/drive/box_catalogue.h"
 #include "tests/drive/golden.h"
 
 namespace depcalc::drive {
@@ -50,17 +54,37 @@ bool replay(const std::string& path, bool update) {
   return true;
 }
 
-int run(int count, char** arguments) {
-  bool update = false;
-  bool same = true;
-  for (int i = 1; i < count; ++i) {
-    const std::string argument = arguments[i];
-    if (argument == "--update") {
-      update = true;
-    } else {
-      same = replay(argument, update) && same;
-    }
+std::set<std::string> boxesIn(const std::vector<std::string>& paths) {
+  std::set<std::string> boxes;
+  for (const std::string& path : paths) {
+    std::istringstream lines(contentOf(path));
+    for (std::string line; std::getline(lines, line);) boxes.insert(boxOfLine(line));
   }
+  return boxes;
+}
+
+template <typename Catalogue>
+bool showsAll(const std::set<std::string>& boxes, const Catalogue& catalogue) {
+  bool all = true;
+  for (const std::string_view box : catalogue) {
+    if (boxes.count(std::string(box)) > 0) continue;
+    std::cout << "never shown: " << box << '\n';
+    all = false;
+  }
+  return all;
+}
+
+int run(int count, char** arguments) {
+  std::vector<std::string> paths(arguments + 1, arguments + count);
+  const std::string option = paths.empty() ? std::string() : paths.front();
+  if (option.starts_with("--")) paths.erase(paths.begin());
+  if (option == "--all-boxes") {
+    const std::set<std::string> boxes = boxesIn(paths);
+    const bool questions = showsAll(boxes, box_catalogue);
+    return showsAll(boxes, refusal_catalogue) && questions ? 0 : 1;
+  }
+  bool same = true;
+  for (const std::string& path : paths) same = replay(path, option == "--update") && same;
   return same ? 0 : 1;
 }
 
