@@ -6,6 +6,8 @@
 #include <sstream>
 
 #include "DepCalc/calculator_screens.h"
+#include "common/report_error.h"
+#include "host/failing/failing_host.h"
 #include "tests/drive/box_catalogue.h"
 #include "tests/drive/memory_drive_host.h"
 #include "tests/drive/walker.h"
@@ -63,6 +65,16 @@ std::string wrongInTable(DriveHost& host) {
   return {};
 }
 
+/// Fails some of its calls, whichever they are.
+struct FlakyHost : OpenHost {
+  std::shared_ptr<HostApplication> application() override {
+    return failingApplication(OpenHost::application(), plan);
+  }
+  void failSoon(int calls) { plan->fail_at = plan->calls + 1 + calls; }
+
+  std::shared_ptr<FailurePlan> plan = std::make_shared<FailurePlan>();
+};
+
 void walk(unsigned seed) {
   OpenHost host;
   CalculatorScreens screens;
@@ -86,6 +98,26 @@ TEST(RandomWalk, KeepsWhatMustAlwaysHold) {
     if (i == 0) kept = testing::liveBytes();
   }
   EXPECT_LE(testing::liveBytes(), kept + 1024) << "a calculator that is gone leaves nothing";
+}
+
+TEST(RandomWalk, GoesOnWhenTheHostFailsNowAndThen) {
+  unsigned failures = 0;
+  const ErrorReportHook hook([&failures](std::string_view report) {
+    if (report.find("Error#57: Device I/O error") != std::string_view::npos) ++failures;
+  });
+  for (unsigned seed = first_seed; seed < first_seed + walks() / 5; ++seed) {
+    FlakyHost host;
+    CalculatorScreens screens;
+    Walker walker(seed, host, screens, {Date::strict(2024, 6, 15)});
+    std::mt19937 random(seed);
+    while (walker.commands() < actions_of_a_walk) {
+      host.failSoon(static_cast<int>(random() % 1000));
+      const std::string printed = walker.step();
+      const std::string wrong = wrongInOutput(printed) + wrongInViews(walker.driver().container());
+      ASSERT_EQ(wrong, "") << "seed " << seed << ", after\n" << walker.script();
+    }
+  }
+  EXPECT_GT(failures, walks()) << "failures that a procedure met";
 }
 
 }  // namespace
