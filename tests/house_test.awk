@@ -1,0 +1,50 @@
+# Every room includes only what it may know; an arrow points down this list. Run in the root with
+# every source behind the program: awk -f tests/house_test.awk values/currency.h …
+BEGIN {
+  may["values"] = "values"
+  may["common"] = may["values"] " common"
+  may["engine"] = may["common"] " engine"
+  may["controls"] = may["common"] " controls"
+  may["host"] = may["common"] " host"
+  may["host/memory"] = may["host"] " host/memory"
+  may["host/failing"] = may["host"] " host/failing"
+  may["host/sqlite"] = may["host"] " host/sqlite"
+  may["entry"] = may["engine"] " controls entry"
+  may["compare"] = may["engine"] " controls compare"
+  may["register"] = may["engine"] " controls register"
+  may["help"] = may["controls"] " help"
+  may["DepCalc"] = may["engine"] " controls host entry compare register help DepCalc"
+  may["desktop"] = may["DepCalc"] " host/memory host/sqlite desktop"
+  may["cli"] = may["DepCalc"] " host/memory host/sqlite desktop cli"
+  # Headers that the standard library does not have: the operating system's and a database in one
+  # room, anything but that database in the last two.
+  outside["host/sqlite"] = "."
+  outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
+}
+
+function complain(what) { print FILENAME ":" FNR ": " what; wrong = 1 }
+
+# The room of a path: the longest folder that is one.
+function room_of(path) {
+  while (sub(/\/[^\/]*$/, "", path) && !(path in may)) {}
+  return path
+}
+
+FNR == 1 && !((room = room_of(FILENAME)) in may) { complain("this is in no room") }
+
+/^ *#include/ {
+  ++count
+  header = $2
+  gsub(/[<">]/, "", header)
+  if ($2 ~ /^"/) {
+    if (index(" " may[room] " ", " " room_of(header) " ") == 0)
+      complain(room " may not know " header)
+  } else if (header ~ /\.h|^Q/ && !(room in outside && header ~ outside[room])) {
+    complain(room " may not include <" header ">")
+  }
+}
+
+END {
+  print count " includes"
+  exit wrong || count < 100
+}
