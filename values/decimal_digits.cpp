@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "values/runtime_error.h"
+
 namespace depcalc {
 namespace {
 
@@ -118,17 +120,6 @@ DecimalDigits DecimalDigits::of(double value) {
   int exponent = 0;
   std::from_chars(text.data() + 18, text.data() + text.size(), exponent);
   number.point = (negative_exponent ? -exponent : exponent) + 1;
-  return normalised(std::move(number));
-}
-
-DecimalDigits DecimalDigits::of(Currency value) {
-  const std::int64_t ticks = value.ticks();
-  DecimalDigits number;
-  number.negative = ticks < 0;
-  const auto magnitude = ticks < 0 ? std::uint64_t{0} - static_cast<std::uint64_t>(ticks)
-                                   : static_cast<std::uint64_t>(ticks);
-  number.digits = std::to_string(magnitude);
-  number.point = static_cast<int>(number.digits.size()) - 4;
   return normalised(std::move(number));
 }
 

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "values/currency.h"
 #include "values/locale.h"
 
 namespace depcalc {
@@ -19,8 +18,6 @@ struct DecimalDigits {
 
   /// The value of a double as its 15 significant digits; one that is not finite is error 6.
   static DecimalDigits of(double value);
-  /// The value of an amount, exactly.
-  static DecimalDigits of(Currency value);
   /// A numeric text, exactly as written (see number_text.h); empty when it is not numeric.
   static std::optional<DecimalDigits> ofText(std::string_view text, const Locale& locale);
 

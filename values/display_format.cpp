@@ -1,6 +1,8 @@
 #include "values/display_format.h"
 
+#include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "values/decimal_digits.h"
 #include "values/number_text.h"
@@ -49,11 +51,33 @@ std::string groupedWhole(std::int64_t number, char separator) {
   return text;
 }
 
+/// `value` rounded to `places` decimals (0 to 4), halves to even, in groups of three. An amount is
+/// whole ten-thousandths, so no digits need to be parted first.
+std::string grouped(Currency value, int places, const Locale& locale) {
+  const bool below_zero = value.ticks() < 0;
+  const auto bits = static_cast<std::uint64_t>(value.ticks());
+  const std::uint64_t magnitude = below_zero ? 0 - bits : bits;
+  const auto unit = static_cast<std::uint64_t>(powerOfTen(4 - places));
+  std::uint64_t number = magnitude / unit;
+  const std::uint64_t twice_rest = magnitude % unit * 2;
+  if (twice_rest > unit || (twice_rest == unit && number % 2 == 1)) ++number;
+
+  std::array<char, 40> text;
+  char* const end = text.data() + text.size();
+  char* begin = end;
+  const bool negative = below_zero && number != 0;
+  for (int digits = 0; digits <= places || number != 0; ++digits, number /= 10) {
+    if (digits == places && places > 0) *--begin = locale.decimal_point;
+    if (digits > places && (digits - places) % 3 == 0) *--begin = locale.thousands_separator;
+    *--begin = static_cast<char>('0' + number % 10);
+  }
+  if (negative) *--begin = '-';
+  return {begin, end};
+}
+
 }  // namespace
 
-std::string formatMoney(Currency value, const Locale& locale) {
-  return grouped(DecimalDigits::of(value), 2, locale);
-}
+std::string formatMoney(Currency value, const Locale& locale) { return grouped(value, 2, locale); }
 std::string formatMoney(double value, const Locale& locale) {
   return grouped(DecimalDigits::of(value), 2, locale);
 }
@@ -65,9 +89,7 @@ Currency moneyAsShown(std::string_view text, const Locale& locale) {
   return Currency::fromText(formatMoney(numberFromText(text, locale), locale), locale);
 }
 
-std::string formatRate(Currency value, const Locale& locale) {
-  return grouped(DecimalDigits::of(value), 4, locale);
-}
+std::string formatRate(Currency value, const Locale& locale) { return grouped(value, 4, locale); }
 
 std::string formatWhole(double value, const Locale& locale) {
   constexpr double exact_digits = 1e15;

@@ -260,6 +260,20 @@ TEST(DisplayFormat, ShowsAmountsExactly) {
   EXPECT_EQ(formatRate(Currency::fromText("0.2297")), "0.2297");
   EXPECT_EQ(formatRate(Currency::fromText("95054.47")), "95,054.4700");
   EXPECT_EQ(formatMoney(Currency::fromTicks(INT64_MAX)), "922,337,203,685,477.58");
+  EXPECT_EQ(formatMoney(Currency::fromTicks(INT64_MIN)), "-922,337,203,685,477.58");
+  EXPECT_EQ(formatRate(Currency::fromTicks(-1)), "-0.0001");
+}
+
+TEST(DisplayFormat, ShowsAmountsAsItShowsDoublesThatHoldThem) {
+  constexpr unsigned seed = 20240615;
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937_64 random(seed);
+  for (int i = 0; i < 200'000; ++i) {
+    // As many with few digits as with many; a double holds fifteen.
+    const auto ticks = static_cast<std::int64_t>(random() >> (20 + random() % 44));
+    const Currency amount = Currency::fromTicks(random() % 2 == 0 ? ticks : -ticks);
+    ASSERT_EQ(formatMoney(amount), formatMoney(amount.toDouble())) << amount.toFixed4();
+  }
 }
 
 TEST(ExactNumberText, ReadsBackAsTheSameNumber) {
