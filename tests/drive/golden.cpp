@@ -2,20 +2,11 @@
 
 #include <sstream>
 
-#include "tests/drive/driver.h"
-#include "tests/drive/memory_drive_host.h"
-
 namespace depcalc::drive {
 namespace {
 
 constexpr std::string_view prompt = "> ";
 constexpr Date no_date;
-
-struct Settings {
-  DriveOptions options{Date::strict(2024, 6, 15)};
-  Date fiscal_year_start = Date::strict(2024, 1, 1);
-  bool company_file = true;
-};
 
 bool takePrefix(std::string_view& line, std::string_view prefix) {
   if (!line.starts_with(prefix)) return false;
@@ -23,7 +14,7 @@ bool takePrefix(std::string_view& line, std::string_view prefix) {
   return true;
 }
 
-void readSetting(std::string_view line, Settings& settings) {
+void readSetting(std::string_view line, GoldenSettings& settings) {
   if (takePrefix(line, "# today: ")) {
     settings.options.today = Date::fromText(line, no_date);
   } else if (takePrefix(line, "# fiscal year: ")) {
@@ -35,8 +26,8 @@ void readSetting(std::string_view line, Settings& settings) {
   }
 }
 
-Settings settingsOf(std::string_view file) {
-  Settings settings;
+GoldenSettings settingsOf(std::string_view file) {
+  GoldenSettings settings;
   std::istringstream lines{std::string(file)};
   for (std::string line; std::getline(lines, line) && !line.starts_with(prompt);) {
     readSetting(line, settings);
@@ -46,12 +37,13 @@ Settings settingsOf(std::string_view file) {
 
 }  // namespace
 
-std::string goldenTranscript(std::string_view file, ScreenMaker& screens) {
-  const Settings settings = settingsOf(file);
-  MemoryDriveHost host(settings.fiscal_year_start);
-  if (settings.company_file) host.open("golden.company");
+std::string goldenTranscript(std::string_view file, const HostMaker& make_host,
+                             ScreenMaker& screens) {
+  const GoldenSettings settings = settingsOf(file);
+  const std::unique_ptr<DriveHost> host = make_host(settings);
+  if (settings.company_file) host->open("golden.company");
   std::ostringstream out;
-  Driver driver(host, screens, out, settings.options);
+  Driver driver(*host, screens, out, settings.options);
   std::istringstream lines{std::string(file)};
   try {
     for (std::string line; std::getline(lines, line);) {

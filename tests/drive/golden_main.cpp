@@ -1,5 +1,8 @@
-// depcalc-golden [--update] FILE…: replays golden files and shows where they differ.
+// depcalc-golden [--update] FILE…: replays golden files, on a host in memory and on company
+// files, and shows where they differ.
 // depcalc-golden --all-boxes FILE…: names the message boxes that none of them shows.
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -11,6 +14,8 @@
 #include "DepCalc/calculator_screens.h"
 #include "tests/drive/box_catalogue.h"
 #include "tests/drive/golden.h"
+#include "tests/drive/memory_drive_host.h"
+#include "tests/drive/sqlite_drive_host.h"
 
 namespace depcalc::drive {
 namespace {
@@ -40,17 +45,65 @@ void printDifference(const std::string& path, const std::string& expected,
   }
 }
 
-bool replay(const std::string& path, bool update) {
-  const std::string expected = contentOf(path);
+/// A new directory, gone with everything in it at the end.
+class ScratchDirectory {
+ public:
+  ScratchDirectory() {
+    std::string name = (std::filesystem::temp_directory_path() / "depcalc-golden-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch directory");
+    path_ = name;
+  }
+  ~ScratchDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+  ScratchDirectory(const ScratchDirectory&) = delete;
+  ScratchDirectory& operator=(const ScratchDirectory&) = delete;
+  [[nodiscard]] const std::string& path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+std::string onMemory(const std::string& file) {
   CalculatorScreens screens;
-  const std::string actual = goldenTranscript(expected, screens);
-  if (actual == expected) return true;
-  if (!update) {
+  return goldenTranscript(
+      file,
+      [](const GoldenSettings& settings) {
+        return std::make_unique<MemoryDriveHost>(settings.fiscal_year_start);
+      },
+      screens);
+}
+
+std::string onSqlite(const std::string& file) {
+  const ScratchDirectory directory;
+  CalculatorScreens screens;
+  return goldenTranscript(
+      file,
+      [&directory](const GoldenSettings& settings) {
+        return std::make_unique<SqliteDriveHost>(SqliteDriveHost::Options{
+            settings.options.today, directory.path(), settings.fiscal_year_start.month()});
+      },
+      screens);
+}
+
+bool update(const std::string& path) {
+  const std::string actual = onMemory(contentOf(path));
+  if (actual == contentOf(path)) return true;
+  std::ofstream(path, std::ios::binary) << actual;
+  std::cout << "updated " << path << '\n';
+  return true;
+}
+
+/// Every host has to print the same.
+bool replay(const std::string& path) {
+  const std::string expected = contentOf(path);
+  for (const auto& transcript : {onMemory, onSqlite}) {
+    const std::string actual = transcript(expected);
+    if (actual == expected) continue;
     printDifference(path, expected, actual);
     return false;
   }
-  std::ofstream(path, std::ios::binary) << actual;
-  std::cout << "updated " << path << '\n';
   return true;
 }
 
@@ -84,7 +137,9 @@ int run(int count, char** arguments) {
     return showsAll(boxes, refusal_catalogue) && questions ? 0 : 1;
   }
   bool same = true;
-  for (const std::string& path : paths) same = replay(path, option == "--update") && same;
+  for (const std::string& path : paths) {
+    same = (option == "--update" ? update(path) : replay(path)) && same;
+  }
   return same ? 0 : 1;
 }
 
