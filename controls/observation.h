@@ -14,7 +14,7 @@ enum class Aspect {
   place,      ///< left, top, width or height
   stacking,   ///< brought to the front
   colours,    ///< text or background colour; a shape's border and fill
-  text,       ///< a text, caption or tool tip
+  text,       ///< the text that it shows
   font,       ///< font, alignment or wrapping
   items,      ///< the entries of a list
   choice,     ///< the chosen entry; an option's value
