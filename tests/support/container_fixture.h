@@ -74,4 +74,32 @@ struct ContainerFixture : ::testing::Test {
                         [this] { return executable; }};
 };
 
+/// Started on an empty register.
+struct Container : ContainerFixture {
+  Container() { start(); }
+
+  CalculateDep& current() { return *container.CurrentRecord(); }
+  std::string storedName(std::int16_t index) {
+    return table()->Item(index)->Fields().GetValue("AName").asText();
+  }
+  /// Selects an asset as the register does, and edits it.
+  void edit(int index) {
+    container.NewRecord();
+    current().RecNew(false);
+    current().RecIndex(std::to_string(index));
+    screens.view->events.ButtonClick("Edit");
+    takeReports();
+    trace.take();
+  }
+};
+
+/// The warning of a save that follows a change of `what`.
+inline std::string warningAbout(const std::string& what) {
+  return "You have changed the " + what +
+         " without recalculating, and now your depreciation amounts may be wrong. You may want to "
+         "recalculate.";
+}
+
+inline Currency money(std::string_view text) { return Currency::fromText(text); }
+
 }  // namespace depcalc::testing
