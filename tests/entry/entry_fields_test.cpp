@@ -195,6 +195,13 @@ TEST_F(EntryFields, NumbersAreRefusedWhileTyping) {
   }
 }
 
+TEST_F(EntryFields, NumberRefusedInAFieldWithoutTheFocusTakesTheFocus) {
+  form.BasisText.setText("much");
+  EXPECT_THAT(boxes(), ElementsAre("Basis | Please enter a valid number."));
+  EXPECT_EQ(form.BasisText.text(), "");
+  EXPECT_TRUE(form.BasisText.hasFocus());
+}
+
 TEST_F(EntryFields, LifeIsRoundedAndStored) {
   const std::tuple<std::string, std::string, double> cases[] = {{"5", "5", 5},   {"2.5", "2", 2},
                                                                 {"3.5", "4", 4}, {"50", "50", 50},

@@ -1,6 +1,4 @@
 // The entry form as a whole: filling, checks, buttons, labels, looks.
-#include <algorithm>
-
 #include "controls/colour_scheme.h"
 #include "tests/support/entry_fixture.h"
 
@@ -248,6 +246,16 @@ TEST_F(EntryScreen, SalvageAboveBasisIsRefusedForTheWholeForm) {
   }
 }
 
+TEST_F(EntryScreen, SalvageOfZeroIsNeverTooMuch) {
+  openFilled();
+  record().AssetBasis(Currency::fromText("-5"));
+  record().AssetSalvage(Currency());
+  open();
+  form.ValidateData();
+  EXPECT_TRUE(form.dataValid());
+  EXPECT_THAT(boxes(), IsEmpty());
+}
+
 TEST_F(EntryScreen, BasisThatIsNoNumberCountsAsZero) {
   openFilled();
   // Without its handler a field can hold what no user can type.
@@ -290,8 +298,13 @@ TEST_F(EntryScreen, BothFocusMovesHappenEvenIfTheFirstIsRefused) {
                                    "than the basis."));
   EXPECT_EQ(record().AssetBasis(), Currency());
   EXPECT_TRUE(form.SalvageText.hasFocus());
-  const auto lines = trace.take();
-  EXPECT_EQ(std::count(lines.begin(), lines.end(), "BasisText.Validate"), 2);
+  EXPECT_THAT(
+      trace.take(),
+      ElementsAre("BasisText.Validate", "box Basis | The basis must be greater than 0. | OK -> OK",
+                  "BasisText.Change", "BasisText.Validate",
+                  "box Salvage Value | The salvage value of the asset must be less than "
+                  "the basis. | OK -> OK",
+                  "ProdCapText.Validate"));
 }
 
 TEST_F(EntryScreen, ReportsWhatEndsTheCheckOfTheForm) {
