@@ -1,9 +1,6 @@
 #include "compare/dep_calc_display_ctl.h"
 
 #include "common/trapped.h"
-#include "engine/convention.h"
-#include "values/number_text.h"
-#include "values/rounding.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -55,8 +52,8 @@ void DepCalcDisplayCtl::save() {
 void DepCalcDisplayCtl::close() {
   painted_ = false;
   RevertDepInfo();
-  for (Amounts* amounts :
-       {&straight_line_, &sum_of_years_digits_, &double_declining_balance_, &prior_amounts_}) {
+  for (Amounts* amounts : {&results_.straight_line, &results_.sum_of_years_digits,
+                           &results_.double_declining_balance, &prior_amounts_}) {
     amounts->resize(2);
   }
   events_.ButtonClick("Close");
@@ -80,10 +77,6 @@ void DepCalcDisplayCtl::viewAll() {
 CalculateDep& DepCalcDisplayCtl::record() const {
   if (record_ == nullptr) throw RuntimeError::objectNotSet();
   return *record_;
-}
-
-bool DepCalcDisplayCtl::fullYear() const {
-  return toLong32HalfEven(numberFromText(record().DepConvention())) == cdepfullyear;
 }
 
 void DepCalcDisplayCtl::Hide() { painted_ = false; }

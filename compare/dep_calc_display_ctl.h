@@ -12,6 +12,7 @@
 #include "controls/picture_button.h"
 #include "controls/shape.h"
 #include "controls/user_control.h"
+#include "engine/method_results.h"
 
 namespace depcalc {
 
@@ -62,7 +63,6 @@ class DepCalcDisplayCtl : public UserControl {
   void close();
   void viewAll();
   [[nodiscard]] CalculateDep& record() const;
-  [[nodiscard]] bool fullYear() const;
 
   // display_fill.cpp
   void fill();
@@ -78,9 +78,7 @@ class DepCalcDisplayCtl : public UserControl {
   void choose(OptionButton& option);
   void PopulateDepInfo();
   void RevertDepInfo();
-  void writeMethod(const char* method, const Amounts& amounts);
   void markChosenColumn();
-  [[nodiscard]] std::int16_t lastIndex() const;
 
   // display_layout.cpp
   void setLooks();
@@ -92,10 +90,7 @@ class DepCalcDisplayCtl : public UserControl {
   bool painted_ = false;
   bool laying_out_ = false;
   std::int16_t years_ = 0;  ///< fiscal years shown
-  Amounts straight_line_;
-  Amounts sum_of_years_digits_;
-  Amounts double_declining_balance_;
-  Currency rate_;
+  MethodResults results_;
   std::string prior_method_;
   Amounts prior_amounts_;
 };

@@ -54,7 +54,7 @@ void DepCalcDisplayCtl::fill() {
   const DrawingPaused paused(DisplayTable);
   AName.setText(record_->AssetName());
   AID.setText(record_->AssetID());
-  years_ = toInteger16HalfEven(record_->DepRecovery() + (fullYear() ? 0 : 1));
+  years_ = toInteger16HalfEven(record_->DepRecovery() + (isFullYear(*record_) ? 0 : 1));
   selectOption();
   keepPrior();
   sizeTable();
@@ -102,26 +102,15 @@ void DepCalcDisplayCtl::writeHeaders() {
 }
 
 void DepCalcDisplayCtl::DoDepCalculations() {
-  trapped("DepCalcDisplay::DoDepCalculations", [this] {
-    const std::int32_t last = toLong32HalfEven(record().DepRecovery() + 1);
-    if (last < 0) throw RuntimeError::subscriptOutOfRange();
-    for (Amounts* amounts : {&straight_line_, &sum_of_years_digits_, &double_declining_balance_}) {
-      amounts->assign(static_cast<std::size_t>(last) + 1, Currency());
-    }
-    // The straight line comes first: the others use its share of the first fiscal year.
-    straight_line_ = record().StraightLine();
-    sum_of_years_digits_ = record().SumofYearsDigits();
-    double_declining_balance_ = record().DoubleDecliningBalance();
-    rate_ = record().UnitsofProduction();
-  });
+  trapped("DepCalcDisplay::DoDepCalculations", [this] { calculateAllMethods(record(), results_); });
 }
 
 void DepCalcDisplayCtl::DisplayCalcsinTable() {
   trapped("DepCalcDisplay::DisplayCalcsinTable", [this] {
-    showSchedule(1, straight_line_);
-    showSchedule(2, sum_of_years_digits_);
-    showSchedule(3, double_declining_balance_);
-    UoPTable.setText(0, 1, formatRate(rate_));
+    showSchedule(1, results_.straight_line);
+    showSchedule(2, results_.sum_of_years_digits);
+    showSchedule(3, results_.double_declining_balance);
+    UoPTable.setText(0, 1, formatRate(results_.rate));
   });
 }
 

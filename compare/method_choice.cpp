@@ -35,37 +35,22 @@ void DepCalcDisplayCtl::choose(OptionButton& option) {
 
 void DepCalcDisplayCtl::PopulateDepInfo() {
   trapped("DepCalcDisplay::PopulateDepInfo", [this] {
-    if (DDBOption.value()) {
-      writeMethod("DDB", double_declining_balance_);
-    } else if (SLOption.value()) {
-      writeMethod("SL", straight_line_);
-    } else if (SYDOption.value()) {
-      writeMethod("SYD", sum_of_years_digits_);
-    } else if (UoPOption.value()) {
-      // Only the rate: whatever stands behind it is never read.
-      record().DepMethod("UOP");
-      record().DepItem(0, rate_);
-    }
+    const std::string_view method = DDBOption.value()   ? "DDB"
+                                    : SLOption.value()  ? "SL"
+                                    : SYDOption.value() ? "SYD"
+                                    : UoPOption.value() ? "UOP"
+                                                        : "";
+    if (!method.empty()) chooseMethod(record(), method, results_);
   });
-}
-
-/// The method stands in the record even where its amounts then cannot be written.
-void DepCalcDisplayCtl::writeMethod(const char* method, const Amounts& amounts) {
-  const std::int16_t last = lastIndex();
-  record().DepMethod(method);
-  for (std::int16_t i = 0; i <= last; ++i) record().DepItem(i, amountAt(amounts, i));
 }
 
 void DepCalcDisplayCtl::RevertDepInfo() {
   trapped("DepCalcDisplay::RevertDepInfo", [this] {
-    const std::int16_t last = lastIndex();
+    const std::int16_t last =
+        toInteger16HalfEven(record().DepRecovery() - (isFullYear(record()) ? 1 : 0));
     record().DepMethod(prior_method_);
     for (std::int16_t i = 0; i <= last; ++i) record().DepItem(i, amountAt(prior_amounts_, i));
   });
-}
-
-std::int16_t DepCalcDisplayCtl::lastIndex() const {
-  return toInteger16HalfEven(record().DepRecovery() - (fullYear() ? 1 : 0));
 }
 
 void DepCalcDisplayCtl::markChosenColumn() {

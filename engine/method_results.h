@@ -1,0 +1,34 @@
+// The four calculations of an asset and the choice of one.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "engine/calculate_dep.h"
+
+namespace depcalc {
+
+/// What the four calculations gave. A schedule that met an error is empty.
+struct MethodResults {
+  std::vector<Currency> straight_line;
+  std::vector<Currency> sum_of_years_digits;
+  std::vector<Currency> double_declining_balance;
+  Currency rate;  ///< per unit of production
+};
+
+/// Calculates `asset` by every method. The straight line comes first: the others use its share of
+/// the first fiscal year. A life whose amounts cannot be held is an error to the caller. The
+/// storage of `results` is used again.
+void calculateAllMethods(CalculateDep& asset, MethodResults& results);
+
+/// Whether the asset takes a whole year's depreciation in its first fiscal year, and so has no
+/// year more than its life.
+bool isFullYear(const CalculateDep& asset);
+
+/// Makes `method` ("SL", "SYD", "DDB", "UOP") the asset's, and its results the asset's amounts:
+/// the rate alone for units of production, whatever stands behind it is never read. Any other
+/// text changes nothing. The method stands in the asset even where its amounts then cannot be
+/// written: a missing one is error 9.
+void chooseMethod(CalculateDep& asset, std::string_view method, const MethodResults& results);
+
+}  // namespace depcalc
