@@ -38,7 +38,7 @@ std::int16_t AssetStore::infoIndex() const { return toIndex(state_.InfoIndex); }
 Date AssetStore::fiscalYearEnd() const { return companyFile().FiscalYearStart().plusDays(-1); }
 
 AssetStore::FirstView AssetStore::open() {
-  state_.TableName = "ZEM:DepCalc";
+  state_.TableName = asset_table_name;
   state_.InfoIndex = 0;
   const UnitScope unit(*this, "DepCalc::DepCalcCont_Initialize");
   const Table table = openTable();

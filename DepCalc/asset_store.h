@@ -27,6 +27,9 @@ struct StoreState {
   Date FYEnd;
 };
 
+/// The data table of the assets.
+inline constexpr std::string_view asset_table_name = "ZEM:DepCalc";
+
 /// The data table "ZEM:DepCalc": record 0 sums the register up (Start, NumYears, FYEND), records
 /// 1 to Count - 1 are the assets in the order in which they were first saved.
 ///
@@ -50,6 +53,10 @@ class AssetStore {
 
   /// Recomputes record 0 from all assets, by way of StartYr and NumYrs of the state.
   void WriteTableInfo();
+
+  /// StartYr and NumYrs of the state from all assets, as WriteTableInfo forms them; writes
+  /// nothing. Errors reach the caller and leave the two as far as they got.
+  void sumUp();
 
   /// A new record filled from asset `index`, as far as its values could be read; blank when
   /// there is none. Amounts are read for the years 0 to DepRecovery + 1. A reading that gets to

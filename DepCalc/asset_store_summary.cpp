@@ -24,14 +24,16 @@ FirstYear firstYearIn(HostRecord& record, Date today) {
 void AssetStore::WriteTableInfo() {
   procedure("DepCalc::WriteTableInfo", [&] {
     const Table table = openTable();
-    state_.StartYr = 3000;
-    state_.NumYrs = 0;
     sumUpRecords(*table);
     commitTableInfo(*table);
   });
 }
 
+void AssetStore::sumUp() { sumUpRecords(*openTable()); }
+
 void AssetStore::sumUpRecords(HostTable& table) {
+  state_.StartYr = 3000;
+  state_.NumYrs = 0;
   startSummary();
   if (summaryIsCurrent()) {
     if (const auto totals = summary_.totals(table.Count() - 1)) {

@@ -91,4 +91,11 @@ std::string exactNumberText(double value) {
   return {text.data(), end.ptr};
 }
 
+std::string shortestNumberText(double value) {
+  if (!std::isfinite(value)) throw RuntimeError::overflow();
+  std::array<char, 32> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value);
+  return {text.data(), end.ptr};
+}
+
 }  // namespace depcalc

@@ -27,8 +27,11 @@ std::optional<double> tryNumberFromText(std::string_view text,
 /// Not finite: error 6.
 std::string numberToText(double value, const Locale& locale = Locale::enUs());
 
-/// The shortest text with an exponent that reads back as exactly this number: 5e+00, 1e-01. The
-/// form of data files. Not finite: error 6.
+/// The shortest text with an exponent that reads back as exactly this number: 5e+00, 1e-01. Not
+/// finite: error 6.
 std::string exactNumberText(double value);
+
+/// The same with an exponent only where that is shorter: 5, 0.1, 1e+22.
+std::string shortestNumberText(double value);
 
 }  // namespace depcalc

@@ -288,5 +288,15 @@ TEST(ExactNumberText, ReadsBackAsTheSameNumber) {
   }
 }
 
+TEST(ShortestNumberText, ReadsBackAsTheSameNumber) {
+  EXPECT_EQ(shortestNumberText(5), "5");
+  EXPECT_EQ(shortestNumberText(-0.1), "-0.1");
+  EXPECT_EQ(shortestNumberText(1e22), "1e+22");
+  for (const double value : {1.0 / 3, 7.5, std::numeric_limits<double>::max()}) {
+    EXPECT_EQ(numberFromText(shortestNumberText(value)), value);
+  }
+  EXPECT_THROW(shortestNumberText(std::numeric_limits<double>::infinity()), RuntimeError);
+}
+
 }  // namespace
 }  // namespace depcalc
