@@ -17,7 +17,7 @@ namespace depcalc {
 /// How a command ends, for the shell.
 enum ExitStatus : int {
   exit_success = 0,
-  exit_bad_data = 1,  ///< some input was refused; what was good is written
+  exit_bad_data = 1,  ///< some input was refused
   exit_usage = 2,     ///< the command line makes no sense
   exit_system = 3,    ///< a file cannot be read or written
   exit_locked = 4,    ///< the company file is held by another program
@@ -47,6 +47,12 @@ class Command {
 };
 
 std::unique_ptr<Command> scheduleCommand();
+std::unique_ptr<Command> newCommand();
+std::unique_ptr<Command> importCommand();
+std::unique_ptr<Command> listCommand();
+std::unique_ptr<Command> deleteCommand();
+std::unique_ptr<Command> checkCommand();
+std::unique_ptr<Command> dumpCommand();
 
 /// Every subcommand, in the order of the help.
 std::vector<std::unique_ptr<Command>> allCommands();

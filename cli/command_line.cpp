@@ -12,7 +12,10 @@ namespace {
 constexpr std::string_view overview =
     R"(  depcalc schedule assets.csv                 compare the methods for every asset
   depcalc schedule --format csv - < a.csv     the amounts, for another program
-  depcalc schedule --help                     more of them
+  depcalc new workshop.company                make a company file
+  depcalc import workshop.company assets.csv  save the assets in it
+  depcalc list workshop.company               what it holds
+  depcalc schedule --help                     more of them, for each command
 )";
 
 /// Help that begins with what people look for.
@@ -50,7 +53,8 @@ ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std
   surroundings.out.write(out.str());
   if (success) return exit_success;
   surroundings.errors.write("depcalc: ");
-  const bool unknown = error.get_name() == "RequiredError" && !word.empty();
+  const bool unknown =
+      error.get_name() == "RequiredError" && !word.empty() && app.get_subcommands().empty();
   surroundings.errors.write(unknown ? "There is no command " + quotedText(word) +
                                           ".\nRun with --help for more information.\n"
                                     : errors.str());
@@ -93,6 +97,12 @@ ExitStatus runArguments(int argc, const char* const* argv, Surroundings& surroun
 std::vector<std::unique_ptr<Command>> allCommands() {
   std::vector<std::unique_ptr<Command>> commands;
   commands.push_back(scheduleCommand());
+  commands.push_back(newCommand());
+  commands.push_back(importCommand());
+  commands.push_back(listCommand());
+  commands.push_back(deleteCommand());
+  commands.push_back(checkCommand());
+  commands.push_back(dumpCommand());
   return commands;
 }
 

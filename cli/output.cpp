@@ -36,6 +36,8 @@ bool Output::flush() {
   return !failed();
 }
 
+bool Output::isTerminal() const { return ::isatty(descriptor_) == 1; }
+
 bool Output::finish() {
   flush();
   if (::close(descriptor_) != 0 && !failed()) failure_ = systemErrorText(errno);

@@ -36,6 +36,9 @@ class Output {
   /// The same, and closes the descriptor, which tells of a failure that the system kept to itself.
   bool finish();
 
+  /// Whether somebody looks at it.
+  [[nodiscard]] bool isTerminal() const;
+
   [[nodiscard]] bool failed() const { return !failure_.empty(); }
   /// The failure in the system's words, for example "No space left on device".
   [[nodiscard]] const std::string& failure() const { return failure_; }

@@ -4,8 +4,8 @@
 
 #include "cli/printable_text.h"
 #include "cli/schedule_writer.h"
+#include "cli/text_columns.h"
 #include "values/display_format.h"
-#include "values/text.h"
 
 namespace depcalc {
 namespace {
@@ -16,15 +16,6 @@ constexpr std::size_t least_amount_width = 16;
 
 std::size_t amountWidth(std::string_view title) {
   return std::max(title.size() + 2, least_amount_width);
-}
-
-std::string padded(std::string text, std::size_t width) {
-  const std::size_t length = characterCount(text);
-  return text.append(width > length ? width - length : 0, ' ');
-}
-
-std::string rightAligned(const std::string& text, std::size_t width) {
-  return std::string(width > text.size() ? width - text.size() : 0, ' ') + text;
 }
 
 Currency total(const std::vector<Currency>& amounts) {

@@ -1,0 +1,54 @@
+// depcalc check: whether a company file is in order.
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "cli/company.h"
+#include "cli/consistency.h"
+
+namespace depcalc {
+namespace {
+
+class CheckCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "check"; }
+
+  [[nodiscard]] std::string_view summary() const override {
+    return "Check a company file for damage";
+  }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc check workshop.company
+      what is wrong with the file, if anything is
+  depcalc check workshop.company && cp workshop.company backup/
+      keep copies of sound files only
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareMore(CLI::App& app) override {
+    app.footer(
+        R"(The file's structure, the digest of every record, the assets' numbers and the register's
+summary are checked. Nothing is changed.
+Exit status: 0 all is well, 1 something is wrong, 2 wrong usage, 3 the file cannot be read,
+4 it is in use.)");
+  }
+
+  // Opening has checked the file as such.
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    const auto found = inconsistenciesOf(company);
+    for (const std::string& problem : found) complain(company, problem, surroundings.errors);
+    if (!found.empty()) return exit_bad_data;
+    const std::int32_t count = company.assetCount();
+    surroundings.out.write(company.name() + ": All is well with " + std::to_string(count) +
+                           (count == 1 ? " asset.\n" : " assets.\n"));
+    return exit_success;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> checkCommand() { return std::make_unique<CheckCommand>(); }
+
+}  // namespace depcalc

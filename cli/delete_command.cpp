@@ -1,0 +1,71 @@
+// depcalc delete: an asset taken out of the register.
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "cli/company.h"
+#include "cli/deletion.h"
+#include "cli/printable_text.h"
+
+namespace depcalc {
+namespace {
+
+class DeleteCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "delete"; }
+
+  [[nodiscard]] std::string_view summary() const override {
+    return "Delete an asset from a company file";
+  }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc list workshop.company
+      the numbers of the assets
+  depcalc delete workshop.company 3
+      delete the third; those behind it move up by one
+)";
+  }
+
+ private:
+  void declareMore(CLI::App& app) override {
+    app.add_option("N", number_, "The asset's number, as `depcalc list` shows it")
+        ->required()
+        ->option_text(" ")
+        ->check([](const std::string& text) {
+          const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
+          return whole && text.size() < 10 && text.find_first_not_of('0') != std::string::npos
+                     ? ""
+                     : "\"" + text + "\" is no number of an asset; the first is 1";
+        });
+    app.footer(
+        R"(Exit status: 0 done, 1 there is no such asset, 2 wrong usage, 3 the file cannot be read or
+written, 4 it is in use.)");
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    const std::int32_t count = company.assetCount();
+    if (number_ > count) {
+      complain(company,
+               "There is no asset " + std::to_string(number_) + "; the register holds " +
+                   std::to_string(count) + ".",
+               surroundings.errors);
+      return exit_bad_data;
+    }
+    const std::string id = company.asset(number_)->AssetID();
+    if (const auto report = deleteAsset(company, number_)) {
+      complain(company, *report + ". Nothing was deleted.", surroundings.errors);
+      return exit_system;
+    }
+    surroundings.out.write("Deleted asset " + std::to_string(number_) + ", " + quotedText(id) +
+                           ".\n");
+    return exit_success;
+  }
+
+  std::int32_t number_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> deleteCommand() { return std::make_unique<DeleteCommand>(); }
+
+}  // namespace depcalc

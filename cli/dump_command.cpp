@@ -1,0 +1,89 @@
+// depcalc dump: the assets' data table as it is.
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "cli/company.h"
+#include "values/json_text.h"
+#include "values/number_text.h"
+
+namespace depcalc {
+namespace {
+
+/// The value in the form of its type. Money is a text, so that no reader rounds it.
+std::string contentOf(const StoredValue& value) {
+  switch (value.type()) {
+    case StoredValue::Type::empty:
+      return "null";
+    case StoredValue::Type::integer:
+      return std::to_string(value.get<std::int16_t>());
+    case StoredValue::Type::real:
+      return shortestNumberText(value.get<double>());
+    case StoredValue::Type::currency:
+      return jsonString(value.get<Currency>().toFixed4());
+    case StoredValue::Type::date:
+      return jsonString(value.get<Date>().toIsoText());
+    case StoredValue::Type::text:
+      return jsonString(value.get<std::string>());
+  }
+  return "null";
+}
+
+std::string recordText(std::int32_t index, const HostFields& fields) {
+  std::string text = "{\"index\":" + std::to_string(index) + ",\"values\":{";
+  const char* separator = "";
+  for (const std::string& name : fields.names()) {
+    const StoredValue value = fields.GetValue(name);
+    text.append(separator).append(jsonString(name)).append(":{\"type\":\"");
+    text.append(value.typeName()).append("\",\"value\":").append(contentOf(value)).append("}");
+    separator = ",";
+  }
+  return text + "}}";
+}
+
+class DumpCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "dump"; }
+
+  [[nodiscard]] std::string_view summary() const override {
+    return "Write a company file's asset table as JSON";
+  }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc dump workshop.company > workshop.json
+      every record with its values and their types
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareMore(CLI::App& app) override {
+    app.footer(
+        R"(The types are Empty, Integer, Double, Currency (a text with four decimals), Date
+(YYYY-MM-DD) and String. Record 0 sums the register up; the others are the assets.
+Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    Output& out = surroundings.out;
+    const auto table = company.file().OpenTable(asset_table_name);
+    out.write("{\"table\":" + jsonString(asset_table_name) + ",\"records\":[");
+    const std::int32_t count = table->Count();
+    std::int32_t written = 0;
+    for (std::int32_t i = 0; written < count && i <= INT16_MAX; ++i) {
+      const auto index = static_cast<std::int16_t>(i);
+      if (!table->Exists(index)) continue;
+      out.write(written++ == 0 ? "\n" : ",\n");
+      out.write(recordText(i, table->Item(index)->Fields()));
+    }
+    out.write(written == 0 ? "]}\n" : "\n]}\n");
+    return exit_success;
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<Command> dumpCommand() { return std::make_unique<DumpCommand>(); }
+
+}  // namespace depcalc

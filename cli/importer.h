@@ -1,0 +1,39 @@
+// Assets from a file into the register.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/asset_reader.h"
+#include "cli/company.h"
+
+namespace depcalc {
+
+/// The register's capacity: its indices are 16-bit numbers, and 0 is the summary's.
+inline constexpr std::int32_t most_assets = INT16_MAX;
+
+/// All that was read of an asset file.
+struct ImportedRows {
+  std::vector<CalculateDepPtr> assets;  ///< no more than the register can hold
+  std::size_t good_rows = 0;
+  bool any_problem = false;
+};
+
+/// Reads every row; each problem goes to `report`. A source that fails ends the reading.
+ImportedRows readRows(AssetReader& reader, const std::function<void(const RowProblem&)>& report);
+
+/// Calculates `asset` as the comparison of the methods does and gives it the amounts of its
+/// method; without one it stays without amounts, as one saved from the entry form.
+void calculateChosen(CalculateDep& asset);
+
+/// Saves `assets` through the store, one by one, behind those of the register: all of them or,
+/// where something is reported, none. Without `keep` everything is undone in the end. `reached`
+/// hears how many are saved. Answers what was reported.
+std::optional<std::string> saveAssets(Company& company, const std::vector<CalculateDepPtr>& assets,
+                                      bool keep, const std::function<void(std::size_t)>& reached);
+
+}  // namespace depcalc

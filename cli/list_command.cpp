@@ -1,0 +1,181 @@
+// depcalc list: the register's assets.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/asset_columns.h"
+#include "cli/company.h"
+#include "cli/data_text.h"
+#include "cli/printable_text.h"
+#include "cli/text_columns.h"
+#include "entry/field_rules.h"
+#include "values/display_format.h"
+#include "values/json_text.h"
+#include "values/number_text.h"
+
+namespace depcalc {
+namespace {
+
+/// The month and day of a fiscal year's end, MM-DD; "" for no date.
+std::string monthAndDay(Date date) { return date.isNone() ? "" : date.toIsoText().substr(5); }
+
+/// What the columns of an asset file hold for `asset`, in their order, in the form that import
+/// reads.
+std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep& asset) {
+  const Date start = asset.AssetStartDate();
+  return {asset.AssetID(),
+          asset.AssetName(),
+          asset.ASerial(),
+          asset.ADept(),
+          start.isNone() ? "" : start.toIsoText(),
+          monthAndDay(asset.FYEnd()),
+          numberToText(asset.DepRecovery()),
+          std::string(conventionItem(asset.DepConvention())),
+          asset.AssetBasis().toFixed4(),
+          asset.AssetSalvage().toFixed4(),
+          asset.AssetProdCap(),
+          asset.DepMethod()};
+}
+
+std::string csvRow(const std::array<std::string, asset_column_names.size()>& texts) {
+  std::string row;
+  const char* separator = "";
+  for (const std::string& text : texts) {
+    row.append(separator).append(csvField(text));
+    separator = ",";
+  }
+  return row + '\n';
+}
+
+// --- For people ----------------------------------------------------------------------------------
+
+struct Heading {
+  std::string_view title;
+  bool number = false;  ///< to the right
+};
+
+constexpr std::array<Heading, 9> headings{{{"N", true},
+                                           {"Asset ID"},
+                                           {"Name"},
+                                           {"In service"},
+                                           {"Basis", true},
+                                           {"Salvage", true},
+                                           {"Life", true},
+                                           {"Convention"},
+                                           {"Method"}}};
+using Row = std::array<std::string, headings.size()>;
+
+Row rowFor(std::int32_t number, const CalculateDep& asset) {
+  const Date start = asset.AssetStartDate();
+  return {std::to_string(number),
+          printableText(asset.AssetID()),
+          printableText(asset.AssetName()),
+          start.isNone() ? "" : start.toText(),
+          formatMoney(asset.AssetBasis()),
+          formatMoney(asset.AssetSalvage()),
+          numberToText(asset.DepRecovery()),
+          std::string(conventionItem(asset.DepConvention())),
+          printableText(asset.DepMethod())};
+}
+
+void writeTable(const std::vector<Row>& rows, Output& out) {
+  std::array<std::size_t, headings.size()> widths{};
+  for (const Row& row : rows) {
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      widths[i] = std::max(widths[i], characterCount(row[i]));
+    }
+  }
+  for (const Row& row : rows) {
+    std::string line;
+    for (std::size_t i = 0; i < row.size(); ++i) {
+      line += i == 0 ? "" : "  ";
+      line += headings[i].number ? rightAligned(row[i], widths[i]) : padded(row[i], widths[i]);
+    }
+    out.write(line.erase(line.find_last_not_of(' ') + 1) + '\n');
+  }
+}
+
+// --- The command ---------------------------------------------------------------------------------
+
+class ListCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "list"; }
+
+  [[nodiscard]] std::string_view summary() const override {
+    return "List the assets of a company file";
+  }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc list workshop.company
+      the assets and their numbers
+  depcalc list --format csv old.company | depcalc import new.company -
+      take the assets over into another company file
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareMore(CLI::App& app) override {
+    app.add_option("--format", format_, "How to write: table (for people), csv or json")
+        ->check(CLI::IsMember({"table", "csv", "json"}))
+        ->option_text("FORMAT");
+    app.footer(
+        R"(Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    if (format_ == "csv") {
+      listCsv(company, surroundings.out);
+    } else if (format_ == "json") {
+      listJson(company, surroundings.out);
+    } else {
+      listTable(company, surroundings.out);
+    }
+    return exit_success;
+  }
+
+  static void listCsv(Company& company, Output& out) {
+    std::string header;
+    for (const std::string_view column : asset_column_names) {
+      header.append(header.empty() ? "" : ",").append(column);
+    }
+    out.write(header + '\n');
+    const std::int32_t count = company.assetCount();
+    for (std::int32_t i = 1; i <= count; ++i) out.write(csvRow(fileTexts(*company.asset(i))));
+  }
+
+  static void listJson(Company& company, Output& out) {
+    const std::int32_t count = company.assetCount();
+    out.write("[");
+    for (std::int32_t i = 1; i <= count; ++i) {
+      out.write(i == 1 ? "\n" : ",\n");
+      out.write("{\"n\":" + std::to_string(i));
+      const auto texts = fileTexts(*company.asset(i));
+      for (std::size_t column = 0; column < texts.size(); ++column) {
+        out.write("," + jsonString(asset_column_names[column]) + ":" + jsonString(texts[column]));
+      }
+      out.write("}");
+    }
+    out.write(count == 0 ? "]\n" : "\n]\n");
+  }
+
+  static void listTable(Company& company, Output& out) {
+    const std::int32_t count = company.assetCount();
+    std::vector<Row> rows(1);
+    for (std::size_t i = 0; i < headings.size(); ++i) rows.front()[i] = headings[i].title;
+    for (std::int32_t i = 1; i <= count; ++i) rows.push_back(rowFor(i, *company.asset(i)));
+    writeTable(rows, out);
+  }
+
+  std::string format_ = "table";
+};
+
+}  // namespace
+
+std::unique_ptr<Command> listCommand() { return std::make_unique<ListCommand>(); }
+
+}  // namespace depcalc

@@ -1,0 +1,94 @@
+// depcalc new: an empty company file.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <variant>
+
+#include "cli/command.h"
+#include "cli/company.h"
+#include "cli/options.h"
+#include "cli/utf8_check.h"
+#include "host/sqlite/company_file.h"
+#include "values/locale.h"
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+/// A month's number or its name in any case.
+std::optional<int> monthFromText(std::string_view text) {
+  for (int month = 1; month <= 12; ++month) {
+    const std::string name = Date::strict(2000, month, 1).monthName();
+    if (text == std::to_string(month) || equalIgnoringCase(text, name)) return month;
+  }
+  return std::nullopt;
+}
+
+/// Whether `text` is UTF-8 on one line.
+bool isLine(std::string_view text) {
+  Utf8Check utf8;
+  const auto belongs = [&utf8](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte >= 0x20 && utf8.accepts(byte);
+  };
+  return std::all_of(text.begin(), text.end(), belongs) && utf8.atBoundary();
+}
+
+class NewCommand final : public Command {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "new"; }
+
+  [[nodiscard]] std::string_view summary() const override { return "Make an empty company file"; }
+
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc new workshop.company
+      the fiscal year begins in January
+  depcalc new --name "Nine Oaks Workshop" --first-month April workshop.company
+      the fiscal year begins on April 1
+)";
+  }
+
+  void declare(CLI::App& app) override {
+    app.add_option("FILE", path_, "The company file to make")->required()->option_text(" ");
+    app.add_option("--name", name_, "The company's name, else that of the file")
+        ->option_text("TEXT")
+        ->check([](const std::string& text) {
+          return isLine(text) ? "" : "the name must be UTF-8 on one line";
+        });
+    app.add_option_function<std::string>(
+           "--first-month",
+           [this](const std::string& text) { first_month_ = *monthFromText(text); },
+           "The fiscal year's first month, else January")
+        ->option_text("MONTH")
+        ->check([](const std::string& text) {
+          return monthFromText(text) ? "" : "\"" + text + "\" is no month; 1 to 12 or a name is";
+        });
+    addTodayOption(app, today_);
+    app.footer(R"(A file that is there is left alone.
+Exit status: 0 done, 2 wrong usage, 3 the file exists or cannot be made.)");
+  }
+
+  ExitStatus run(Surroundings& surroundings) override {
+    const Date today = today_.value_or(surroundings.today);
+    const std::string company = name_.value_or(std::filesystem::path(path_).stem().string());
+    const CompanyInfo info{.name = company, .first_month = first_month_, .multi_user = false};
+    const auto made = SqliteCompanyFile::create(
+        path_, info, {.today = [today] { return today; }, .writable = true, .vfs = {}});
+    const auto* trouble = std::get_if<FileTrouble>(&made);
+    return trouble != nullptr ? reportTrouble(*trouble, surroundings.errors) : exit_success;
+  }
+
+ private:
+  std::string path_;
+  std::optional<std::string> name_;
+  int first_month_ = 1;
+  std::optional<Date> today_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> newCommand() { return std::make_unique<NewCommand>(); }
+
+}  // namespace depcalc

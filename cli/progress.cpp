@@ -1,0 +1,28 @@
+#include "cli/progress.h"
+
+#include <utility>
+
+namespace depcalc {
+
+Progress::Progress(Output& errors, std::string doing, std::size_t total)
+    : errors_(errors),
+      doing_(std::move(doing)),
+      total_(total),
+      wanted_(errors.isTerminal()),
+      next_(Clock::now() + std::chrono::seconds(1)) {}
+
+Progress::~Progress() {
+  if (!shown_) return;
+  errors_.write("\r\x1B[K");
+  errors_.flush();
+}
+
+void Progress::reached(std::size_t done) {
+  if (!wanted_ || Clock::now() < next_) return;
+  next_ = Clock::now() + std::chrono::milliseconds(100);
+  shown_ = true;
+  errors_.write('\r' + doing_ + ": " + std::to_string(done) + " of " + std::to_string(total_));
+  errors_.flush();
+}
+
+}  // namespace depcalc
