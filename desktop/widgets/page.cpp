@@ -25,6 +25,7 @@ Page::Page(QWidget* parent) : QScrollArea(parent) {
 
 void Page::showControl(UserControl& root, Surface& surface) {
   clear();
+  setWidgetResizable(false);
   surface_ = &surface;
   surface.setRestingWidget(this);
   connect(&surface, &Surface::attention, this, &Page::reveal);
@@ -34,6 +35,12 @@ void Page::showControl(UserControl& root, Surface& surface) {
   QWidget* const owner = focused == nullptr ? nullptr : surface.widget(*focused);
   (owner != nullptr ? owner : this)->setFocus();
   surface.paintAtIdle();
+}
+
+void Page::showPlaceholder(QWidget* placeholder) {
+  clear();
+  setWidgetResizable(true);
+  setWidget(placeholder);
 }
 
 void Page::clear() {

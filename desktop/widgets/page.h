@@ -17,6 +17,8 @@ class Page : public QScrollArea {
 
   /// Shows `root`, which is on the stage of `surface`; both live until `clear` or the page's end.
   void showControl(UserControl& root, Surface& surface);
+  /// Shows something else instead; takes the widget.
+  void showPlaceholder(QWidget* placeholder);
   void clear();
 
  protected:

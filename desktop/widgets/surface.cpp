@@ -24,6 +24,7 @@ void Surface::setColours(const Colours& colours) {
 void Surface::act(const std::function<void(User&)>& action) {
   trapped("DepCalcDesktop::act", [&] { action(user_); });
   paintAtIdle();
+  emit acted();
 }
 
 void Surface::paintAtIdle() {

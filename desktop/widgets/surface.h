@@ -49,6 +49,8 @@ class Surface : public QObject {
  signals:
   /// Scale or colours are others now.
   void restyled();
+  /// The user did something, and what followed is over.
+  void acted();
   /// This part of a control should be where the user can see it.
   void attention(QWidget* widget, const QRect& part);
 

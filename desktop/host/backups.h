@@ -1,0 +1,46 @@
+// Dated copies of company files.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QVector>
+
+namespace depcalc::desktop {
+
+struct Backup {
+  QString path;
+  QDateTime made;
+  qint64 bytes = 0;
+};
+
+/// Keeps the last ten copies of each company file in a folder of its own below `root`.
+///
+/// A copy is taken while the file is closed and set aside; it counts from the first change of
+/// the opening that follows, and is dropped if none comes.
+class Backups {
+ public:
+  static constexpr int kept = 10;
+
+  explicit Backups(QString root) : root_(std::move(root)) {}
+
+  /// Sets a copy of `company_path` aside. The file must not be open. Returns whether it could.
+  bool setAside(const QString& company_path);
+  /// The file has been changed: what was set aside is kept as of `now`, the oldest goes.
+  void keep(const QString& company_path, const QDateTime& now);
+  /// The file was closed as it had been opened.
+  void drop(const QString& company_path);
+
+  /// The newest first.
+  [[nodiscard]] QVector<Backup> of(const QString& company_path) const;
+  /// Puts `backup` in the place of the company file, which must not be open, all of it or
+  /// nothing; what stood there becomes a backup itself. Returns what went wrong, "" if nothing.
+  QString restore(const Backup& backup, const QString& company_path, const QDateTime& now);
+
+ private:
+  [[nodiscard]] QString folder(const QString& company_path) const;
+  [[nodiscard]] QString asidePath(const QString& company_path) const;
+
+  QString root_;
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,110 @@
+#include "desktop/preview/preview.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPdfWriter>
+#include <QTimer>
+
+#include "compare/dep_calc_display_ctl.h"
+#include "desktop/preview/image_pages.h"
+#include "desktop/printing/page_printer.h"
+#include "entry/dep_calc_ctl.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr int page_dpi = 110;
+constexpr double margin_points = 36;
+
+class Walk {
+ public:
+  Walk(MainWindow& window, const QString& directory) : window_(window), directory_(directory) {}
+
+  QStringList run() {
+    show();
+    DepCalcView* const view = calculator().assetRegister();
+    if (view != nullptr && view->isShown()) {
+      grab(QStringLiteral("register"));
+      user([view](User& user) { user.clickCell(view->AssetViewTable, 0, 1); });
+      grab(QStringLiteral("register-selected"));
+      printSchedule();
+      user([view](User& user) { user.click(view->EditButton.normal); });
+    }
+    showEntry();
+    return paths_;
+  }
+
+ private:
+  Calculator& calculator() { return *window_.calculator(); }
+
+  template <typename Screen>
+  Screen* screen(const char* name) {
+    return dynamic_cast<Screen*>(calculator().container().child(name));
+  }
+
+  void showEntry() {
+    auto* const form = screen<DepCalcCtl>("DepCalcCtl1");
+    if (form == nullptr || !form->isShown()) return;
+    grab(QStringLiteral("entry"));
+    user([form](User& user) { user.click(form->ASalvageLabel); });
+    grab(QStringLiteral("entry-help"));
+    calculator().surface().handleKey(Qt::Key_Escape, Qt::NoModifier);
+    if (form->BasisText.empty()) return;
+    user([form](User& user) { user.click(form->CalcButton.normal); });
+    auto* const comparison = screen<DepCalcDisplayCtl>("DepCalcDisplayCtl1");
+    if (comparison == nullptr || !comparison->isShown()) return;
+    user([comparison](User& user) { user.click(comparison->SYDOption); });
+    grab(QStringLiteral("comparison"));
+    user([comparison](User& user) { user.click(comparison->HelpLabel); });
+    grab(QStringLiteral("comparison-help"));
+  }
+
+  template <typename Action>
+  void user(Action action) {
+    calculator().surface().act(action);
+    show();
+  }
+
+  void show() {
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+  }
+
+  void grab(const QString& name) {
+    const QString path = directory_ + u'/' + name + QStringLiteral(".png");
+    if (window_.grab().save(path)) paths_ << path;
+  }
+
+  void printSchedule() {
+    const QString path = directory_ + QStringLiteral("/schedule.pdf");
+    {
+      QPdfWriter pdf(path);
+      pdf.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                         {margin_points, margin_points, margin_points, margin_points}});
+      PagePrinter printer(pdf);
+      calculator().print(printer);
+    }
+    paths_ << path;
+    ImagePages images(page_dpi);
+    PagePrinter printer(images);
+    calculator().print(printer);
+    images.finish();
+    int number = 0;
+    for (const QImage& page : images.pages) {
+      const QString picture = directory_ + QStringLiteral("/schedule-%1.png").arg(++number);
+      if (page.save(picture)) paths_ << picture;
+    }
+  }
+
+  MainWindow& window_;
+  QString directory_;
+  QStringList paths_;
+};
+
+}  // namespace
+
+QStringList renderPreview(MainWindow& window, const QString& directory) {
+  window.show();
+  return Walk(window, directory).run();
+}
+
+}  // namespace depcalc::desktop

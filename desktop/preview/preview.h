@@ -1,0 +1,16 @@
+// Pictures of a company's screens and of its printed schedule.
+#pragma once
+
+#include <QStringList>
+
+#include "desktop/window/main_window.h"
+
+namespace depcalc::desktop {
+
+/// Walks the open company's calculator through its screens and writes a picture of each into
+/// `directory`, which is there: the register, the form filled with the first asset, its help, the
+/// comparison; and the schedule as PDF and as pictures of its pages. Nothing is saved. Returns
+/// the paths written; one that could not be written ends the walk.
+QStringList renderPreview(MainWindow& window, const QString& directory);
+
+}  // namespace depcalc::desktop

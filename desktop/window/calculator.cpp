@@ -1,0 +1,63 @@
+#include "desktop/window/calculator.h"
+
+#include "common/trapped.h"
+#include "help/dep_calc_popup.h"
+
+namespace depcalc::desktop {
+
+Calculator::Calculator(Site& site, std::shared_ptr<HostApplication> host, const Scale& scale,
+                       const Colours& colours)
+    : stage_(site),
+      container_(stage_, screens_, [host = std::move(host)] { return host; }),
+      surface_(stage_, scale, colours) {}
+
+void Calculator::start() {
+  container_.show();
+  surface_.act([this](User&) { container_.DepCalcCont_Initialize(); });
+}
+
+DepCalcView* Calculator::assetRegister() {
+  return dynamic_cast<DepCalcView*>(container_.child("DepCalcView1"));
+}
+
+void Calculator::loseFocus() {
+  const UserControl* const screen = container_.visibleScreen();
+  if (screen == nullptr || screen == assetRegister()) return;
+  surface_.act([](User& user) { user.leave(); });
+}
+
+void Calculator::showMainHelp() {
+  surface_.act([this](User&) { container_.ShowMainHelp(); });
+}
+
+void Calculator::showHelpLink(int number) {
+  showMainHelp();
+  stage_.pumpPaint();
+  auto* const popup = dynamic_cast<DepCalcPopup*>(container_.child("DepCalcPopup1"));
+  if (popup == nullptr) return;
+  Label& link = popup->LinkLabel.at(static_cast<std::size_t>(number));
+  surface_.act([&link](User& user) { user.click(link); });
+}
+
+void Calculator::print(Printer& printer) {
+  DepCalcView* const view = assetRegister();
+  if (view == nullptr) return;
+  trapped("DepCalcDesktop::print", [&] {
+    container_.ShowView(emv_ViewAll);
+    stage_.pumpPaint();
+    view->GetPrintPictures(printer);
+    printer.endJob();
+  });
+}
+
+std::optional<int> Calculator::assetCount() {
+  if (container_.TableName().empty() || container_.m_orvcf() == nullptr) return std::nullopt;
+  std::optional<int> count;
+  trapped("DepCalcDesktop::assetCount", [&] {
+    const int records = container_.m_orvcf()->OpenTable(container_.TableName())->Count();
+    count = std::max(0, records - 1);
+  });
+  return count;
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,51 @@
+// One company's calculator and the widgets that show it.
+#pragma once
+
+#include <memory>
+
+#include "DepCalc/calculator_screens.h"
+#include "DepCalc/dep_calc_cont.h"
+#include "desktop/site/desktop_site.h"
+#include "desktop/widgets/page.h"
+#include "desktop/widgets/surface.h"
+#include "register/dep_calc_view.h"
+
+namespace depcalc::desktop {
+
+/// From start-up to the end. No record in it outlives the company it was opened for.
+class Calculator {
+ public:
+  Calculator(Site& site, std::shared_ptr<HostApplication> host, const Scale& scale,
+             const Colours& colours);
+
+  /// Runs the start-up, which may say why it cannot show anything.
+  void start();
+  void showOn(Page& page) { page.showControl(container_, surface_); }
+
+  /// The host takes the focus away for good. Only the steps of entering an asset hear of it: on
+  /// the register the current record may be blank and carry the selected asset's index, and a
+  /// question about it could only do harm.
+  void loseFocus();
+
+  void showMainHelp();
+  /// Opens link `number` of the main help.
+  void showHelpLink(int number);
+
+  /// Prints the register as its Print button would.
+  void print(Printer& printer);
+
+  [[nodiscard]] Surface& surface() { return surface_; }
+  [[nodiscard]] Stage& stage() { return stage_; }
+  [[nodiscard]] DepCalcCont& container() { return container_; }
+  [[nodiscard]] DepCalcView* assetRegister();
+  /// Saved assets; nothing before start-up and after a refusal.
+  [[nodiscard]] std::optional<int> assetCount();
+
+ private:
+  Stage stage_;
+  CalculatorScreens screens_;
+  DepCalcCont container_;
+  Surface surface_;
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,35 @@
+#include "desktop/window/company_info_dialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLineEdit>
+
+#include "desktop/widgets/text_block.h"
+#include "values/locale.h"
+
+namespace depcalc::desktop {
+
+CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
+    : QDialog(parent), name_(new QLineEdit(this)), month_(new QComboBox(this)) {
+  setWindowTitle(tr("Company Info"));
+  name_->setObjectName(QStringLiteral("CompanyName"));
+  name_->setText(qtText(info.name));
+  name_->setMinimumWidth(name_->fontMetrics().averageCharWidth() * 40);
+  month_->setObjectName(QStringLiteral("FirstMonth"));
+  for (const auto& month : Locale::enUs().month_names) month_->addItem(qtText(month));
+  month_->setCurrentIndex(info.first_month - 1);
+  auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  auto* const form = new QFormLayout(this);
+  form->addRow(tr("&Name:"), name_);
+  form->addRow(tr("First &month of the fiscal year:"), month_);
+  form->addRow(buttons);
+}
+
+CompanyInfo CompanyInfoDialog::info() const {
+  return {name_->text().trimmed().toStdString(), month_->currentIndex() + 1};
+}
+
+}  // namespace depcalc::desktop

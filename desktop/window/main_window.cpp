@@ -1,0 +1,265 @@
+#include "desktop/window/main_window.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+
+#include "desktop/widgets/text_block.h"
+#include "host/unit_of_work.h"
+#include "values/locale.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr QSize first_size(940, 640);
+
+/// The number in "DepCalc::WriteData Error#75: …"; 0 where there is none.
+int errorNumber(std::string_view report) {
+  const std::size_t at = report.find("Error#");
+  if (at == std::string_view::npos) return 0;
+  return qtText(report.substr(at + 6)).section(u':', 0, 0).toInt();
+}
+
+/// What an asset's own values can cause; the calculator deals with these.
+bool isOfValues(int number) {
+  return number == 5 || number == 6 || number == 9 || number == 11 || number == 13;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Surroundings surroundings)
+    : around_(std::move(surroundings)),
+      application_(std::make_shared<DesktopApplication>(around_.start_directory)),
+      report_hook_([this](std::string_view report) { noteFailure(report); }),
+      page_(new Page(this)),
+      site_(*this, logicalDpiX(), around_.today, [this] { return systemPrinter(); }),
+      company_label_(new QLabel(this)),
+      note_label_(new QLabel(this)),
+      figures_label_(new QLabel(this)) {
+  setObjectName(QStringLiteral("MainWindow"));
+  setCentralWidget(page_);
+  statusBar()->addWidget(company_label_);
+  statusBar()->addPermanentWidget(note_label_);
+  statusBar()->addPermanentWidget(figures_label_);
+  makeMenus();
+  resize(first_size);
+  restoreGeometry(around_.settings.geometry());
+  showPlaceholder();
+  showStatus();
+}
+
+MainWindow::~MainWindow() { endCalculator(); }
+
+Scale MainWindow::scale() const { return Scale(logicalDpiX(), around_.settings.zoom()); }
+
+QString MainWindow::companyPath() const {
+  return company() == nullptr ? QString() : qtText(company()->path());
+}
+
+QString MainWindow::companyTitle() const {
+  const QString name = qtText(company()->info().name);
+  return name.isEmpty() ? QFileInfo(companyPath()).completeBaseName() : name;
+}
+
+bool MainWindow::openCompany(const QString& path) {
+  const QString absolute = QFileInfo(path).absoluteFilePath();
+  leaveCompany();
+  const bool copied = around_.backups.setAside(absolute);
+  try {
+    takeCompany(around_.files.open(absolute.toStdString()), absolute);
+  } catch (const CompanyFileError& error) {
+    around_.backups.drop(absolute);
+    tell(qtText(error.what()));
+    return false;
+  }
+  if (!copied) note_label_->setText(tr("No backup could be made"));
+  return true;
+}
+
+bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
+  const QString absolute = QFileInfo(path).absoluteFilePath();
+  leaveCompany();
+  try {
+    takeCompany(around_.files.create(absolute.toStdString(), info), absolute);
+  } catch (const CompanyFileError& error) {
+    tell(qtText(error.what()));
+    return false;
+  }
+  return true;
+}
+
+void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& path) {
+  application_->setCompany(std::move(company));
+  kept_revision_ = revision().value_or(0);
+  backup_kept_ = false;
+  around_.settings.addRecent(path);
+  around_.settings.setLastCompany(path);
+  showPlaceholder();
+  if (!application_->CompanyFile()->IsMultiUser()) startCalculator();
+  showStatus();
+}
+
+void MainWindow::closeCompany() {
+  leaveCompany();
+  around_.settings.setLastCompany({});
+}
+
+/// The calculator may ask about unsaved changes first, and its answer reaches the open file.
+void MainWindow::leaveCompany() {
+  if (calculator_ != nullptr) calculator_->loseFocus();
+  noteChanges();
+  const QString path = companyPath();
+  application_->setCompany(nullptr);
+  endCalculator();
+  if (!path.isEmpty()) around_.backups.drop(path);
+  note_label_->clear();
+  showPlaceholder();
+  showStatus();
+}
+
+void MainWindow::endCalculator() {
+  page_->clear();
+  calculator_ = nullptr;
+}
+
+void MainWindow::startCalculator() {
+  if (calculator_ != nullptr) calculator_->loseFocus();
+  endCalculator();
+  calculator_ = std::make_unique<Calculator>(site_, application_, scale(), Colours(palette()));
+  connect(&calculator_->surface(), &Surface::acted, this, [this] {
+    noteChanges();
+    showStatus();
+  });
+  calculator_->showOn(*page_);
+  calculator_->start();
+  if (calculator_->container().visibleScreen() == nullptr) {
+    endCalculator();
+    showPlaceholder();
+  }
+  showStatus();
+}
+
+void MainWindow::setMultiUser(bool on) {
+  if (company() == nullptr) return;
+  if (calculator_ != nullptr) calculator_->loseFocus();
+  endCalculator();
+  try {
+    company()->setMultiUser(on);
+  } catch (const CompanyFileError& error) {
+    tell(qtText(error.what()));
+  }
+  showPlaceholder();
+  if (!application_->CompanyFile()->IsMultiUser()) startCalculator();
+  showStatus();
+}
+
+void MainWindow::setCompanyInfo(const CompanyInfo& info) {
+  try {
+    company()->setInfo(info);
+  } catch (const CompanyFileError& error) {
+    tell(qtText(error.what()));
+  }
+  noteChanges();
+  showStatus();
+}
+
+bool MainWindow::restoreBackup(const Backup& backup) {
+  const QString path = companyPath();
+  leaveCompany();
+  const QString problem = around_.backups.restore(backup, path, QDateTime::currentDateTime());
+  if (!problem.isEmpty()) tell(tr("The backup could not be restored: %1").arg(problem));
+  return openCompany(path) && problem.isEmpty();
+}
+
+void MainWindow::setZoom(int percent) {
+  around_.settings.setZoom(std::clamp(percent, minimum_zoom, maximum_zoom));
+  if (calculator_ != nullptr) calculator_->surface().setScale(scale());
+  for (QAction* action : zoom_actions_->actions()) {
+    action->setChecked(action->data().toInt() == around_.settings.zoom());
+  }
+}
+
+std::optional<std::uint64_t> MainWindow::revision() const {
+  const auto file = application_->CompanyFile();
+  if (file == nullptr || file->unitOfWork() == nullptr) return std::nullopt;
+  return file->unitOfWork()->revision();
+}
+
+/// The copy taken at the opening counts from the first change.
+void MainWindow::noteChanges() {
+  if (backup_kept_ || company() == nullptr || revision() == kept_revision_) return;
+  backup_kept_ = true;
+  around_.backups.keep(companyPath(), QDateTime::currentDateTime());
+}
+
+void MainWindow::noteFailure(std::string_view report) {
+  if (isOfValues(errorNumber(report))) return;
+  note_label_->setText(tr("A host operation failed"));
+  note_label_->setToolTip(qtText(report));
+}
+
+void MainWindow::showPlaceholder() {
+  if (calculator_ != nullptr) return;
+  QString text = tr("Open a company file, then select the Depreciation Calculator.");
+  if (company() != nullptr) {
+    text = application_->CompanyFile()->IsMultiUser()
+               ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
+                    "single-user mode.")
+                     .arg(companyTitle())
+               : tr("%1 is open.").arg(companyTitle());
+  }
+  auto* const label = new QLabel(text);
+  label->setObjectName(QStringLiteral("Placeholder"));
+  label->setAlignment(Qt::AlignCenter);
+  label->setWordWrap(true);
+  label->setMargin(fontMetrics().height() * 2);
+  page_->showPlaceholder(label);
+}
+
+void MainWindow::showStatus() {
+  enableActions();
+  if (company() == nullptr) {
+    setWindowTitle(tr("Depreciation Calculator"));
+    company_label_->setText(tr("No company open"));
+    figures_label_->clear();
+    return;
+  }
+  const QString mode = application_->CompanyFile()->IsMultiUser() ? tr("multi-user mode")
+                                                                  : tr("single-user mode");
+  setWindowTitle(tr("%1 – Depreciation Calculator").arg(companyTitle()));
+  company_label_->setText(tr("%1 — %2").arg(companyTitle(), mode));
+  const auto month = static_cast<std::size_t>(company()->info().first_month - 1);
+  QString figures =
+      tr("Fiscal year starts in %1").arg(qtText(Locale::enUs().month_names.at(month)));
+  const std::optional<int> assets =
+      calculator_ == nullptr ? std::nullopt : calculator_->assetCount();
+  if (assets.has_value()) {
+    figures += tr("   ·   ") + (*assets == 1 ? tr("1 asset") : tr("%1 assets").arg(*assets));
+  }
+  figures_label_->setText(figures);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  const QString open = companyPath();
+  leaveCompany();
+  around_.settings.setLastCompany(open);
+  around_.settings.setGeometry(saveGeometry());
+  event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange && calculator_ != nullptr) {
+    calculator_->surface().setColours(Colours(palette()));
+  }
+  if (event->type() == QEvent::WindowStateChange && calculator_ != nullptr && !isMinimized()) {
+    calculator_->stage().expose();
+    calculator_->surface().paintAtIdle();
+  }
+  QMainWindow::changeEvent(event);
+}
+
+}  // namespace depcalc::desktop

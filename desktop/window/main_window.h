@@ -1,0 +1,112 @@
+// The host's window: a page that shows the calculator, and everything around it.
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "common/report_error.h"
+#include "desktop/host/backups.h"
+#include "desktop/host/desktop_application.h"
+#include "desktop/window/calculator.h"
+#include "desktop/window/settings.h"
+
+class QAction;
+class QActionGroup;
+class QLabel;
+class QMenu;
+
+namespace depcalc::desktop {
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  /// What the window works with; all of it outlives the window.
+  struct Surroundings {
+    CompanyFiles& files;
+    Settings& settings;
+    Backups& backups;
+    DesktopSite::Today today;
+    std::string start_directory;
+  };
+
+  explicit MainWindow(Surroundings surroundings);
+  ~MainWindow() override;
+
+  /// Closes the company that is open and opens this one, and the calculator where the company is
+  /// in single-user mode. What goes wrong is told to the user. Returns whether it is open.
+  bool openCompany(const QString& path);
+  bool createCompany(const QString& path, const CompanyInfo& info);
+  void closeCompany();
+  void setMultiUser(bool on);
+  void setCompanyInfo(const CompanyInfo& info);
+  bool restoreBackup(const Backup& backup);
+  /// A calculator of its own, anew.
+  void startCalculator();
+  void setZoom(int percent);
+
+  [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
+  [[nodiscard]] Company* company() const { return application_->company(); }
+  [[nodiscard]] Page& page() const { return *page_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  // main_window_menus.cpp
+  void makeMenus();
+  void makeFileMenu();
+  void makeCompanyMenu();
+  void makeViewMenu();
+  void makeHelpMenu();
+  QAction* addAction(QMenu& menu, const QString& text, const QKeySequence& key,
+                     void (MainWindow::*act)());
+  void fillRecentMenu();
+  void enableActions();
+
+  // main_window_dialogs.cpp
+  void askNewCompany();
+  void askOpenCompany();
+  void askCompanyInfo();
+  void askBackup();
+  void print();
+  void previewPrint();
+  void showAbout();
+  void showHelpTopic(int link);
+  void tell(const QString& text);
+  [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
+
+  void leaveCompany();
+  void endCalculator();
+  void takeCompany(std::unique_ptr<Company> company, const QString& path);
+  void showPlaceholder();
+  void noteFailure(std::string_view report);
+  void noteChanges();
+  void showStatus();
+  [[nodiscard]] Scale scale() const;
+  [[nodiscard]] QString companyPath() const;
+  [[nodiscard]] QString companyTitle() const;
+  [[nodiscard]] std::optional<std::uint64_t> revision() const;
+
+  Surroundings around_;
+  std::shared_ptr<DesktopApplication> application_;
+  ErrorReportHook report_hook_;
+  Page* page_;
+  DesktopSite site_;
+  std::unique_ptr<Calculator> calculator_;
+  std::uint64_t kept_revision_ = 0;
+  bool backup_kept_ = false;
+
+  QLabel* company_label_;
+  QLabel* note_label_;
+  QLabel* figures_label_;
+  QMenu* recent_menu_ = nullptr;
+  QActionGroup* zoom_actions_ = nullptr;
+  QAction* to_multi_user_ = nullptr;
+  QAction* to_single_user_ = nullptr;
+  QList<QAction*> company_actions_;     ///< need an open company
+  QList<QAction*> calculator_actions_;  ///< need a calculator that started
+};
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,100 @@
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/company_info_dialog.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/printing.h"
+#include "desktop/window/restore_dialog.h"
+#include "help/help_topics.h"
+
+namespace depcalc::desktop {
+namespace {
+
+const QString file_suffix = QStringLiteral(".company");
+
+QString filter() {
+  return QCoreApplication::translate("MainWindow", "Company files (*.company);;All files (*)");
+}
+
+}  // namespace
+
+void MainWindow::tell(const QString& text) {
+  QMessageBox box(QMessageBox::Warning, tr("Depreciation Calculator"), text, QMessageBox::Ok, this);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+void MainWindow::askNewCompany() {
+  QString path = QFileDialog::getSaveFileName(this, tr("New Company"), {}, filter());
+  if (path.isEmpty()) return;
+  if (QFileInfo(path).suffix().isEmpty()) path += file_suffix;
+  CompanyInfoDialog dialog({QFileInfo(path).completeBaseName().toStdString(), 1}, this);
+  if (dialog.exec() == QDialog::Accepted) createCompany(path, dialog.info());
+}
+
+void MainWindow::askOpenCompany() {
+  const QString path = QFileDialog::getOpenFileName(this, tr("Open Company"), {}, filter());
+  if (!path.isEmpty()) openCompany(path);
+}
+
+void MainWindow::askCompanyInfo() {
+  CompanyInfoDialog dialog(company()->info(), this);
+  if (dialog.exec() == QDialog::Accepted) setCompanyInfo(dialog.info());
+}
+
+void MainWindow::askBackup() {
+  const QVector<Backup> backups = around_.backups.of(companyPath());
+  if (backups.isEmpty()) {
+    tell(tr("There is no backup of this company yet. One is kept before the first change of each "
+            "opening."));
+    return;
+  }
+  RestoreDialog dialog(backups, this);
+  if (dialog.exec() == QDialog::Accepted) restoreBackup(dialog.chosen());
+}
+
+void MainWindow::showAbout() {
+  QMessageBox::about(this, tr("About"),
+                     tr("<h3>Depreciation Calculator %1</h3><p>Keeps a register of a business's "
+                        "assets, compares four methods of depreciation side by side and prints "
+                        "the schedule.</p>")
+                         .arg(QApplication::applicationVersion()));
+}
+
+/// Where no calculator could show a topic, a box does.
+void MainWindow::showHelpTopic(int link) {
+  if (calculator_ != nullptr) {
+    link < 0 ? calculator_->showMainHelp() : calculator_->showHelpLink(link);
+    return;
+  }
+  if (link < 0) link = 0;
+  const HelpTopic* const topic = findHelpTopic(helpLinks()[static_cast<std::size_t>(link)].topic);
+  if (topic == nullptr) return;
+  QMessageBox box(QMessageBox::NoIcon, qtText(topic->title), qtText(topic->body), QMessageBox::Ok,
+                  this);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+std::unique_ptr<Printer> MainWindow::systemPrinter() {
+  return makeSystemPrinter(around_.settings.printer(), this);
+}
+
+void MainWindow::print() {
+  // The register as it is in the file, whatever screen shows.
+  Calculator printed(site_, application_, scale(), Colours(palette()));
+  printed.start();
+  const QString chosen = printThroughDialog(
+      around_.settings.printer(), [&printed](Printer& printer) { printed.print(printer); }, this);
+  if (!chosen.isEmpty()) around_.settings.setPrinter(chosen);
+}
+
+void MainWindow::previewPrint() {
+  Calculator printed(site_, application_, scale(), Colours(palette()));
+  printed.start();
+  showPrintPreview([&printed](Printer& printer) { printed.print(printer); }, this);
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,131 @@
+#include <QActionGroup>
+#include <QApplication>
+#include <QFileInfo>
+#include <QMenuBar>
+
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/main_window.h"
+#include "help/help_topics.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr int zoom_steps[] = {75, 100, 125, 150, 175, 200, 250, 300};
+
+int nextZoom(int zoom, bool larger) {
+  int found = larger ? maximum_zoom : minimum_zoom;
+  for (const int step : zoom_steps) {
+    if (larger && step > zoom) return step;
+    if (!larger && step < zoom) found = step;
+  }
+  return found;
+}
+
+}  // namespace
+
+// The letters of the menus are none that the calculator's own buttons and tabs use.
+void MainWindow::makeMenus() {
+  makeFileMenu();
+  makeCompanyMenu();
+  makeViewMenu();
+  makeHelpMenu();
+}
+
+QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QKeySequence& key,
+                               void (MainWindow::*act)()) {
+  QAction* const action = menu.addAction(text);
+  if (!key.isEmpty()) action->setShortcut(key);
+  connect(action, &QAction::triggered, this, act);
+  return action;
+}
+
+void MainWindow::makeFileMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("&File"));
+  addAction(menu, tr("&New Company…"), QKeySequence::New, &MainWindow::askNewCompany);
+  addAction(menu, tr("&Open Company…"), QKeySequence::Open, &MainWindow::askOpenCompany);
+  recent_menu_ = menu.addMenu(tr("&Recent Companies"));
+  connect(recent_menu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+  company_actions_ << addAction(menu, tr("&Close Company"), QKeySequence::Close,
+                                &MainWindow::closeCompany);
+  company_actions_ << addAction(menu, tr("Restore &Backup…"), {}, &MainWindow::askBackup);
+  menu.addSeparator();
+  to_multi_user_ = menu.addAction(tr("Switch to &Multi-user Mode"));
+  to_single_user_ = menu.addAction(tr("Switch to &Single-user Mode"));
+  connect(to_multi_user_, &QAction::triggered, this, [this] { setMultiUser(true); });
+  connect(to_single_user_, &QAction::triggered, this, [this] { setMultiUser(false); });
+  menu.addSeparator();
+  calculator_actions_ << addAction(menu, tr("&Print…"), QKeySequence::Print, &MainWindow::print)
+                      << addAction(menu, tr("Print Pre&view…"), {}, &MainWindow::previewPrint);
+  menu.addSeparator();
+  QAction* const quit = menu.addAction(tr("&Quit"));
+  quit->setShortcut(QKeySequence::Quit);
+  connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::makeCompanyMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("Co&mpany"));
+  company_actions_ << addAction(menu, tr("Company &Info…"), {}, &MainWindow::askCompanyInfo);
+  // Without a company the calculator itself says what is missing.
+  addAction(menu, tr("&Depreciation Calculator"), {}, &MainWindow::startCalculator);
+}
+
+void MainWindow::makeViewMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("Vie&w"));
+  QMenu& zoom = *menu.addMenu(tr("&Zoom"));
+  zoom_actions_ = new QActionGroup(this);
+  for (const int percent : zoom_steps) {
+    QAction* const action = zoom.addAction(tr("%1 %").arg(percent));
+    action->setCheckable(true);
+    action->setChecked(percent == around_.settings.zoom());
+    action->setData(percent);
+    zoom_actions_->addAction(action);
+    connect(action, &QAction::triggered, this, [this, percent] { setZoom(percent); });
+  }
+  const auto add = [this, &menu](const QString& text, const QKeySequence& key, auto percent) {
+    QAction* const action = menu.addAction(text);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, [this, percent] { setZoom(percent()); });
+  };
+  add(tr("Zoom &In"), QKeySequence::ZoomIn,
+      [this] { return nextZoom(around_.settings.zoom(), true); });
+  add(tr("Zoom &Out"), QKeySequence::ZoomOut,
+      [this] { return nextZoom(around_.settings.zoom(), false); });
+  add(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), [] { return 100; });
+}
+
+void MainWindow::makeHelpMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("&Help"));
+  const auto add = [this, &menu](const QString& text, int link) {
+    connect(menu.addAction(text), &QAction::triggered, this, [this, link] { showHelpTopic(link); });
+  };
+  add(tr("&Using This Calculator"), -1);
+  int link = 0;
+  for (const HelpLink& topic : helpLinks()) add(qtText(topic.caption), link++);
+  menu.addSeparator();
+  addAction(menu, tr("&About"), {}, &MainWindow::showAbout);
+}
+
+void MainWindow::fillRecentMenu() {
+  recent_menu_->clear();
+  int number = 0;
+  for (const QString& path : around_.settings.recent()) {
+    QAction* const action = recent_menu_->addAction(
+        tr("&%1 %2").arg(++number).arg(QFileInfo(path).completeBaseName()));
+    action->setToolTip(path);
+    connect(action, &QAction::triggered, this, [this, path] { openCompany(path); });
+  }
+  recent_menu_->setToolTipsVisible(true);
+  if (number == 0) recent_menu_->addAction(tr("None yet"))->setEnabled(false);
+}
+
+void MainWindow::enableActions() {
+  const bool open = company() != nullptr;
+  const bool multi = open && application_->CompanyFile()->IsMultiUser();
+  for (QAction* action : company_actions_) action->setEnabled(open);
+  for (QAction* action : calculator_actions_) action->setEnabled(calculator_ != nullptr);
+  to_multi_user_->setVisible(!multi);
+  to_multi_user_->setEnabled(open);
+  to_single_user_->setVisible(multi);
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,46 @@
+#include "desktop/window/settings.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+#include "desktop/widgets/scale.h"
+
+namespace depcalc::desktop {
+namespace {
+
+const QString recent_key = QStringLiteral("companies/recent");
+const QString last_key = QStringLiteral("companies/last");
+const QString zoom_key = QStringLiteral("view/zoom");
+const QString geometry_key = QStringLiteral("window/geometry");
+const QString printer_key = QStringLiteral("print/printer");
+
+}  // namespace
+
+QStringList Settings::recent() const {
+  QStringList paths = store_.value(recent_key).toStringList();
+  erase_if(paths, [](const QString& path) { return !QFileInfo::exists(path); });
+  return paths;
+}
+
+void Settings::addRecent(const QString& path) {
+  QStringList paths = store_.value(recent_key).toStringList();
+  paths.removeAll(path);
+  paths.prepend(path);
+  store_.setValue(recent_key, QStringList(paths.mid(0, most_recent)));
+}
+
+QString Settings::lastCompany() const { return store_.value(last_key).toString(); }
+void Settings::setLastCompany(const QString& path) { store_.setValue(last_key, path); }
+
+int Settings::zoom() const {
+  return std::clamp(store_.value(zoom_key, 100).toInt(), minimum_zoom, maximum_zoom);
+}
+void Settings::setZoom(int percent) { store_.setValue(zoom_key, percent); }
+
+QByteArray Settings::geometry() const { return store_.value(geometry_key).toByteArray(); }
+void Settings::setGeometry(const QByteArray& geometry) { store_.setValue(geometry_key, geometry); }
+
+QString Settings::printer() const { return store_.value(printer_key).toString(); }
+void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,38 @@
+// What the host window remembers from one run to the next.
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QStringList>
+
+namespace depcalc::desktop {
+
+class Settings {
+ public:
+  static constexpr int most_recent = 8;
+
+  /// Kept in an INI file of this path.
+  explicit Settings(const QString& path) : store_(path, QSettings::IniFormat) {}
+
+  /// The companies opened last, the latest first; files that are gone are left out.
+  [[nodiscard]] QStringList recent() const;
+  void addRecent(const QString& path);
+
+  /// The company that was open at the end of the last run; "" where there was none.
+  [[nodiscard]] QString lastCompany() const;
+  void setLastCompany(const QString& path);
+
+  [[nodiscard]] int zoom() const;
+  void setZoom(int percent);
+
+  [[nodiscard]] QByteArray geometry() const;
+  void setGeometry(const QByteArray& geometry);
+
+  [[nodiscard]] QString printer() const;
+  void setPrinter(const QString& name);
+
+ private:
+  QSettings store_;
+};
+
+}  // namespace depcalc::desktop

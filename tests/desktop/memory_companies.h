@@ -1,0 +1,61 @@
+// Companies kept in memory, for windows under test.
+#pragma once
+
+#include <map>
+
+#include "desktop/host/company_files.h"
+#include "host/memory/memory_host.h"
+
+namespace depcalc::testing {
+
+class MemoryCompanies : public desktop::CompanyFiles {
+ public:
+  struct Kept {
+    std::shared_ptr<MemoryCompanyFile> file;
+    desktop::CompanyInfo info;
+    bool multi_user = false;
+  };
+
+  std::unique_ptr<desktop::Company> create(const std::string& path,
+                                           const desktop::CompanyInfo& info) override {
+    Kept& kept = companies[path];
+    kept = {std::make_shared<MemoryCompanyFile>(Date::strict(2024, info.first_month, 1),
+                                                MemoryCompanyFile::Units::offered),
+            info};
+    return std::make_unique<Open>(path, kept);
+  }
+
+  std::unique_ptr<desktop::Company> open(const std::string& path) override {
+    const auto found = companies.find(path);
+    if (found == companies.end()) throw desktop::CompanyFileError(path + ": no such company");
+    found->second.file->reopen();
+    return std::make_unique<Open>(path, found->second);
+  }
+
+  std::map<std::string, Kept> companies;
+
+ private:
+  class Open : public desktop::Company {
+   public:
+    Open(std::string path, Kept& kept) : path_(std::move(path)), kept_(kept) {}
+
+    [[nodiscard]] std::shared_ptr<HostCompanyFile> file() const override { return kept_.file; }
+    [[nodiscard]] std::string path() const override { return path_; }
+    [[nodiscard]] desktop::CompanyInfo info() const override { return kept_.info; }
+    void setInfo(const desktop::CompanyInfo& info) override {
+      kept_.info = info;
+      kept_.file->fiscalYearStart(Date::strict(2024, info.first_month, 1));
+    }
+    void setMultiUser(bool on) override {
+      kept_.multi_user = on;
+      kept_.file->multiUser(on);
+    }
+    void close() override { kept_.file->close(); }
+
+   private:
+    std::string path_;
+    Kept& kept_;
+  };
+};
+
+}  // namespace depcalc::testing
