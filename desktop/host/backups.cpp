@@ -64,8 +64,8 @@ QVector<Backup> Backups::of(const QString& company_path) const {
   // Names sort as dates do.
   for (const QFileInfo& file :
        dir.entryInfoList({u'*' + suffix}, QDir::Files, QDir::Name | QDir::Reversed)) {
-    found.push_back({file.absoluteFilePath(),
-                     QDateTime::fromString(file.completeBaseName(), stamp), file.size()});
+    found.push_back({file.absoluteFilePath(), QDateTime::fromString(file.completeBaseName(), stamp),
+                     file.size()});
   }
   return found;
 }

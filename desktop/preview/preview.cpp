@@ -6,7 +6,7 @@
 #include <QTimer>
 
 #include "compare/dep_calc_display_ctl.h"
-#include "desktop/preview/image_pages.h"
+#include "desktop/preview/image_printer.h"
 #include "desktop/printing/page_printer.h"
 #include "entry/dep_calc_ctl.h"
 
@@ -78,18 +78,17 @@ class Walk {
     const QString path = directory_ + QStringLiteral("/schedule.pdf");
     {
       QPdfWriter pdf(path);
-      pdf.setPageLayout({QPageSize(QPageSize::A4), QPageLayout::Portrait,
+      pdf.setPageLayout({QPageSize(QPageSize::A4),
+                         QPageLayout::Portrait,
                          {margin_points, margin_points, margin_points, margin_points}});
       PagePrinter printer(pdf);
       calculator().print(printer);
     }
     paths_ << path;
-    ImagePages images(page_dpi);
-    PagePrinter printer(images);
-    calculator().print(printer);
-    images.finish();
+    ImagePrinter images(page_dpi);
+    calculator().print(images);
     int number = 0;
-    for (const QImage& page : images.pages) {
+    for (const QImage& page : images.pages()) {
       const QString picture = directory_ + QStringLiteral("/schedule-%1.png").arg(++number);
       if (page.save(picture)) paths_ << picture;
     }

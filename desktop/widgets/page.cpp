@@ -17,6 +17,7 @@ constexpr int reveal_margin = 12;  // pixels left around what is to be seen
 Page::Page(QWidget* parent) : QScrollArea(parent) {
   setObjectName(QStringLiteral("Page"));
   setAccessibleName(tr("Calculator"));
+  viewport()->setAccessibleName(accessibleName());
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
   setAlignment(Qt::AlignLeft | Qt::AlignTop);

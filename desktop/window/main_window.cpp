@@ -130,12 +130,14 @@ void MainWindow::startCalculator() {
   if (calculator_ != nullptr) calculator_->loseFocus();
   endCalculator();
   calculator_ = std::make_unique<Calculator>(site_, application_, scale(), Colours(palette()));
+  calculator_->showOn(*page_);
+  calculator_->start();
+  // What start-up refreshes is no change of the user's.
+  if (!backup_kept_) kept_revision_ = revision().value_or(0);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
     noteChanges();
     showStatus();
   });
-  calculator_->showOn(*page_);
-  calculator_->start();
   if (calculator_->container().visibleScreen() == nullptr) {
     endCalculator();
     showPlaceholder();
@@ -228,8 +230,8 @@ void MainWindow::showStatus() {
     figures_label_->clear();
     return;
   }
-  const QString mode = application_->CompanyFile()->IsMultiUser() ? tr("multi-user mode")
-                                                                  : tr("single-user mode");
+  const QString mode =
+      application_->CompanyFile()->IsMultiUser() ? tr("multi-user mode") : tr("single-user mode");
   setWindowTitle(tr("%1 – Depreciation Calculator").arg(companyTitle()));
   company_label_->setText(tr("%1 — %2").arg(companyTitle(), mode));
   const auto month = static_cast<std::size_t>(company()->info().first_month - 1);

@@ -47,8 +47,9 @@ void MainWindow::askCompanyInfo() {
 void MainWindow::askBackup() {
   const QVector<Backup> backups = around_.backups.of(companyPath());
   if (backups.isEmpty()) {
-    tell(tr("There is no backup of this company yet. One is kept before the first change of each "
-            "opening."));
+    tell(
+        tr("There is no backup of this company yet. One is kept before the first change of each "
+           "opening."));
     return;
   }
   RestoreDialog dialog(backups, this);

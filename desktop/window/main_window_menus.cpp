@@ -29,6 +29,7 @@ void MainWindow::makeMenus() {
   makeCompanyMenu();
   makeViewMenu();
   makeHelpMenu();
+  for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));
 }
 
 QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QKeySequence& key,
@@ -109,8 +110,8 @@ void MainWindow::fillRecentMenu() {
   recent_menu_->clear();
   int number = 0;
   for (const QString& path : around_.settings.recent()) {
-    QAction* const action = recent_menu_->addAction(
-        tr("&%1 %2").arg(++number).arg(QFileInfo(path).completeBaseName()));
+    QAction* const action =
+        recent_menu_->addAction(tr("&%1 %2").arg(++number).arg(QFileInfo(path).completeBaseName()));
     action->setToolTip(path);
     connect(action, &QAction::triggered, this, [this, path] { openCompany(path); });
   }

@@ -12,18 +12,16 @@ namespace depcalc::desktop {
 RestoreDialog::RestoreDialog(QVector<Backup> backups, QWidget* parent)
     : QDialog(parent), backups_(std::move(backups)), list_(new QListWidget(this)) {
   setWindowTitle(tr("Restore Backup"));
-  auto* const question = new QLabel(
-      tr("Put the company back as it was before the changes that began at:"), this);
+  auto* const question =
+      new QLabel(tr("Put the company back as it was before the changes that began at:"), this);
   list_->setObjectName(QStringLiteral("Backups"));
   list_->setAccessibleName(question->text());
   for (const Backup& backup : backups_) {
-    list_->addItem(tr("%1 (%2)").arg(
-        backup.made.toString(QStringLiteral("d MMMM yyyy, HH:mm:ss")),
-        QLocale::c().formattedDataSize(backup.bytes)));
+    list_->addItem(tr("%1 (%2)").arg(backup.made.toString(QStringLiteral("d MMMM yyyy, HH:mm:ss")),
+                                     QLocale::c().formattedDataSize(backup.bytes)));
   }
   list_->setCurrentRow(0);
-  auto* const note =
-      new QLabel(tr("The company as it is now is kept as a backup, too."), this);
+  auto* const note = new QLabel(tr("The company as it is now is kept as a backup, too."), this);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   QPushButton* const restore = buttons->addButton(tr("&Restore"), QDialogButtonBox::AcceptRole);
   restore->setDefault(true);

@@ -1,0 +1,254 @@
+// The host's own part: companies, modes, backups, settings, the status bar, mnemonics, names.
+#include <QAccessible>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenuBar>
+
+#include "controls/picture_button.h"
+#include "desktop/preview/preview.h"
+#include "tests/desktop/window_fixture.h"
+
+namespace depcalc::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Window = WindowTest;
+
+TEST_F(Window, WithoutACompanyTheCalculatorSaysWhatIsMissing) {
+  EXPECT_EQ(status(0), "No company open");
+  action("Depreciation Calculator").trigger();
+  EXPECT_THAT(boxes.take(),
+              ElementsAre("Depreciate Your Assets | You must have a company file open to use this "
+                          "feature. Open a company file, then select the Depreciation Calculator "
+                          "again."));
+  EXPECT_FALSE(action("Company Info…").isEnabled());
+  EXPECT_FALSE(action("Print…").isEnabled());
+}
+
+TEST_F(Window, SwitchesModes) {
+  newCompany();
+  ASSERT_NE(window.calculator(), nullptr);
+  action("Switch to Multi-user Mode").trigger();
+  EXPECT_EQ(window.calculator(), nullptr);
+  EXPECT_EQ(status(0), "Sample Joinery — multi-user mode");
+  EXPECT_THAT(boxes.take(), IsEmpty());
+  action("Depreciation Calculator").trigger();
+  EXPECT_THAT(boxes.take(),
+              ElementsAre("Depreciate Your Assets | You must be in single-user mode to use this "
+                          "feature. To change modes, choose Switch to Single-user Mode from the "
+                          "File menu."));
+  action("Switch to Single-user Mode").trigger();
+  ASSERT_NE(window.calculator(), nullptr);
+  EXPECT_EQ(shown(), "DepCalcCtl1");
+}
+
+TEST_F(Window, CompanyInfoChangesNameAndFirstMonth) {
+  newCompany();
+  QTimer::singleShot(50, [] {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QLineEdit*>("CompanyName")->setText("Renamed");
+    dialog->findChild<QComboBox*>("FirstMonth")->setCurrentIndex(9);
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  action("Company Info…").trigger();
+  EXPECT_EQ(window.company()->info(), (desktop::CompanyInfo{"Renamed", 10}));
+  EXPECT_EQ(status(2), "Fiscal year starts in October   ·   0 assets");
+}
+
+TEST_F(Window, ACompanyThatCannotBeOpenedIsSaidSo) {
+  EXPECT_FALSE(window.openCompany(path("nowhere")));
+  EXPECT_THAT(boxes.take(), ElementsAre("Depreciation Calculator | " +
+                                        path("nowhere").toStdString() + ": no such company"));
+  EXPECT_EQ(window.company(), nullptr);
+}
+
+TEST_F(Window, EachCompanyGetsACalculatorOfItsOwn) {
+  newCompany("one");
+  fill("FIRST");
+  boxes.answers = {QMessageBox::No};
+  newCompany("two");
+  EXPECT_EQ(boxes.take().size(), 1U);
+  EXPECT_EQ(form().IDText.text(), "");
+  EXPECT_EQ(calculator().container().CurrentRecord()->AssetID(), "");
+}
+
+TEST_F(Window, ZoomIsKeptWithinItsBoundsAndRemembered) {
+  newCompany();
+  const QSize usual = widget(form().IDText).size();
+  for (int i = 0; i < 12; ++i) action("Zoom In").trigger();
+  EXPECT_EQ(settings.zoom(), 300);
+  EXPECT_EQ(widget(form().IDText).size(), usual * 3);
+  for (int i = 0; i < 12; ++i) action("Zoom Out").trigger();
+  EXPECT_EQ(settings.zoom(), 75);
+  action("Actual Size").trigger();
+  EXPECT_EQ(widget(form().IDText).size(), usual);
+  EXPECT_EQ(desktop::Settings(directory.filePath("settings.ini")).zoom(), 100);
+}
+
+TEST_F(Window, RecentCompaniesAreThoseThatAreStillThere) {
+  for (const char* name : {"one", "two", "three"}) {
+    QFile file(path(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    newCompany(name);
+  }
+  EXPECT_EQ(settings.recent(), (QStringList{path("three"), path("two"), path("one")}));
+  QFile::remove(path("two"));
+  EXPECT_EQ(settings.recent(), (QStringList{path("three"), path("one")}));
+  EXPECT_EQ(settings.lastCompany(), path("three"));
+  window.closeCompany();
+  EXPECT_EQ(settings.lastCompany(), "");
+}
+
+void write(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(bytes);
+}
+
+QByteArray read(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+TEST_F(Window, ABackupIsKeptBeforeTheFirstChangeOfAnOpening) {
+  newCompany();
+  window.closeCompany();
+  EXPECT_THAT(backups.of(path()), IsEmpty());
+  write(path(), "as it was");
+  ASSERT_TRUE(window.openCompany(path()));
+  settle();
+  const qsizetype after_opening = backups.of(path()).size();
+  fill("A-1");
+  while (focused() != "StartDateText") key(Qt::Key_Tab);
+  fill("3/1/2024");
+  key(Qt::Key_S, Qt::AltModifier);
+  ASSERT_EQ(backups.of(path()).size(), after_opening + 1);
+  EXPECT_EQ(read(backups.of(path()).front().path), "as it was");
+  key(Qt::Key_N, Qt::AltModifier);
+  fill("A-2");
+  while (focused() != "StartDateText") key(Qt::Key_Tab);
+  fill("3/1/2024");
+  key(Qt::Key_S, Qt::AltModifier);
+  EXPECT_EQ(backups.of(path()).size(), after_opening + 1) << "one for each opening";
+  write(path(), "as it is");
+  ASSERT_TRUE(window.restoreBackup(backups.of(path()).front()));
+  EXPECT_EQ(read(path()), "as it was");
+  EXPECT_EQ(read(backups.of(path()).front().path), "as it is") << "nothing is thrown away";
+}
+
+TEST(BackupsTest, KeepTheLastTenOfEachCompany) {
+  const QTemporaryDir directory;
+  desktop::Backups backups(directory.filePath("backups"));
+  const QString one = directory.filePath("one.company");
+  const QString other = directory.filePath("sub");
+  QDir().mkpath(other);
+  const QString namesake = other + "/one.company";
+  write(namesake, "another company");
+  EXPECT_FALSE(backups.setAside(directory.filePath("missing")));
+  const QDateTime start(QDate(2024, 1, 1), QTime(8, 0));
+  for (int i = 0; i < 14; ++i) {
+    write(one, QByteArray::number(i));
+    ASSERT_TRUE(backups.setAside(one));
+    backups.keep(one, start.addDays(i));
+  }
+  ASSERT_TRUE(backups.setAside(namesake));
+  backups.drop(namesake);
+  EXPECT_THAT(backups.of(namesake), IsEmpty());
+  const auto kept = backups.of(one);
+  ASSERT_EQ(kept.size(), 10);
+  EXPECT_EQ(read(kept.front().path), "13");
+  EXPECT_EQ(kept.front().made, start.addDays(13));
+  EXPECT_EQ(read(kept.back().path), "4");
+  EXPECT_EQ(backups.restore(kept.back(), one, start.addDays(20)), "") << "the oldest one";
+  EXPECT_EQ(read(one), "4");
+  EXPECT_EQ(read(backups.of(one).front().path), "13");
+  EXPECT_NE(backups.restore({"/nowhere/at.all", start, 0}, one, start.addDays(21)), "");
+  EXPECT_EQ(read(one), "4");
+}
+
+/// Every object an assistive tool finds below `at`.
+void walk(QAccessibleInterface& at, const QString& path, std::vector<std::string>& nameless) {
+  const QString here = path + u'/' + (at.object() ? at.object()->objectName() : QString());
+  const bool unnamed_kind = at.role() == QAccessible::ScrollBar || at.role() == QAccessible::Cell ||
+                            at.role() == QAccessible::Separator ||
+                            at.role() == QAccessible::StatusBar ||
+                            at.role() == QAccessible::MenuBar || at.role() == QAccessible::Grip ||
+                            (at.role() == QAccessible::Pane && at.object() == nullptr);
+  const bool empty_label = at.role() == QAccessible::StaticText && !at.state().invisible &&
+                           qobject_cast<QLabel*>(at.object()) != nullptr;
+  if (at.text(QAccessible::Name).trimmed().isEmpty() && !unnamed_kind && !empty_label) {
+    nameless.push_back(here.toStdString() + " role " + std::to_string(at.role()));
+  }
+  for (int i = 0; i < at.childCount(); ++i) {
+    if (QAccessibleInterface* const child = at.child(i)) walk(*child, here, nameless);
+  }
+}
+
+TEST_F(Window, NothingIsWithoutANameForAssistiveTools) {
+  newCompany();
+  std::vector<std::string> nameless;
+  walk(*QAccessible::queryAccessibleInterface(&window), {}, nameless);
+  EXPECT_THAT(nameless, IsEmpty());
+}
+
+void collect(const UserControl& at, std::vector<const Control*>& found) {
+  for (const Control* child : at.children()) {
+    found.push_back(child);
+    if (child->kind() == ControlKind::userControl) {
+      collect(static_cast<const UserControl&>(*child), found);
+    }
+  }
+}
+
+TEST_F(Window, EveryPictureThatIsClickedHasAMnemonicThatNoMenuTakes) {
+  newCompany();
+  std::vector<const Control*> controls;
+  collect(calculator().container(), controls);
+  QString menu_letters;
+  for (const QAction* menu : window.menuBar()->actions()) {
+    menu_letters += menu->text().section(u'&', 1).left(1).toUpper();
+  }
+  int pictures = 0;
+  for (const Control* control : controls) {
+    const auto* picture = dynamic_cast<const PictureButton*>(control);
+    // Escape closes a popup.
+    if (picture != nullptr && picture->under() == nullptr && picture->picture() != "close") {
+      ++pictures;
+      EXPECT_NE(picture->mnemonic(), 0) << picture->name();
+    }
+    if (control->mnemonic() == 0) continue;
+    EXPECT_FALSE(menu_letters.contains(QChar(control->mnemonic()))) << control->name();
+  }
+  EXPECT_EQ(pictures, 9);
+}
+
+TEST_F(Window, AFailedHostOperationIsNotedInTheStatusBar) {
+  newCompany();
+  EXPECT_EQ(status(1), "");
+  ReportError("DepCalc::ReadData Error#13: Type mismatch");
+  EXPECT_EQ(status(1), "") << "an asset's own values are no failure of the host";
+  ReportError("DepCalc::WriteData Error#61: Disk full");
+  EXPECT_EQ(status(1), "A host operation failed");
+}
+
+TEST_F(Window, PreviewsShowEveryScreen) {
+  newCompany();
+  enterAsset({"TRK-014", "Delivery truck", "1FTYR10D", "Warehouse", "9/15/2023", "April", "5", "",
+              "38450", "4000", "150000"});
+  key(Qt::Key_S, Qt::AltModifier);
+  ASSERT_EQ(shown(), "DepCalcView1");
+  const QStringList paths = desktop::renderPreview(window, directory.path());
+  std::vector<std::string> names;
+  for (const QString& path : paths) {
+    names.push_back(QFileInfo(path).fileName().toStdString());
+    EXPECT_GT(QFileInfo(path).size(), 1000) << names.back();
+  }
+  EXPECT_THAT(names,
+              ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
+                          "entry.png", "entry-help.png", "comparison.png", "comparison-help.png"));
+}
+
+}  // namespace
+}  // namespace depcalc::testing
