@@ -28,6 +28,14 @@ QString copyFile(const QString& from, const QString& to) {
   return target.commit() ? QString() : target.errorString();
 }
 
+/// What is no company file at all is not worth a copy.
+bool isDatabase(const QString& path) {
+  if (!QFileInfo(path).isFile()) return false;
+  QFile file(path);
+  const QByteArray magic = QByteArrayLiteral("SQLite format 3");
+  return file.open(QIODevice::ReadOnly) && file.read(magic.size()) == magic;
+}
+
 }  // namespace
 
 /// Two companies of one file name have folders of their own.
@@ -44,7 +52,7 @@ QString Backups::asidePath(const QString& company_path) const {
 }
 
 bool Backups::setAside(const QString& company_path) {
-  if (!QFileInfo(company_path).isFile() || !QDir().mkpath(folder(company_path))) return false;
+  if (!isDatabase(company_path) || !QDir().mkpath(folder(company_path))) return false;
   return copyFile(company_path, asidePath(company_path)).isEmpty();
 }
 

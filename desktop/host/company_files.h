@@ -2,20 +2,14 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
 #include "host/host.h"
+#include "host/sqlite/company_info.h"
 
 namespace depcalc::desktop {
-
-/// What Company Info shows.
-struct CompanyInfo {
-  std::string name;
-  int first_month = 1;  ///< of the fiscal year, 1 to 12
-
-  friend bool operator==(const CompanyInfo&, const CompanyInfo&) = default;
-};
 
 /// A company file could not be made, opened or changed. The text is for the user and names the
 /// file.
@@ -32,10 +26,11 @@ class Company {
   [[nodiscard]] virtual std::shared_ptr<HostCompanyFile> file() const = 0;
   [[nodiscard]] virtual std::string path() const = 0;
 
-  // These three fail with CompanyFileError, and then change nothing.
   [[nodiscard]] virtual CompanyInfo info() const = 0;
+  /// Fails with CompanyFileError, and then changes nothing.
   virtual void setInfo(const CompanyInfo& info) = 0;
-  virtual void setMultiUser(bool on) = 0;
+  /// Why the last write failed, for the user; told once.
+  virtual std::optional<std::string> takeTrouble() = 0;
 
   /// Tells the file's listeners that it closes, and closes it.
   virtual void close() = 0;
@@ -46,7 +41,7 @@ class CompanyFiles {
  public:
   virtual ~CompanyFiles() = default;
 
-  /// A new company in single-user mode. A file of that name is replaced: the caller has asked.
+  /// A file that is there already is left alone.
   virtual std::unique_ptr<Company> create(const std::string& path, const CompanyInfo& info) = 0;
   virtual std::unique_ptr<Company> open(const std::string& path) = 0;
 };

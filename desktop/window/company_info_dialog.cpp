@@ -11,7 +11,7 @@
 namespace depcalc::desktop {
 
 CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
-    : QDialog(parent), name_(new QLineEdit(this)), month_(new QComboBox(this)) {
+    : QDialog(parent), info_(info), name_(new QLineEdit(this)), month_(new QComboBox(this)) {
   setWindowTitle(tr("Company Info"));
   name_->setObjectName(QStringLiteral("CompanyName"));
   name_->setText(qtText(info.name));
@@ -29,7 +29,10 @@ CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
 }
 
 CompanyInfo CompanyInfoDialog::info() const {
-  return {name_->text().trimmed().toStdString(), month_->currentIndex() + 1};
+  CompanyInfo changed = info_;
+  changed.name = name_->text().trimmed().toStdString();
+  changed.first_month = month_->currentIndex() + 1;
+  return changed;
 }
 
 }  // namespace depcalc::desktop

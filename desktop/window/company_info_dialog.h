@@ -20,6 +20,7 @@ class CompanyInfoDialog : public QDialog {
   [[nodiscard]] CompanyInfo info() const;
 
  private:
+  CompanyInfo info_;
   QLineEdit* name_;
   QComboBox* month_;
 };

@@ -68,8 +68,13 @@ QString MainWindow::companyTitle() const {
 bool MainWindow::openCompany(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
   leaveCompany();
-  const bool copied = around_.backups.setAside(absolute);
+  bool copied = false;
   try {
+    // What a crash left half done is put right first, so that the copy is whole.
+    if (QFile::exists(absolute + QStringLiteral("-journal"))) {
+      around_.files.open(absolute.toStdString())->close();
+    }
+    copied = around_.backups.setAside(absolute);
     takeCompany(around_.files.open(absolute.toStdString()), absolute);
   } catch (const CompanyFileError& error) {
     around_.backups.drop(absolute);
@@ -149,11 +154,9 @@ void MainWindow::setMultiUser(bool on) {
   if (company() == nullptr) return;
   if (calculator_ != nullptr) calculator_->loseFocus();
   endCalculator();
-  try {
-    company()->setMultiUser(on);
-  } catch (const CompanyFileError& error) {
-    tell(qtText(error.what()));
-  }
+  CompanyInfo info = company()->info();
+  info.multi_user = on;
+  setCompanyInfo(info);
   showPlaceholder();
   if (!application_->CompanyFile()->IsMultiUser()) startCalculator();
   showStatus();
@@ -201,7 +204,8 @@ void MainWindow::noteChanges() {
 void MainWindow::noteFailure(std::string_view report) {
   if (isOfValues(errorNumber(report))) return;
   note_label_->setText(tr("A host operation failed"));
-  note_label_->setToolTip(qtText(report));
+  const auto trouble = company() == nullptr ? std::nullopt : company()->takeTrouble();
+  note_label_->setToolTip(qtText(trouble.has_value() ? *trouble : std::string(report)));
 }
 
 void MainWindow::showPlaceholder() {

@@ -27,10 +27,13 @@ void MainWindow::tell(const QString& text) {
 }
 
 void MainWindow::askNewCompany() {
-  QString path = QFileDialog::getSaveFileName(this, tr("New Company"), {}, filter());
+  QString path = QFileDialog::getSaveFileName(this, tr("New Company"), {}, filter(), nullptr,
+                                              QFileDialog::DontConfirmOverwrite);
   if (path.isEmpty()) return;
   if (QFileInfo(path).suffix().isEmpty()) path += file_suffix;
-  CompanyInfoDialog dialog({QFileInfo(path).completeBaseName().toStdString(), 1}, this);
+  CompanyInfo fresh;
+  fresh.name = QFileInfo(path).completeBaseName().toStdString();
+  CompanyInfoDialog dialog(fresh, this);
   if (dialog.exec() == QDialog::Accepted) createCompany(path, dialog.info());
 }
 

@@ -12,12 +12,11 @@ class MemoryCompanies : public desktop::CompanyFiles {
  public:
   struct Kept {
     std::shared_ptr<MemoryCompanyFile> file;
-    desktop::CompanyInfo info;
-    bool multi_user = false;
+    CompanyInfo info;
   };
 
   std::unique_ptr<desktop::Company> create(const std::string& path,
-                                           const desktop::CompanyInfo& info) override {
+                                           const CompanyInfo& info) override {
     Kept& kept = companies[path];
     kept = {std::make_shared<MemoryCompanyFile>(Date::strict(2024, info.first_month, 1),
                                                 MemoryCompanyFile::Units::offered),
@@ -41,15 +40,13 @@ class MemoryCompanies : public desktop::CompanyFiles {
 
     [[nodiscard]] std::shared_ptr<HostCompanyFile> file() const override { return kept_.file; }
     [[nodiscard]] std::string path() const override { return path_; }
-    [[nodiscard]] desktop::CompanyInfo info() const override { return kept_.info; }
-    void setInfo(const desktop::CompanyInfo& info) override {
+    [[nodiscard]] CompanyInfo info() const override { return kept_.info; }
+    void setInfo(const CompanyInfo& info) override {
       kept_.info = info;
       kept_.file->fiscalYearStart(Date::strict(2024, info.first_month, 1));
+      kept_.file->multiUser(info.multi_user);
     }
-    void setMultiUser(bool on) override {
-      kept_.multi_user = on;
-      kept_.file->multiUser(on);
-    }
+    std::optional<std::string> takeTrouble() override { return std::nullopt; }
     void close() override { kept_.file->close(); }
 
    private:

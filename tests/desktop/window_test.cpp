@@ -53,7 +53,7 @@ TEST_F(Window, CompanyInfoChangesNameAndFirstMonth) {
     QTest::keyClick(dialog, Qt::Key_Return);
   });
   action("Company Info…").trigger();
-  EXPECT_EQ(window.company()->info(), (desktop::CompanyInfo{"Renamed", 10}));
+  EXPECT_EQ(window.company()->info(), (CompanyInfo{"Renamed", 10}));
   EXPECT_EQ(status(2), "Fiscal year starts in October   ·   0 assets");
 }
 
@@ -116,7 +116,7 @@ TEST_F(Window, ABackupIsKeptBeforeTheFirstChangeOfAnOpening) {
   newCompany();
   window.closeCompany();
   EXPECT_THAT(backups.of(path()), IsEmpty());
-  write(path(), "as it was");
+  write(path(), "SQLite format 3: as it was");
   ASSERT_TRUE(window.openCompany(path()));
   settle();
   const qsizetype after_opening = backups.of(path()).size();
@@ -125,17 +125,18 @@ TEST_F(Window, ABackupIsKeptBeforeTheFirstChangeOfAnOpening) {
   fill("3/1/2024");
   key(Qt::Key_S, Qt::AltModifier);
   ASSERT_EQ(backups.of(path()).size(), after_opening + 1);
-  EXPECT_EQ(read(backups.of(path()).front().path), "as it was");
+  EXPECT_EQ(read(backups.of(path()).front().path), "SQLite format 3: as it was");
   key(Qt::Key_N, Qt::AltModifier);
   fill("A-2");
   while (focused() != "StartDateText") key(Qt::Key_Tab);
   fill("3/1/2024");
   key(Qt::Key_S, Qt::AltModifier);
   EXPECT_EQ(backups.of(path()).size(), after_opening + 1) << "one for each opening";
-  write(path(), "as it is");
+  write(path(), "SQLite format 3: as it is");
   ASSERT_TRUE(window.restoreBackup(backups.of(path()).front()));
-  EXPECT_EQ(read(path()), "as it was");
-  EXPECT_EQ(read(backups.of(path()).front().path), "as it is") << "nothing is thrown away";
+  EXPECT_EQ(read(path()), "SQLite format 3: as it was");
+  EXPECT_EQ(read(backups.of(path()).front().path), "SQLite format 3: as it is")
+      << "nothing is thrown away";
 }
 
 TEST(BackupsTest, KeepTheLastTenOfEachCompany) {
@@ -145,11 +146,13 @@ TEST(BackupsTest, KeepTheLastTenOfEachCompany) {
   const QString other = directory.filePath("sub");
   QDir().mkpath(other);
   const QString namesake = other + "/one.company";
-  write(namesake, "another company");
+  write(namesake, "SQLite format 3: another company");
   EXPECT_FALSE(backups.setAside(directory.filePath("missing")));
+  write(directory.filePath("text"), "no company file");
+  EXPECT_FALSE(backups.setAside(directory.filePath("text")));
   const QDateTime start(QDate(2024, 1, 1), QTime(8, 0));
   for (int i = 0; i < 14; ++i) {
-    write(one, QByteArray::number(i));
+    write(one, "SQLite format 3" + QByteArray::number(i));
     ASSERT_TRUE(backups.setAside(one));
     backups.keep(one, start.addDays(i));
   }
@@ -158,14 +161,14 @@ TEST(BackupsTest, KeepTheLastTenOfEachCompany) {
   EXPECT_THAT(backups.of(namesake), IsEmpty());
   const auto kept = backups.of(one);
   ASSERT_EQ(kept.size(), 10);
-  EXPECT_EQ(read(kept.front().path), "13");
+  EXPECT_EQ(read(kept.front().path), "SQLite format 313");
   EXPECT_EQ(kept.front().made, start.addDays(13));
-  EXPECT_EQ(read(kept.back().path), "4");
+  EXPECT_EQ(read(kept.back().path), "SQLite format 34");
   EXPECT_EQ(backups.restore(kept.back(), one, start.addDays(20)), "") << "the oldest one";
-  EXPECT_EQ(read(one), "4");
-  EXPECT_EQ(read(backups.of(one).front().path), "13");
+  EXPECT_EQ(read(one), "SQLite format 34");
+  EXPECT_EQ(read(backups.of(one).front().path), "SQLite format 313");
   EXPECT_NE(backups.restore({"/nowhere/at.all", start, 0}, one, start.addDays(21)), "");
-  EXPECT_EQ(read(one), "4");
+  EXPECT_EQ(read(one), "SQLite format 34");
 }
 
 /// Every object an assistive tool finds below `at`.

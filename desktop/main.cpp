@@ -1,0 +1,113 @@
+// depcalc-desktop: the host program with the calculator in it.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QIcon>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+
+#include "desktop/host/sqlite_companies.h"
+#include "desktop/preview/preview.h"
+#include "desktop/widgets/accessible_controls.h"
+#include "desktop/window/dark_palette.h"
+#include "desktop/window/main_window.h"
+
+namespace depcalc::desktop {
+namespace {
+
+enum Status { success = 0, failed = 1, wrong_usage = 2 };
+
+struct Options {
+  QString file;
+  QString preview;
+  bool dark = false;
+};
+
+Options parse(const QApplication& application) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(
+      QObject::tr("Keeps a register of a business's assets and compares their depreciation."));
+  parser.addHelpOption();
+  parser.addVersionOption();
+  const QCommandLineOption preview(
+      QStringLiteral("preview"),
+      QObject::tr("Draws FILE's screens and its printed schedule into DIRECTORY, without a "
+                  "display, and prints their paths."),
+      QStringLiteral("DIRECTORY"));
+  const QCommandLineOption dark(QStringLiteral("dark"), QObject::tr("Looks as on a dark desktop."));
+  parser.addOptions({preview, dark});
+  parser.addPositionalArgument(QStringLiteral("FILE"), QObject::tr("The company file to open."),
+                               QStringLiteral("[FILE]"));
+  parser.process(application);
+  const QStringList files = parser.positionalArguments();
+  if (files.size() > 1 || (parser.isSet(preview) && files.isEmpty())) parser.showHelp(wrong_usage);
+  return {files.value(0), parser.value(preview), parser.isSet(dark)};
+}
+
+QString writable(QStandardPaths::StandardLocation location) {
+  const QString path = QStandardPaths::writableLocation(location);
+  QDir().mkpath(path);
+  return path;
+}
+
+/// On a copy, so that the company stays as it is and may be open elsewhere.
+int preview(MainWindow& window, const Options& options, const QString& scratch) {
+  const QString copy = scratch + u'/' + QFileInfo(options.file).fileName();
+  if (!QDir().mkpath(options.preview) || !QFile::copy(options.file, copy)) {
+    std::fprintf(stderr, "depcalc-desktop: cannot read %s or write to %s\n",
+                 qPrintable(options.file), qPrintable(options.preview));
+    return failed;
+  }
+  if (!window.openCompany(copy)) return failed;
+  const QStringList paths = renderPreview(window, QDir(options.preview).absolutePath());
+  for (const QString& path : paths) std::puts(qPrintable(path));
+  return paths.isEmpty() ? failed : success;
+}
+
+int run(QApplication& application, const Options& options) {
+  if (options.dark) application.setPalette(darkPalette());
+  const QTemporaryDir scratch;
+  const bool previews = !options.preview.isEmpty();
+  const QString config = previews ? scratch.path() : writable(QStandardPaths::AppConfigLocation);
+  const QString data = previews ? scratch.path() : writable(QStandardPaths::AppDataLocation);
+  SqliteCompanies files(todayByClock);
+  Settings settings(config + QStringLiteral("/depcalc.ini"));
+  Backups backups(data + QStringLiteral("/backups"));
+  MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
+  if (previews) return preview(window, options, scratch.path());
+  window.show();
+  const QString file = options.file.isEmpty() ? settings.lastCompany() : options.file;
+  // Behind the first paint: the window is there at once.
+  if (!file.isEmpty() && (!options.file.isEmpty() || QFileInfo::exists(file))) {
+    QTimer::singleShot(0, &window, [&window, file] { window.openCompany(file); });
+  }
+  return QApplication::exec();
+}
+
+bool asksForPreview(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strncmp(argv[i], "--preview", 9) == 0) return true;
+  }
+  return false;
+}
+
+}  // namespace
+}  // namespace depcalc::desktop
+
+int main(int argc, char** argv) {
+  if (depcalc::desktop::asksForPreview(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  // Qt takes the number format from the environment; ours is the same everywhere.
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setApplicationName(QStringLiteral("depcalc"));
+  QApplication::setApplicationDisplayName(QObject::tr("Depreciation Calculator"));
+  QApplication::setApplicationVersion(QStringLiteral(DEPCALC_VERSION));
+  QApplication::setDesktopFileName(QStringLiteral("depcalc-desktop"));
+  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("depcalc-desktop")));
+  depcalc::desktop::installAccessibleControls();
+  return depcalc::desktop::run(application, depcalc::desktop::parse(application));
+}
