@@ -25,10 +25,11 @@ TEST(DateValue, CarriesPartsThatOverflow) {
     int year, month, day;
     const char* date;
   } cases[] = {
-      {2023, 2, 29, "03/01/2023"},  {2024, 2, 29, "02/29/2024"}, {2023, 13, 1, "01/01/2024"},
-      {2023, 1, 0, "12/31/2022"},   {2023, 0, 1, "12/01/2022"},  {2023, -11, 1, "01/01/2022"},
-      {2023, 12, 32, "01/01/2024"}, {29, 1, 1, "01/01/2029"},    {30, 1, 1, "01/01/1930"},
-      {99, 12, 31, "12/31/1999"},   {0, 1, 1, "01/01/2000"},     {100, 1, 1, "01/01/0100"}};
+      {2023, 2, 29, "03/01/2023"},    {2024, 2, 29, "02/29/2024"}, {2023, 13, 1, "01/01/2024"},
+      {2023, 1, 0, "12/31/2022"},     {2023, 0, 1, "12/01/2022"},  {2023, -11, 1, "01/01/2022"},
+      {2023, 12, 32, "01/01/2024"},   {29, 1, 1, "01/01/2029"},    {30, 1, 1, "01/01/1930"},
+      {99, 12, 31, "12/31/1999"},     {0, 1, 1, "01/01/2000"},     {100, 1, 1, "01/01/0100"},
+      {-1, 6, 100'000, "03/15/0273"}};
   for (const auto& c : cases) EXPECT_EQ(Date::carrying(c.year, c.month, c.day).toText(), c.date);
   EXPECT_EQ(errorOf([] { Date::carrying(9999, 12, 32); }), 5);
   EXPECT_EQ(errorOf([] { Date::carrying(100, 1, 0); }), 5);
@@ -43,6 +44,7 @@ TEST(DateValue, RefusesPartsThatAreNoDay) {
   EXPECT_EQ(errorOf([] { Date::strict(2023, 1, 0); }), 13);
   EXPECT_EQ(errorOf([] { Date::strict(10000, 1, 1); }), 5);
   EXPECT_FALSE(Date::exists(10000, 1, 1));
+  EXPECT_FALSE(Date::exists(-1, 1, 1));
   EXPECT_TRUE(Date::exists(2000, 2, 29));
   EXPECT_FALSE(Date::exists(1900, 2, 29));
 }
@@ -53,7 +55,11 @@ TEST(DateValue, AddsMonthsAndYearsClampingToTheMonthsEnd) {
   EXPECT_EQ(Date::strict(2024, 3, 31).plusMonths(-1).toText(), "02/29/2024");
   EXPECT_EQ(Date::strict(2024, 1, 1).plusMonths(5.5).toText(), "07/01/2024");
   EXPECT_EQ(Date::strict(2024, 1, 1).plusMonths(4.5).toText(), "05/01/2024");
+  EXPECT_EQ(Date::strict(2024, 1, 1).plusYears(0.5).toText(), "01/01/2024");
+  EXPECT_EQ(Date::strict(2024, 1, 1).plusYears(1.5).toText(), "01/01/2026");
   EXPECT_EQ(Date::strict(2024, 1, 31).plusDays(30).toText(), "03/01/2024");
+  EXPECT_EQ(Date::strict(100, 1, 1).plusDays(3'615'899).toText(), "12/31/9999");
+  EXPECT_EQ(Date::strict(9999, 12, 31).plusDays(-3'615'899).toText(), "01/01/0100");
   EXPECT_EQ(errorOf([] { (void)Date::strict(9999, 12, 31).plusDays(1); }), 5);
   EXPECT_EQ(errorOf([] { (void)Date::strict(9999, 12, 31).plusMonths(1); }), 5);
   EXPECT_EQ(errorOf([] { (void)Date().plusYears(1e300); }), 5);
@@ -90,6 +96,9 @@ TEST(DateText, ReadsMonthFirstAlways) {
                                                        {"3/15/2020 10:30", "03/15/2020"},
                                                        {"3/15/2020 10:30:59 PM", "03/15/2020"},
                                                        {"March 15, 2020 9:05 am", "03/15/2020"},
+                                                       {"3/15/2020 10:30PM", "03/15/2020"},
+                                                       {"3/15/2020 10 pm", "03/15/2020"},
+                                                       {"3/15 12am", "03/15/2026"},
                                                        {"02/29/2024", "02/29/2024"},
                                                        {"1/1/100", "01/01/0100"},
                                                        {"12/31/9999", "12/31/9999"},
@@ -127,7 +136,16 @@ TEST(DateText, RefusesWhatIsNoDate) {
                            "3 15 2020",
                            "3/15/2020 25:00",
                            "3/15/2020 10:60",
+                           "3/15/2020 24:00",
+                           "3/15/2020 10:30:60",
+                           "3/15/2020 1:2:3:4",
                            "3/15/2020 13:00 PM",
+                           "3/15/2020 0:30 AM",
+                           "3/15/2020 10",
+                           "3/15/2020 PM",
+                           "3/15/2020 10 XM",
+                           "PM",
+                           "M",
                            "10:30",
                            "10:30 AM",
                            "3/15/20x",
@@ -164,7 +182,11 @@ TEST(StoredValueReading, ConvertsBetweenTypes) {
   EXPECT_EQ(StoredValue::date(today).asText(), "11/21/2026");
   EXPECT_EQ(StoredValue::date(today).asDouble(), today.dayNumber());
   EXPECT_EQ(StoredValue::real(36526.75).asDate(today).toText(), "01/01/2000");
+  EXPECT_EQ(StoredValue::real(-1.25).asDate(today).toText(), "12/29/1899");
   EXPECT_EQ(StoredValue::text("3/15").asDate(today).toText(), "03/15/2026");
+  EXPECT_EQ(StoredValue::text("9007199254740.9931").asCurrency().ticks(), 90071992547409931);
+  EXPECT_EQ(StoredValue::real(2.5).asLong(), 2);
+  EXPECT_EQ(StoredValue::text("70,001.5").asLong(), 70002);
 }
 
 TEST(StoredValueReading, TakesEmptyForNothing) {
@@ -184,6 +206,7 @@ TEST(StoredValueReading, RefusesTextsThatAreNoNumberOrDate) {
     EXPECT_EQ(errorOf([&] { (void)value.asDate(today); }), 13);
   }
   EXPECT_EQ(errorOf([] { (void)StoredValue::real(40000).asInteger(); }), 6);
+  EXPECT_EQ(errorOf([] { (void)StoredValue::real(3e9).asLong(); }), 6);
   EXPECT_EQ(errorOf([] { (void)StoredValue::real(1e18).asDate(today); }), 5);
 }
 
