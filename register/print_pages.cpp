@@ -37,6 +37,16 @@ int pagesDown(int rows, int on_page) {
 
 }  // namespace
 
+int measureScheduleHeading(Printer& printer) {
+  constexpr double points = 12;
+  printer.setFontSize(points);
+  return 3 * printer.textHeight(schedule_heading);
+}
+
+PageRoom pageRoomBelow(int heading_height, Printer& printer) {
+  return {printer.printableWidth(), printer.printableHeight() - heading_height};
+}
+
 PrintPages PrintPages::of(const Grid& grid, PageRoom room) {
   PrintPages pages;
   pages.columns = columnsThatFit(grid, room.width);

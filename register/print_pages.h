@@ -1,7 +1,10 @@
 // How a grid is cut into printed pages.
 #pragma once
 
+#include <algorithm>
+
 #include "controls/grid.h"
+#include "controls/printer.h"
 
 namespace depcalc {
 
@@ -10,6 +13,16 @@ struct PageRoom {
   int width = 0;
   int height = 0;  ///< below the title and the page number
 };
+
+/// What the pages of a schedule say at their top.
+inline constexpr const char* schedule_heading = "Depreciation Schedule";
+
+/// Sets the printer to the font of a schedule's title and page number, and answers the height that
+/// they take from each page.
+int measureScheduleHeading(Printer& printer);
+
+/// What that leaves of a page.
+PageRoom pageRoomBelow(int heading_height, Printer& printer);
 
 /// Column 0, the captions, stands on every page; the other columns and all rows are dealt out
 /// slice by slice.
@@ -32,6 +45,11 @@ struct PrintPages {
   }
   [[nodiscard]] bool hasRow(int row, int y) const {
     return row >= (y - 1) * rows && row < y * rows;
+  }
+
+  /// How many of the grid's last columns are on no page.
+  [[nodiscard]] int columnsLeftOut(const Grid& grid) const {
+    return across <= 1 ? 0 : std::max(0, grid.columns() - 1 - across * columns);
   }
 };
 

@@ -7,9 +7,6 @@
 namespace depcalc {
 namespace {
 
-constexpr double print_points = 12;
-constexpr const char* heading = "Depreciation Schedule";
-
 std::string pageNumber(int page, int pages) {
   return "Page " + std::to_string(page) + " of " + std::to_string(pages);
 }
@@ -45,31 +42,29 @@ void restoreColumns(Grid& table) {
 }
 
 /// The page's title and number, then the table as it is displayed now.
-void printPage(Printer& printer, const PrintPages& pages, const Grid& table, int header_height) {
-  printer.print(heading);
+void printPage(Printer& printer, const PrintPages& pages, const Grid& table, int heading_height) {
+  printer.print(schedule_heading);
   // Placed by the sum of the page counts and printed with their product: schedules have always
   // had the number there.
   const int page = printer.page();
   const int measured = printer.textWidth(pageNumber(page, pages.across + pages.down - 1));
   printer.setPosition(printer.printableWidth() - 2 * measured, 0);
   printer.print(pageNumber(page, pages.across * pages.down));
-  printer.paintPicture(table.Picture(), 0, header_height);
+  printer.paintPicture(table.Picture(), 0, heading_height);
   printer.newPage();
 }
 
 void printSchedule(Printer& printer, Grid& table) {
-  printer.setFontSize(print_points);
-  const int header_height = 3 * printer.textHeight(heading);
+  const int heading_height = measureScheduleHeading(printer);
   table.setRedraw(false);
   const int top_row = table.topRow();
   const int left_column = table.leftColumn();
-  const PageRoom room{printer.printableWidth(), printer.printableHeight() - header_height};
-  const PrintPages pages = PrintPages::of(table, room);
+  const PrintPages pages = PrintPages::of(table, pageRoomBelow(heading_height, printer));
   for (int x = 1; x <= pages.across; ++x) {
     collapseOtherColumns(table, pages, x);
     for (int y = 1; y <= pages.down; ++y) {
       collapseOtherRows(table, pages, y);
-      printPage(printer, pages, table, header_height);
+      printPage(printer, pages, table, heading_height);
       restoreRows(table);
     }
     restoreColumns(table);

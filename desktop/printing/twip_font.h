@@ -7,6 +7,7 @@
 namespace depcalc::desktop {
 
 inline constexpr double twips_per_point = 20;
+inline constexpr double least_spacing = 1.0 / 64;  ///< twips
 
 /// `family` at `points`. The pixel of the font is the painter's twip.
 inline QFont twipFont(const QFont& family, double points, bool bold = false) {
@@ -14,6 +15,8 @@ inline QFont twipFont(const QFont& family, double points, bool bold = false) {
   font.setPixelSize(static_cast<int>(std::lround(points * twips_per_point)));
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferNoHinting);
+  // Any letter spacing keeps Qt from ligatures, which nobody finds who searches a document.
+  font.setLetterSpacing(QFont::AbsoluteSpacing, least_spacing);
   return font;
 }
 

@@ -129,11 +129,13 @@ TEST_F(PrintedSchedule, SaysOnEachPageWhatTheTableShowsThere) {
 TEST_F(PrintedSchedule, ShowsLongAndForeignTextsWhole) {
   load(2, 19);
   container.assets[0]->AssetName("Fräsmaschine für Übergrößen");
+  container.assets[0]->ADept("Back office");
   container.assets[0]->AssetID("ABCDEFGHIJKLMNOPQRST");
   container.assets[1]->AssetID("WWWWWWWWWWWWWWWWWWWW");
   showView();
   std::string text = Document(print({})->document()).text(1);
   EXPECT_THAT(text, HasSubstr("Fräsmaschine"));
+  EXPECT_THAT(text, HasSubstr("Back office")) << "without ligatures";
   std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
   EXPECT_EQ(std::count(text.begin(), text.end(), 'W'), 20);
 }

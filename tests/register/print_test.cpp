@@ -150,6 +150,8 @@ TEST_F(Printing, CutsTheTableIntoPagesByTheFormulas) {
         ASSERT_EQ(pages.rows, slow.rows_on_page) << paper.name << assets << " " << rows;
         ASSERT_EQ(pages.across, slow.across) << paper.name << assets << " " << rows;
         ASSERT_EQ(pages.down, slow.down) << paper.name << assets << " " << rows;
+        const int printed = slow.across == 1 ? assets : slow.across * slow.columns_on_page;
+        ASSERT_EQ(pages.columnsLeftOut(table), std::max(0, assets - printed));
       }
     }
   }
@@ -230,6 +232,8 @@ TEST_F(Printing, LeavesTheLastAssetsOfSomeWideRegistersUnprinted) {
   print(printer);
   ASSERT_EQ(printer.finished.size(), 6U) << "seven assets a page";
   EXPECT_EQ(printer.finished.back().pictures[0].columns.back(), 42);
+  const PageRoom room = pageRoomBelow(measureScheduleHeading(printer), printer);
+  EXPECT_EQ(PrintPages::of(table, room).columnsLeftOut(table), 8);
   expectFullSizes();
 }
 
