@@ -127,7 +127,7 @@ std::vector<Currency> CalculateDep::DoubleDecliningBalance() {
 Currency CalculateDep::UnitsofProduction() {
   Currency result;
   trapped("DepCalc::CalcDepUOP", [&] {
-    const Currency rate = unitsOfProduction(basis_ - salvage_, production_capacity_);
+    const Currency rate = unitsOfProduction(basis_, salvage_, production_capacity_);
     Amounts{dep_items_}[0] = rate;
     result = rate;
   });

@@ -6,8 +6,8 @@
 namespace depcalc {
 
 /// The same amount each year: (basis − salvage) / life, to the cent. A partial first year takes
-/// its share, and the year after the last takes the rest. The schedule sums exactly to
-/// basis − salvage; the rounding difference lands on the last year that has an amount.
+/// its share, and the year after the last takes the rest. Over whole years the schedule sums
+/// exactly to basis − salvage; the rounding difference lands on the last year that has an amount.
 /// `amounts` starts all zero and holds indices 0 to life + 1. A life of 0 is error 11 (6 when
 /// there is nothing to depreciate).
 void straightLine(const ScheduleInput& input, Amounts amounts);

@@ -4,9 +4,9 @@
 
 namespace depcalc {
 
-Currency unitsOfProduction(Currency depreciable_base, double capacity) {
+Currency unitsOfProduction(Currency basis, Currency salvage, double capacity) {
   if (capacity == 0.0) return {};
-  return Currency::fromDouble(divide(depreciable_base.toDouble(), capacity));
+  return Currency::fromDouble(divide((basis - salvage).toDouble(), capacity));
 }
 
 }  // namespace depcalc

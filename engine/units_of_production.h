@@ -5,8 +5,8 @@
 
 namespace depcalc {
 
-/// Depreciation per unit produced: `depreciable_base` / `capacity` to four decimals, halves to
-/// even; 0 when there is no capacity.
-Currency unitsOfProduction(Currency depreciable_base, double capacity);
+/// Depreciation per unit produced: (basis − salvage) / capacity to four decimals, halves to even;
+/// 0 when there is no capacity, whatever the amounts.
+Currency unitsOfProduction(Currency basis, Currency salvage, double capacity);
 
 }  // namespace depcalc

@@ -3,10 +3,10 @@
 // Month first, always; day and month are never swapped. Accepted, with "/" or "-" between parts:
 //   3/15/2020   3-15-20   3/15 (this year)   2020-03-15 (year first when it has four digits)
 //   March 15, 2020   Mar 15   15-Mar-2020   15 March 2020
-// and behind any of these a time of day, which is dropped. Digits alone (0315), dots (3.15.2020)
-// and a month's name alone are no dates.
+// and behind any of these a time of day (10:30, 10:30:59 PM, 10pm), which is dropped. Digits alone
+// (0315), dots (3.15.2020) and a month's name alone are no dates.
+#include <algorithm>
 #include <array>
-#include <charconv>
 #include <optional>
 
 #include "values/date.h"
@@ -30,7 +30,7 @@ std::optional<int> smallNumber(std::string_view digits, std::size_t most_digits)
   return value;
 }
 
-/// "h:mm" or "h:mm:ss", by the 24-hour clock or, with AM or PM behind it, by the 12-hour one.
+/// "h:mm" or "h:mm:ss" by the 24-hour clock; by the 12-hour one, with AM or PM behind it, "h" too.
 bool isTimeOfDay(std::string_view clock, bool twelve_hours) {
   std::array<int, 3> fields{};
   std::size_t count = 0;
@@ -43,25 +43,24 @@ bool isTimeOfDay(std::string_view clock, bool twelve_hours) {
     clock.remove_prefix(colon + 1);
   }
   const bool hour_ok = twelve_hours ? fields[0] >= 1 && fields[0] <= 12 : fields[0] <= 23;
-  return count >= 2 && hour_ok && fields[1] <= 59 && fields[2] <= 59;
+  const bool enough = count >= (twelve_hours ? 1U : 2U);
+  return enough && hour_ok && fields[1] <= 59 && fields[2] <= 59;
+}
+
+/// Takes AM or PM, and the blanks before it, off the end of `text`.
+bool takeHalfOfDay(std::string_view& text) {
+  const auto end = text.substr(text.size() - std::min<std::size_t>(text.size(), 2));
+  if (!equalIgnoringCase(end, "AM") && !equalIgnoringCase(end, "PM")) return false;
+  text = trimmed(text.substr(0, text.size() - end.size()));
+  return true;
 }
 
 /// `text` without the time of day at its end, if there is one behind a blank.
 std::string_view withoutTime(std::string_view text) {
-  const auto lastWord = [](std::string_view words) {
-    const auto blank = words.find_last_of(" \t");
-    return blank == std::string_view::npos ? words.size() : blank;
-  };
   std::string_view rest = text;
-  auto blank = lastWord(rest);
-  if (blank == rest.size()) return text;
-  const auto word = rest.substr(blank + 1);
-  const bool twelve_hours = equalIgnoringCase(word, "AM") || equalIgnoringCase(word, "PM");
-  if (twelve_hours) {
-    rest = trimmed(rest.substr(0, blank));
-    blank = lastWord(rest);
-    if (blank == rest.size()) return text;
-  }
+  const bool twelve_hours = takeHalfOfDay(rest);
+  const auto blank = rest.find_last_of(" \t");
+  if (blank == std::string_view::npos) return text;
   if (!isTimeOfDay(rest.substr(blank + 1), twelve_hours)) return text;
   return trimmed(rest.substr(0, blank));
 }

@@ -18,8 +18,9 @@ template <typename... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
 
 Date dateOfNumber(double days) {
-  // The time of day is dropped; what cannot be a day number at all is out of range.
-  const double whole = std::floor(days);
+  // The fraction is the time of day, before day 0 too, and dropped; what cannot be a day number at
+  // all is out of range.
+  const double whole = std::trunc(days);
   if (!(std::fabs(whole) < 1e9)) throw RuntimeError::invalidCall();
   return Date::fromDayNumber(static_cast<std::int64_t>(whole));
 }

@@ -240,6 +240,15 @@ TEST_F(Calculations, UseTheShareOfTheLastStraightLine) {
   EXPECT_NE(record.SumofYearsDigits(), half);
 }
 
+TEST_F(Calculations, LeaveTheShareOfTheLastStraightLineToDecliningBalance) {
+  record.StraightLine();
+  const auto half = record.DoubleDecliningBalance();
+  record.DepConvention("4");
+  EXPECT_EQ(record.DoubleDecliningBalance(), half);
+  record.StraightLine();
+  EXPECT_NE(record.DoubleDecliningBalance(), half);
+}
+
 TEST_F(Calculations, BeforeAnyStraightLineTheFirstYearTakesNothing) {
   const auto amounts = record.SumofYearsDigits();
   EXPECT_EQ(amounts[0], Currency());
@@ -290,6 +299,13 @@ TEST_F(Calculations, OfAnImpossibleLifeFailToTheCaller) {
   EXPECT_TRUE(reports.all().empty());
 }
 
+TEST_F(Calculations, OfALifeWithRoomForOneAmountFailQuietly) {
+  record.DepRecovery(-1);  // indices 0 to 0
+  EXPECT_TRUE(record.StraightLine().empty());
+  EXPECT_TRUE(record.SumofYearsDigits().empty());
+  EXPECT_EQ(reports.last(), "DepCalc::CalcDepSYD Error#11: Division by zero");
+}
+
 TEST_F(Calculations, OfDatesOutOfRangeReport) {
   record.AssetStartDate(Date::strict(9999, 12, 31));
   record.FYEnd(Date::strict(2023, 6, 30));
@@ -302,6 +318,18 @@ TEST_F(Calculations, UnitsOfProductionNeedsAmountsToBeThere) {
   EXPECT_EQ(reports.last(), "DepCalc::CalcDepUOP Error#9: Subscript out of range");
   record.StraightLine();
   EXPECT_EQ(record.UnitsofProduction(), money("0.1"));
+}
+
+TEST_F(Calculations, UnitsOfProductionWithoutCapacityNeedsNoAmounts) {
+  record.StraightLine();
+  record.AssetBasis(Currency::fromTicks(INT64_MAX));
+  record.AssetSalvage(money("-1"));
+  EXPECT_EQ(record.UnitsofProduction(), Currency());
+  EXPECT_EQ(reports.last(), "DepCalc::CalcDepUOP Error#6: Overflow");
+  record.AssetProdCap("0");
+  EXPECT_EQ(record.UnitsofProduction(), Currency());
+  EXPECT_EQ(record.DepItem(0), Currency());
+  EXPECT_EQ(reports.all().size(), 1U);
 }
 
 TEST_F(Calculations, UnitsOfProductionRoundsToFourDecimals) {

@@ -68,6 +68,10 @@ TEST(FirstYearFraction, FollowsTheConvention) {
       {cdepHalfMonth, Date::strict(2023, 3, 16), december, 9.0 / 12},
       {cdepFullMonth, Date::strict(2023, 3, 31), december, 10.0 / 12},
       {cdepFullMonth, Date::strict(2023, 1, 20), december, 1},
+      // 15, 45 and 75 days are half a month off: to the even one.
+      {cdepFullMonth, Date::strict(2023, 12, 9), Date::strict(2023, 12, 16), 0},
+      {cdepFullMonth, Date::strict(2023, 11, 9), Date::strict(2023, 12, 16), 2.0 / 12},
+      {cdepHalfMonth, Date::strict(2023, 10, 9), Date::strict(2023, 12, 15), 2.0 / 12},
       {cdepHalfMonth, Date::strict(2023, 12, 16), december, 0},
       {cdepHalfMonth, Date::strict(2023, 12, 15), december, 1.0 / 12},
       {cdepActualDays, Date::strict(2023, 7, 1), december, 184.0 / 365},
@@ -77,6 +81,10 @@ TEST(FirstYearFraction, FollowsTheConvention) {
       {cdepActualDays, Date::strict(2023, 3, 1), Date::strict(2023, 2, 28), 1},
       {cdepActualDays, Date::strict(2024, 2, 29), Date::strict(2023, 2, 28), 365.0 / 365},
       {cdepActualDays, Date::strict(2024, 2, 29), Date::strict(2024, 2, 29), 1.0 / 366},
+      {cdepActualDays, Date::strict(2023, 3, 1), Date::strict(2024, 2, 29), 1.0 / 365},
+      {cdepActualDays, Date::strict(2023, 3, 2), Date::strict(2024, 2, 29), 1},
+      // The calendar's first year, which has no year before it.
+      {cdepActualDays, Date::strict(100, 7, 1), december, 184.0 / 365},
       {5, Date::strict(2023, 7, 1), december, 0},
       {-1, Date::strict(2023, 7, 1), december, 0},
       // A year that ends before its 16th can come out below nothing; nothing raises it.

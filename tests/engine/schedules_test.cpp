@@ -162,8 +162,8 @@ TEST(SumOfYearsDigitsTest, SplitsAssetYearsOverFiscalYears) {
 }
 
 TEST(SumOfYearsDigitsTest, AddsSharesOfFourDecimalsBeforeRoundingToCents) {
-  // 1.15 over 2 years: the shares 0.3833 and 0.1917 make 0.575, halves to even.
-  EXPECT_EQ(schedule({"1.15", "0", 2, "1"}, sum_of_digits), "0.38; 0.57; 0.2");
+  // 7.97 over 2 years: the shares 2.6567 and 1.3283 make 3.985, halves to even.
+  EXPECT_EQ(schedule({"7.97", "0", 2, "1"}, sum_of_digits), "2.66; 3.98; 1.33");
   EXPECT_EQ(schedule({"100", "0", 7, "1"}, sum_of_digits),
             "12.5; 23.21; 19.64; 16.07; 12.5; 8.93; 5.36; 1.79");
 }
@@ -173,6 +173,26 @@ TEST(SumOfYearsDigitsTest, RoundsEachShareToFourDecimalsOnly) {
             "1859.24; 3633.96; 3464.94; 3295.92; 3126.9; 2957.88; 2788.85; 2619.83; 2450.81; "
             "2281.79; 2112.77; 1943.75; 1774.73; 1605.7; 1436.68; 1267.66; 1098.64; 929.62; "
             "760.6; 591.58; 422.55; 253.53; 84.5");
+}
+
+TEST(SumOfYearsDigitsTest, MultipliesByTheBaseBeforeDividingByTheDigits) {
+  // The second share is 1,452.18325 on paper; which way it goes hangs on the order.
+  EXPECT_EQ(schedule({"8298.19", "0", 4, "2", Date::strict(2023, 6, 1)}, sum_of_digits),
+            "1936.24; 2835.21; 2005.4; 1175.58; 345.76");
+}
+
+TEST(SumOfYearsDigitsTest, DoesNotRoundTheLastShareToCentsBeforeLookingWhetherItIsNothing) {
+  // Ten cents over six years: 0.0048 fall to the year after the last, so the rest does too.
+  EXPECT_EQ(schedule({"100", "99.90", 6, "3", Date::strict(2020, 9, 29), Date::strict(2020, 9, 30)},
+                     sum_of_digits),
+            "0; 0.03; 0.02; 0.02; 0.01; 0.01; 0.01");
+}
+
+TEST(SumOfYearsDigitsTest, OfAFractionalLifeRoundsTheDigitsToo) {
+  // 2.5 years: 4.375 digits round to 4. 3.5 years: 7.875 to 8.
+  EXPECT_EQ(schedule({"1000", "0", 2.5, "0"}, sum_of_digits), "625; 375");
+  EXPECT_EQ(schedule({"1000", "0", 2.5, "1"}, sum_of_digits), "312.5; 500; -62.5");
+  EXPECT_EQ(schedule({"1000", "0", 3.5, "1"}, sum_of_digits), "218.75; 375; 250; 0; 156.25");
 }
 
 TEST(DecliningBalanceTest, TakesWholeAssetYearsOffTheBookUnrounded) {
@@ -193,6 +213,17 @@ TEST(DecliningBalanceTest, StopsInTheYearThatReachesAHighSalvage) {
 
 TEST(DecliningBalanceTest, SplitsAssetYearsOverFiscalYears) {
   EXPECT_EQ(schedule({"10000", "0", 5, "1"}, declining), "2000; 3200; 1920; 1152; 691.2; 259.2");
+}
+
+TEST(DecliningBalanceTest, OfAFractionalLifeBeginsAnAssetYearInTheLastFiscalYearToo) {
+  // No fiscal year's index equals 3.5, so none is the one that only takes what was left over.
+  EXPECT_EQ(schedule({"1000", "0", 3.5, "1"}, declining), "285.71; 408.16; 174.93; 74.97; 32.13");
+}
+
+TEST(DecliningBalanceTest, MultipliesFromLeftToRight) {
+  // 13,934.315 on paper; which way it goes hangs on the order.
+  EXPECT_EQ(schedule({"27868.63", "0", 3, "2", Date::strict(2023, 4, 1)}, declining),
+            "13934.31; 9289.54; 3096.52; 516.09");
 }
 
 TEST(DecliningBalanceTest, CanStopInEitherHalfOfAFiscalYear) {

@@ -109,6 +109,7 @@ TEST(WholeNumbers, AreGroupedTheSameShortAndLong) {
   EXPECT_EQ(formatWhole(-0.0), "0");
   EXPECT_EQ(formatWhole(999999999999999), "999,999,999,999,999");
   EXPECT_EQ(formatWhole(1e15), "1,000,000,000,000,000");
+  EXPECT_EQ(formatWhole(1234567890123456), "1,234,567,890,123,460");  // 15 digits count
   EXPECT_EQ(formatWhole(12344.5), "12,344");
   EXPECT_EQ(formatWhole(12345.5), "12,346");
 }

@@ -18,6 +18,8 @@ TEST(Text, CountsEachByteOfABrokenSequence) {
   EXPECT_EQ(characterCount("\xC3"), 1U);
   EXPECT_EQ(characterCount("\xE2\x82"), 2U);
   EXPECT_EQ(characterCount("\xFF\xFE!"), 3U);
+  EXPECT_EQ(characterCount("\xF8\x80\x80\x80"), 4U);
+  EXPECT_EQ(characterCount(std::string_view("\xE2\x82\xAC", 2)), 2U);  // cut short by its view
 }
 
 TEST(Text, SplitsBetweenCharacters) {
