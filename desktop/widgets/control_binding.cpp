@@ -150,7 +150,10 @@ void InputBinding::followModel() {
   QWidget* const resting = surface().restingWidget();
   if (control_.hasFocus()) {
     widget().setFocus(surface().focusReason());
-    emit surface().attention(&widget(), widget().rect());
+    // Of a grid, which may be larger than the window, only the current cell matters.
+    if (control_.kind() != ControlKind::grid) {
+      emit surface().attention(&widget(), widget().rect());
+    }
   } else if (surface().stage().focused() == nullptr && resting != nullptr) {
     resting->setFocus();
   }

@@ -9,7 +9,7 @@ namespace depcalc::desktop {
 namespace {
 
 constexpr double cell_points = 8.25;
-constexpr int margin_twips = 45;  // twips
+constexpr int margin_twips = 60;  // twips
 
 int qtAlignment(CellAlignment alignment) {
   constexpr std::array verticals = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
@@ -38,16 +38,23 @@ QColor GridPainter::background(int row, int column) const {
   return grid_.bold(row, column) ? colours.caption() : colours.base();
 }
 
+/// A text too high for its cell is drawn smaller, and at last from its beginning.
 void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int column) const {
   const QString text = qtText(grid_.text(row, column));
   if (text.isEmpty()) return;
   const int margin = std::max(2, surface_.scale().pixels(margin_twips));
+  const QRect room = cell.adjusted(margin, 1, -margin, -1);
+  int flags = qtAlignment(grid_.alignment(row, column)) | Qt::TextWordWrap;
   painter.save();
   painter.setClipRect(cell);
-  painter.setFont(qtFont({cell_points, grid_.bold(row, column)}, surface_.scale()));
   painter.setPen(surface_.colours().text());
-  painter.drawText(cell.adjusted(margin, 1, -margin, -1),
-                   qtAlignment(grid_.alignment(row, column)) | Qt::TextWordWrap, text);
+  for (const double part : {1.0, 0.87, 0.75}) {
+    painter.setFont(qtFont({cell_points * part, grid_.bold(row, column)}, surface_.scale()));
+    const int height = painter.boundingRect(room, flags, text).height();
+    if (height <= room.height()) break;
+    if (part < 0.8) flags = (flags & ~Qt::AlignVertical_Mask) | Qt::AlignTop;
+  }
+  painter.drawText(room, flags, text);
   painter.restore();
 }
 

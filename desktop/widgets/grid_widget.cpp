@@ -176,7 +176,7 @@ void GridWidget::mousePressEvent(QMouseEvent* event) {
 
 void GridWidget::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
-  repaintColumn(grid_.column());
+  showCurrent();
 }
 
 void GridWidget::focusOutEvent(QFocusEvent* event) {
