@@ -1,0 +1,384 @@
+// Company files: what is opened, what is refused, what a failing disk and a damaged file leave.
+#include "host/sqlite/company_file.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <random>
+
+#include "DepCalc/asset_store.h"
+#include "host/sqlite/digest.h"
+#include "host/sqlite/record_text.h"
+#include "host/unit_of_work.h"
+#include "tests/DepCalc/store_pair.h"
+#include "tests/host/sqlite/failing_vfs.h"
+#include "tests/support/temporary_directory.h"
+
+namespace depcalc {
+namespace {
+
+using testing::HasSubstr;
+using testing_support::AssetEntry;
+using testing_support::contentOf;
+using testing_support::describe;
+using testing_support::FailingVfs;
+using testing_support::newAsset;
+using testing_support::TableContent;
+using testing_support::TemporaryDirectory;
+using Kind = FileTrouble::Kind;
+using File = std::shared_ptr<SqliteCompanyFile>;
+
+SqliteCompanyFile::Options options(std::string vfs = "", bool writable = true) {
+  return {.today = [] { return Date::carrying(2024, 6, 1); },
+          .writable = writable,
+          .vfs = std::move(vfs)};
+}
+
+File openOf(const SqliteCompanyFile::Opened& answer) {
+  const auto* trouble = std::get_if<FileTrouble>(&answer);
+  EXPECT_EQ(trouble, nullptr) << (trouble != nullptr ? trouble->description() : "");
+  return trouble == nullptr ? std::get<File>(answer) : nullptr;
+}
+
+std::optional<FileTrouble> troubleOf(const SqliteCompanyFile::Opened& answer) {
+  const auto* trouble = std::get_if<FileTrouble>(&answer);
+  return trouble != nullptr ? std::optional(*trouble) : std::nullopt;
+}
+
+std::string bytesOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void writeBytes(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+class CompanyFile : public testing::Test {
+ protected:
+  File create() { return openOf(SqliteCompanyFile::create(path_, {.name = "Acme"}, options())); }
+
+  /// Saves new assets through the store; answers what it reported.
+  static std::vector<std::string> save(const File& file, int assets, double life = 5) {
+    std::vector<std::string> reports;
+    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    StoreState state;
+    state.m_orvcf = file;
+    AssetStore store(state, [] { return Date::carrying(2024, 6, 1); });
+    (void)store.open();
+    for (int i = 0; i < assets; ++i) {
+      state.CurrentRecord = newAsset({.id = "A" + std::to_string(i), .life = life});
+      std::int16_t index = 0;
+      store.WriteData(index);
+    }
+    return reports;
+  }
+
+  TableContent reread() {
+    const File file = openOf(SqliteCompanyFile::open(path_, options()));
+    return file != nullptr ? contentOf(*file) : TableContent();
+  }
+
+  TemporaryDirectory directory_;
+  std::string path_ = directory_.path() + "/acme.company";
+};
+
+TEST(Digest, IsXxh64) {
+  // The values that the algorithm's own tests have.
+  EXPECT_EQ(digestOf("", 0), 0xEF46DB3751D8E999U);
+  EXPECT_EQ(digestOf("a", 0), 0xD24EC4F1A98C6E5BU);
+  EXPECT_EQ(digestOf("abc", 0), 0x44BC2CF5AD770999U);
+  EXPECT_EQ(digestOf("Nobody inspects the spammish repetition", 0), 0xFBCEA83C8A378BF1U);
+  EXPECT_NE(digestOf("abc", 1), digestOf("abc", 0));
+}
+
+TEST(RecordText, RefusesWhatIsNotItsOwn) {
+  for (const char* text : {"", "{", "{}x", "{\"a\"}", "{\"a\":}", "{\"a\":1,}", "{\"a\":1.5x}",
+                           "{\"a\":99999}", "{\"a\":tru}", "{\"a\":\"\\x\"}", "{\"a\":\"",
+                           "{\"a\":{\"date\":\"2024-13-01\"}}", "{\"a\":{\"date\":\"2024"}) {
+    EXPECT_THROW((void)recordOfText(text), RuntimeError) << text;
+  }
+  EXPECT_TRUE(recordOfText("{}").entries().empty());
+}
+
+TEST_F(CompanyFile, KeepsTheCompany) {
+  const CompanyInfo info{.name = "Caf\xC3\xA9 \"O'Hara\"", .first_month = 7, .multi_user = true};
+  {
+    const File file = openOf(SqliteCompanyFile::create(path_, info, options()));
+    EXPECT_EQ(file->info(), info);
+    EXPECT_TRUE(file->IsMultiUser());
+  }
+  const File file = openOf(SqliteCompanyFile::open(path_, options()));
+  EXPECT_EQ(file->info(), info);
+  file->info({.name = "New", .first_month = 6, .multi_user = false});
+  file->close();
+  EXPECT_EQ(openOf(SqliteCompanyFile::open(path_, options()))->info().name, "New");
+}
+
+TEST_F(CompanyFile, BeginsItsFiscalYearOnOrBeforeToday) {
+  const File file = create();
+  struct Case {
+    int month;
+    Date start;
+  };
+  for (const Case& each :
+       {Case{1, Date::carrying(2024, 1, 1)}, Case{6, Date::carrying(2024, 6, 1)},
+        Case{7, Date::carrying(2023, 7, 1)}, Case{12, Date::carrying(2023, 12, 1)}}) {
+    file->info({.name = "Acme", .first_month = each.month});
+    EXPECT_EQ(file->FiscalYearStart(), each.start);
+  }
+  EXPECT_THROW(file->info({.name = "Acme", .first_month = 13}), RuntimeError);
+}
+
+TEST_F(CompanyFile, KeepsItsLockWhateverElseIsTriedInThisProcess) {
+  const File file = create();
+  save(file, 1);
+  for (int i = 0; i < 3; ++i) {
+    const auto trouble = troubleOf(SqliteCompanyFile::open(path_, options()));
+    ASSERT_TRUE(trouble);
+    EXPECT_EQ(trouble->kind(), Kind::locked);
+    EXPECT_THAT(trouble->description(), HasSubstr(path_));
+    EXPECT_THAT(trouble->description(), HasSubstr("by this program"));
+  }
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const auto trouble = troubleOf(SqliteCompanyFile::open(path_, options()));
+    const bool refused = trouble && trouble->kind() == Kind::locked &&
+                         trouble->description().find("process") != std::string::npos;
+    ::_exit(refused ? 0 : 1);
+  }
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0) << "another process is refused and told who holds the file";
+  file->close();
+  EXPECT_NE(openOf(SqliteCompanyFile::open(path_, options())), nullptr);
+}
+
+TEST_F(CompanyFile, RefusesToOverwriteAndLeavesNothingBehind) {
+  writeBytes(path_, "mine");
+  EXPECT_EQ(troubleOf(SqliteCompanyFile::create(path_, {.name = "x"}, options()))->kind(),
+            Kind::exists);
+  EXPECT_EQ(bytesOf(path_), "mine");
+  const std::string missing = directory_.path() + "/none/a.company";
+  EXPECT_EQ(troubleOf(SqliteCompanyFile::create(missing, {.name = "x"}, options()))->kind(),
+            Kind::not_found);
+  std::filesystem::remove(path_);
+  create()->close();
+  int entries = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(directory_.path())) {
+    EXPECT_EQ(entry.path().string(), path_);
+    ++entries;
+  }
+  EXPECT_EQ(entries, 1);
+}
+
+/// In a child that is not root, on a file or in a directory that it may not write.
+TEST_F(CompanyFile, ReadsWhatItMayNotWriteAndSaysSoWhereItShouldWrite) {
+  save(create(), 2);
+  std::filesystem::permissions(directory_.path(), std::filesystem::perms(0755));
+  const auto inUnprivilegedChild = [&](mode_t file_mode, mode_t directory_mode) {
+    std::filesystem::permissions(path_, std::filesystem::perms(file_mode));
+    std::filesystem::permissions(directory_.path(), std::filesystem::perms(directory_mode));
+    const pid_t child = ::fork();
+    if (child == 0) {
+      if (::getuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(9);
+      const auto writing = troubleOf(SqliteCompanyFile::open(path_, options()));
+      const auto reading = SqliteCompanyFile::open(path_, options("", false));
+      const bool refused = writing && writing->kind() == Kind::read_only &&
+                           writing->description().find(path_) != std::string::npos;
+      const auto* file = std::get_if<File>(&reading);
+      const bool readable = file != nullptr && contentOf(**file).size() == 3;
+      ::_exit((refused ? 0 : 1) + (readable ? 0 : 2));
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    std::filesystem::permissions(directory_.path(), std::filesystem::perms(0755));
+    return WEXITSTATUS(status);
+  };
+  const std::string before = bytesOf(path_);
+  EXPECT_EQ(inUnprivilegedChild(0444, 0755), 0) << "file";
+  EXPECT_EQ(inUnprivilegedChild(0666, 0555), 0) << "directory";
+  EXPECT_EQ(bytesOf(path_), before);
+}
+
+// --- A disk that fails ---------------------------------------------------------------------------
+
+TEST_F(CompanyFile, IsBeforeOrAfterASaveWhicheverWriteFails) {
+  using Failure = FailingVfs::Failure;
+  save(create(), 3);
+  const std::string bytes = bytesOf(path_);
+  const TableContent before = reread();
+  save(openOf(SqliteCompanyFile::open(path_, options())), 2);
+  const TableContent after = reread();
+  FailingVfs vfs;
+  for (const bool and_after : {false, true}) {
+    for (const Failure failure : {Failure::disk_full, Failure::io_error}) {
+      bool reached_end = false;
+      for (int n = 1; !reached_end; ++n) {
+        ASSERT_LT(n, 1000);
+        std::filesystem::remove(path_ + "-journal");
+        writeBytes(path_, bytes);
+        File file = openOf(SqliteCompanyFile::open(path_, options(vfs.name())));
+        HostUnitOfWork& unit = *file->unitOfWork();
+        vfs.failAt(n, failure, and_after);
+        unit.begin();
+        const auto reports = save(file, 2);
+        bool failed = false;
+        try {
+          unit.end();
+        } catch (const RuntimeError&) {
+          failed = true;
+        }
+        reached_end = vfs.changes() < n;
+        EXPECT_TRUE(reports.empty()) << "everything happens when the unit ends";
+        const auto trouble = file->takeTrouble();
+        EXPECT_EQ(trouble.has_value(), failed);
+        vfs.failAt(0, failure, false);
+        TableContent shown;
+        try {
+          shown = contentOf(*file);
+        } catch (const RuntimeError&) {
+          EXPECT_TRUE(and_after) << "a disk that failed once can be read again";
+        }
+        file.reset();
+        const TableContent kept = reread();
+        EXPECT_TRUE(failed ? kept == before || kept == after : kept == after)
+            << "change " << n << "\n"
+            << describe(kept);
+        EXPECT_TRUE(shown.empty() || shown == kept) << "change " << n;
+        ASSERT_FALSE(HasFailure()) << "change " << n;
+      }
+    }
+  }
+}
+
+TEST_F(CompanyFile, ReportsASaveThatTheDiskRefusesAndGoesOnAfterwards) {
+  FailingVfs vfs;
+  save(create(), 1);
+  const File file = openOf(SqliteCompanyFile::open(path_, options(vfs.name())));
+  StoreState state;
+  state.m_orvcf = file;
+  AssetStore store(state, [] { return Date::carrying(2024, 6, 1); });
+  (void)store.open();
+  const TableContent before = contentOf(*file);
+  std::vector<std::string> reports;
+  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const auto saveOne = [&] {
+    state.CurrentRecord = newAsset({.id = "more"});
+    std::int16_t index = 0;
+    store.WriteData(index);
+  };
+  vfs.failAt(3, FailingVfs::Failure::disk_full, false);
+  saveOne();
+  EXPECT_THAT(reports, testing::ElementsAre(HasSubstr("WriteData Error#61: " + path_)));
+  const auto trouble = file->takeTrouble();
+  ASSERT_TRUE(trouble);
+  EXPECT_EQ(trouble->kind(), Kind::disk_full);
+  EXPECT_THAT(trouble->description(), HasSubstr("disk is full"));
+  EXPECT_FALSE(file->takeTrouble()) << "told once";
+  EXPECT_TRUE(contentOf(*file) == before);
+  saveOne();
+  EXPECT_EQ(reports.size(), 1U);
+  EXPECT_EQ(contentOf(*file).size(), 3U);
+}
+
+// --- Damage
+// ----------------------------------------------------------------------------------------
+
+class DamagedCompanyFile : public CompanyFile {
+ protected:
+  DamagedCompanyFile() {
+    const File file = create();
+    file->unitOfWork()->begin();
+    save(file, 60, 12);
+    file->unitOfWork()->end();
+    content_ = contentOf(*file);
+    info_ = file->info();
+    file->close();
+    bytes_ = bytesOf(path_);
+    std::cout << "seed " << seed_ << ", " << bytes_.size() << " bytes\n";
+  }
+
+  std::size_t below(std::size_t count) {
+    return std::uniform_int_distribution<std::size_t>(0, count - 1)(random_);
+  }
+
+  /// Opens the file with these bytes: it is refused, or all is as it was.
+  bool isRefused(const std::string& bytes) {
+    writeBytes(path_, bytes);
+    const auto opened = SqliteCompanyFile::open(path_, options());
+    const auto* file = std::get_if<File>(&opened);
+    if (file == nullptr) {
+      EXPECT_FALSE(std::get<FileTrouble>(opened).description().empty());
+      return true;
+    }
+    EXPECT_TRUE(contentOf(**file) == content_);
+    EXPECT_EQ((*file)->info(), info_);
+    return false;
+  }
+
+  unsigned seed_ = std::random_device{}();
+  std::mt19937 random_{seed_};
+  std::string bytes_;
+  TableContent content_;
+  CompanyInfo info_;
+};
+
+TEST_F(DamagedCompanyFile, NeverShowsAFlippedBit) {
+  int refused = 0;
+  for (int i = 0; i < 1000; ++i) {
+    std::string bytes = bytes_;
+    const std::size_t at = below(bytes.size());
+    const std::size_t bit = below(8);
+    bytes[at] = static_cast<char>(bytes[at] ^ (1 << bit));
+    refused += isRefused(bytes) ? 1 : 0;
+    ASSERT_FALSE(HasFailure()) << "seed " << seed_ << ", byte " << at << ", bit " << bit;
+  }
+  EXPECT_GT(refused, 500) << "most of the file is records";
+}
+
+TEST_F(DamagedCompanyFile, NeverShowsATruncatedFile) {
+  for (int i = 0; i < 300; ++i) {
+    const std::size_t size = below(bytes_.size());
+    EXPECT_TRUE(isRefused(bytes_.substr(0, size))) << "seed " << seed_ << ", size " << size;
+  }
+}
+
+TEST_F(DamagedCompanyFile, NeverShowsZeroedPages) {
+  int refused = 0;
+  for (int i = 0; i < 300; ++i) {
+    const std::size_t page = std::size_t{512} << below(5);
+    const std::size_t at = below(bytes_.size() / page) * page;
+    std::string bytes = bytes_;
+    std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), page, '\0');
+    refused += isRefused(bytes) ? 1 : 0;
+    ASSERT_FALSE(HasFailure()) << "seed " << seed_ << ", " << page << " bytes at " << at;
+  }
+  EXPECT_GT(refused, 150);
+}
+
+TEST_F(DamagedCompanyFile, NeverShowsAPageOfAnotherTime) {
+  // A write that the disk lost: one page is that of the file before the last save.
+  writeBytes(path_, bytes_);
+  const File file = openOf(SqliteCompanyFile::open(path_, options()));
+  save(file, 1);
+  content_ = contentOf(*file);
+  file->close();
+  const std::string newer = bytesOf(path_);
+  int refused = 0;
+  for (std::size_t at = 0; at + 8192 <= std::min(newer.size(), bytes_.size()); at += 8192) {
+    std::string bytes = newer;
+    bytes.replace(at, 8192, bytes_, at, 8192);
+    refused += isRefused(bytes) ? 1 : 0;
+    ASSERT_FALSE(HasFailure()) << "page at " << at;
+  }
+  EXPECT_GT(refused, 2) << "record, table and company at least";
+}
+
+}  // namespace
+}  // namespace depcalc
