@@ -32,6 +32,9 @@ void DepCalcDisplayCtl::setLooks() {
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
   stepLabel.setAlignment(TextAlignment::right);
+  HelpLabel.setMnemonic('U');
+  stepLabel.setMnemonic('T');
+  TotalHelp.setMnemonic('Y');
   for (Label* label : {&AIDLabel, &ANameLabel, &AID, &AName}) style::caption(*label);
   AIDLabel.setBold(true);
   ANameLabel.setBold(true);

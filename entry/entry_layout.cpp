@@ -49,11 +49,13 @@ void DepCalcCtl::layOut() {
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
   HelpLabel.setPlace(style::page_help);
+  HelpLabel.setMnemonic('U');
   style::title(TitleLabel);
   TitleLabel.setPlace(style::page_title);
   style::helpLink(stepLabel);
   stepLabel.setAlignment(TextAlignment::right);
   stepLabel.setPlace(style::page_step);
+  stepLabel.setMnemonic('T');
 
   placeRow(left_column, 0, AIDLabel, IDText);
   placeRow(left_column, 1, ANameLabel, NameText);

@@ -34,6 +34,7 @@ void DepCalcView::setLooks() {
   style::helpLink(HelpLabel);
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
+  HelpLabel.setMnemonic('U');
   HelpLabel.setPlace(style::page_help);
   style::title(TitleLabel);
   TitleLabel.setPlace(style::page_title);

@@ -1,0 +1,76 @@
+// Company files as the window opens them: what is refused is refused with a clear sentence.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "desktop/host/sqlite_companies.h"
+
+namespace depcalc::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+struct Companies : ::testing::Test {
+  std::string path(const char* name) const { return directory.filePath(name).toStdString(); }
+  void write(const char* name, const QByteArray& bytes) const {
+    QFile file(directory.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  std::string problemOf(const char* name) {
+    try {
+      files.open(path(name))->close();
+    } catch (const desktop::CompanyFileError& error) {
+      return error.what();
+    }
+    return {};
+  }
+
+  QTemporaryDir directory;
+  desktop::SqliteCompanies files{[] { return Date::strict(2024, 6, 15); }};
+};
+
+TEST_F(Companies, KeepWhatCompanyInfoSays) {
+  const CompanyInfo changed{"Renamed", 10, true};
+  {
+    const auto company = files.create(path("a.company"), {"Sample Joinery", 4});
+    EXPECT_EQ(company->file()->FiscalYearStart(), Date::strict(2024, 4, 1));
+    company->setInfo(changed);
+    EXPECT_EQ(company->file()->FiscalYearStart(), Date::strict(2023, 10, 1));
+    company->close();
+  }
+  const auto company = files.open(path("a.company"));
+  EXPECT_EQ(company->info(), changed);
+  EXPECT_TRUE(company->file()->IsMultiUser());
+  EXPECT_EQ(company->takeTrouble(), std::nullopt);
+  company->close();
+}
+
+TEST_F(Companies, NothingIsOverwritten) {
+  write("taken.company", "something else");
+  EXPECT_THROW(files.create(path("taken.company"), {"New", 1}), desktop::CompanyFileError);
+  QFile file(directory.filePath("taken.company"));
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(file.readAll() == "something else");
+}
+
+TEST_F(Companies, WhatCannotBeOpenedIsSaidWithTheFilesName) {
+  write("text.company", "no company file at all");
+  files.create(path("held.company"), {"Held", 1})->close();
+  const auto holder = files.open(path("held.company"));
+  files.create(path("damaged.company"), {"Damaged", 1})->close();
+  QFile damaged(directory.filePath("damaged.company"));
+  ASSERT_TRUE(damaged.open(QIODevice::ReadWrite));
+  damaged.resize(damaged.size() / 2);
+  damaged.close();
+  for (const char* name : {"missing.company", "text.company", "held.company", "damaged.company"}) {
+    EXPECT_THAT(problemOf(name), HasSubstr(name));
+  }
+  holder->close();
+  EXPECT_EQ(problemOf("held.company"), "");
+}
+
+}  // namespace
+}  // namespace depcalc::testing

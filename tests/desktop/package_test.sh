@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# package_test.sh BUILD: what is installed passes the desktops' validators; the Debian package
+# installs, runs and purges without a trace.
+set -euo pipefail
+
+build=$1
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+
+fail() {
+  echo "package: $*" >&2
+  exit 1
+}
+
+DESTDIR="$place/tree" cmake --install "$build" --prefix /usr >"$place/install.log"
+share="$place/tree/usr/share"
+desktop-file-validate "$share/applications/depcalc-desktop.desktop"
+appstreamcli validate --no-net "$share/metainfo/depcalc-desktop.metainfo.xml" >"$place/appstream" ||
+  fail "$(cat "$place/appstream")"
+update-mime-database "$share/mime"
+man --warnings -l "$share/man/man1/depcalc-desktop.1" 2>&1 >/dev/null | { ! grep .; } ||
+  fail "the manual page has warnings"
+
+# The company file is known by its contents, whatever it is called.
+"$place/tree/usr/bin/depcalc" new "$place/plain" >/dev/null
+grep -aq 'application/vnd.depcalc.company' "$share/mime/magic" || fail "no magic"
+[[ $(head -c 15 "$place/plain") == 'SQLite format 3' && $(head -c 72 "$place/plain" | tail -c 4) == DCcf ]] ||
+  fail "the magic does not match a company file"
+
+(cd "$place" && cpack --config "$build/CPackConfig.cmake" -B "$place/deb" >"$place/cpack.log") ||
+  fail "$(cat "$place/cpack.log")"
+package=$(ls "$place"/deb/*.deb)
+root="$place/root"
+mkdir -p "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/info"
+touch "$root/var/lib/dpkg/status"
+dpkg=(dpkg --root="$root" --force-not-root,depends,bad-path --log=/dev/null)
+"${dpkg[@]}" --install "$package" >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"
+[[ $("$root/usr/bin/depcalc-desktop" -platform offscreen --version) == depcalc\ * ]] ||
+  fail "the installed program does not run"
+"$root/usr/bin/depcalc" new "$place/joinery.company" >/dev/null
+XDG_RUNTIME_DIR="$place" "$root/usr/bin/depcalc-desktop" --preview "$place/preview" \
+  "$place/joinery.company" 2>/dev/null | grep -q 'entry.png' || fail "no preview"
+"${dpkg[@]}" --purge depcalc >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"
+left=$(find "$root" -path "$root/var/lib/dpkg" -prune -o ! -type d -print)
+[[ -z $left ]] || fail "purging leaves $left"
+echo "package: done"
