@@ -49,7 +49,9 @@ void printDifference(const std::string& path, const std::string& expected,
 class ScratchDirectory {
  public:
   ScratchDirectory() {
-    std::string name = (std::filesystem::temp_directory_path() / "depcalc-golden-XXXXXX").string();
+    std::string name =
+        (std::filesystem::temp_directory_path() / ("depcalc-golden-" + std::string(6, 'X')))
+            .string();
     if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no scratch directory");
     path_ = name;
   }

@@ -103,7 +103,7 @@ std::string run(const std::string& command, const fs::path& directory) {
 }
 
 fs::path newDirectory() {
-  std::string name = (fs::temp_directory_path() / "golden-XXXXXX").string();
+  std::string name = (fs::temp_directory_path() / ("golden-" + std::string(6, 'X'))).string();
   if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("cannot make " + name);
   return name;
 }

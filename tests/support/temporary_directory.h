@@ -15,7 +15,7 @@ class TemporaryDirectory {
     const std::filesystem::path in_memory = "/dev/shm";
     const bool has_memory = std::filesystem::is_directory(in_memory);
     const auto place = has_memory ? in_memory : std::filesystem::temp_directory_path();
-    path_ = (place / "depcalc-XXXXXX").string();
+    path_ = (place / ("depcalc-" + std::string(6, 'X'))).string();
     if (::mkdtemp(path_.data()) == nullptr) std::abort();
   }
   ~TemporaryDirectory() {
