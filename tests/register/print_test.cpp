@@ -30,7 +30,8 @@ struct Paper {
 constexpr Paper papers[] = {{"A4", 10466, 15398},
                             {"A4 landscape", 15398, 10466},
                             {"Letter", 10800, 14400},
-                            {"Letter landscape", 14400, 10800}};
+                            {"Letter landscape", 14400, 10800},
+                            {"a card", 6000, 4500}};
 
 constexpr int header_height = 900;  ///< three lines of the recording printer
 
@@ -160,7 +161,7 @@ TEST_F(Printing, CutsTheTableIntoPagesByTheFormulas) {
 TEST_F(Printing, PrintsThePagesAcrossOuterAndDownInner) {
   for (const Paper& paper : papers) {
     for (int assets = 1; assets <= 200; assets += assets < 20 ? 2 : 23) {
-      for (const int rows : {13, 19, 28, 29, 30, 31, 32, 60, 120}) {
+      for (const int rows : {13, 19, 28, 29, 31, 60, 120}) {
         SCOPED_TRACE(std::string(paper.name) + ", " + std::to_string(assets) + " assets, " +
                      std::to_string(rows) + " rows");
         load(assets, rows);
