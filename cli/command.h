@@ -52,6 +52,8 @@ std::unique_ptr<Command> importCommand();
 std::unique_ptr<Command> listCommand();
 std::unique_ptr<Command> deleteCommand();
 std::unique_ptr<Command> checkCommand();
+std::unique_ptr<Command> registerCommand();
+std::unique_ptr<Command> printCommand();
 std::unique_ptr<Command> dumpCommand();
 
 /// Every subcommand, in the order of the help.

@@ -100,6 +100,8 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(newCommand());
   commands.push_back(importCommand());
   commands.push_back(listCommand());
+  commands.push_back(registerCommand());
+  commands.push_back(printCommand());
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());
   commands.push_back(dumpCommand());

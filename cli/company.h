@@ -65,6 +65,8 @@ class CompanyCommand : public Command {
   virtual void declareMore(CLI::App& app) = 0;
   virtual ExitStatus runOn(Company& company, Surroundings& surroundings) = 0;
 
+  /// FILE.
+  [[nodiscard]] const std::string& path() const { return path_; }
   /// "depcalc: FILE: `message`" on a line.
   static void complain(const Company& company, std::string_view message, Output& errors);
 

@@ -1,0 +1,100 @@
+// depcalc print: the depreciation schedule as a PDF document.
+#include <CLI/CLI.hpp>
+
+#include "cli/output_file.h"
+#include "cli/print_module.h"
+#include "cli/printable_text.h"
+#include "cli/register_page.h"
+#include "register/print_pages.h"
+#include "values/text.h"
+
+namespace depcalc {
+namespace {
+
+class PrintCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "print"; }
+  [[nodiscard]] std::string_view summary() const override {
+    return "Print the depreciation schedule of a company file as PDF";
+  }
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc print acme.company --output schedule.pdf
+      the pages that the calculator's Print button prints
+  depcalc print acme.company --output - --paper Letter --landscape | lp
+      the same on wide paper, to standard output
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareMore(CLI::App& app) override {
+    app.add_option("--output", output_, "Where the document goes; - for standard output")
+        ->required()
+        ->option_text("FILE.pdf");
+    app.add_option("--paper", paper_, "A4 (without the option) or Letter")
+        ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case))
+        ->option_text("PAPER");
+    app.add_flag("--landscape", landscape_,
+                 "Turn the paper: more assets and fewer years on a page");
+    app.footer(R"(Needs no display. Beside the captions seven assets fit on upright paper.
+Exit status: 0 done, 1 the file is damaged or not everything could be printed, 2 wrong usage,
+3 a file cannot be read or written, 4 it is in use.)");
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    Output& errors = surroundings.errors;
+    if (isSameFile(path(), output_)) {
+      complain(company, "the document would replace the company file", errors);
+      return exit_usage;
+    }
+    RegisterPage page(company);
+    if (!page.hasAssets()) {
+      complain(company, "there are no assets to print", errors);
+      return exit_bad_data;
+    }
+    std::string trouble;
+    const auto printer = loadPdfPrinter(paper(), schedule_heading, trouble);
+    if (printer != nullptr) trouble = page.print(*printer);
+    if (trouble.empty()) trouble = writeDocument(printer->document(), surroundings.out);
+    if (!trouble.empty()) {
+      errors.write("depcalc: " + printableText(output_ + ": " + trouble) + '\n');
+      return exit_system;
+    }
+    return tellWhatIsMissing(company, page, *printer, errors);
+  }
+
+  [[nodiscard]] desktop::PdfPaper paper() const {
+    const bool letter = equalIgnoringCase(paper_, "Letter");
+    return {letter ? desktop::PaperSize::letter : desktop::PaperSize::a4, landscape_};
+  }
+
+  /// Answers why that failed.
+  [[nodiscard]] std::string writeDocument(std::string_view document, Output& out) const {
+    if (output_ != "-") return writeWholeFile(output_, document);
+    out.write(document);
+    return {};
+  }
+
+  static ExitStatus tellWhatIsMissing(const Company& company, const RegisterPage& page,
+                                      Printer& printer, Output& errors) {
+    const int left_out = page.assetsLeftOut(printer);
+    if (left_out > 0) {
+      complain(company, "the last " + std::to_string(left_out) + " assets are on no page", errors);
+    }
+    if (!page.trouble().empty()) {
+      complain(company, "the table ends early: " + page.trouble(), errors);
+    }
+    return left_out > 0 || !page.trouble().empty() ? exit_bad_data : exit_success;
+  }
+
+  std::string output_;
+  std::string paper_ = "A4";
+  bool landscape_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> printCommand() { return std::make_unique<PrintCommand>(); }
+
+}  // namespace depcalc

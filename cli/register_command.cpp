@@ -1,0 +1,115 @@
+// depcalc register: the register as the calculator shows it.
+#include <CLI/CLI.hpp>
+
+#include "cli/data_text.h"
+#include "cli/printable_text.h"
+#include "cli/register_page.h"
+#include "cli/text_columns.h"
+#include "values/json_text.h"
+
+namespace depcalc {
+namespace {
+
+class RegisterCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "register"; }
+  [[nodiscard]] std::string_view summary() const override {
+    return "Show the assets of a company file side by side, year by year";
+  }
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc register acme.company
+      the table of the calculator's page "View All Assets"
+  depcalc register --format csv acme.company > register.csv
+      the same for a spreadsheet, a line for each row of the table
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareMore(CLI::App& app) override {
+    app.add_option("--format", format_, "How to write: table (for people), csv or json")
+        ->check(CLI::IsMember({"table", "csv", "json"}))
+        ->option_text("FORMAT");
+    app.footer(R"(A row stands for a field or a fiscal year, a column for an asset.
+Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usage,
+3 it cannot be read, 4 it is in use.)");
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    const RegisterPage page(company);
+    write(page, surroundings.out);
+    if (page.trouble().empty()) return exit_success;
+    complain(company, "the table ends early: " + page.trouble(), surroundings.errors);
+    return exit_bad_data;
+  }
+
+  void write(const RegisterPage& page, Output& out) const {
+    if (format_ == "json") {
+      writeJson(page, out);
+    } else if (!page.hasAssets()) {
+      if (format_ == "table") out.write("No assets.\n");
+    } else if (format_ == "csv") {
+      writeCsv(page.table(), out);
+    } else {
+      writeTable(page.table(), out);
+    }
+  }
+
+  static void writeCsv(const Grid& table, Output& out) {
+    for (int row = 0; row < table.rows(); ++row) {
+      for (int column = 0; column < table.columns(); ++column) {
+        if (column > 0) out.write(',');
+        out.write(csvField(table.text(row, column)));
+      }
+      out.write('\n');
+    }
+  }
+
+  static void writeJson(const RegisterPage& page, Output& out) {
+    const Grid& table = page.table();
+    const int rows = page.hasAssets() ? table.rows() : 0;
+    out.write("[");
+    for (int row = 0; row < rows; ++row) {
+      out.write(row > 0 ? ",\n" : "\n");
+      out.write("{\"caption\":" + jsonString(table.text(row, 0)) + ",\"cells\":[");
+      for (int column = 1; column < table.columns(); ++column) {
+        if (column > 1) out.write(',');
+        out.write(jsonString(table.text(row, column)));
+      }
+      out.write("]}");
+    }
+    out.write(rows > 0 ? "\n]\n" : "]\n");
+  }
+
+  /// Captions to the left, like the texts of an asset; everything else to the right.
+  static void writeTable(const Grid& table, Output& out) {
+    std::vector<std::size_t> widths;
+    for (int column = 0; column < table.columns(); ++column) {
+      std::size_t width = 0;
+      for (int row = 0; row < table.rows(); ++row) {
+        width = std::max(width, characterCount(printableText(table.text(row, column))));
+      }
+      widths.push_back(width);
+    }
+    for (int row = 0; row < table.rows(); ++row) {
+      std::string line;
+      for (int column = 0; column < table.columns(); ++column) {
+        const std::string text = printableText(table.text(row, column));
+        const std::size_t width = widths[static_cast<std::size_t>(column)];
+        const bool left = column == 0 || table.alignment(row, column) == CellAlignment::leftBottom;
+        line += (left ? padded(text, width) : rightAligned(text, width)) + "  ";
+      }
+      line.erase(line.find_last_not_of(' ') + 1);
+      out.write(line + '\n');
+    }
+  }
+
+  std::string format_ = "table";
+};
+
+}  // namespace
+
+std::unique_ptr<Command> registerCommand() { return std::make_unique<RegisterCommand>(); }
+
+}  // namespace depcalc
