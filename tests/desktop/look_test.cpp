@@ -29,7 +29,7 @@ double luminance(const QColor& colour) {
 
 /// As the web's accessibility guidelines measure it; 4.5 is what they ask of small texts.
 double contrast(const QColor& a, const QColor& b) {
-  const auto [low, high] = std::minmax(luminance(a), luminance(b));
+  const auto [low, high] = std::minmax({luminance(a), luminance(b)});
   return (high + 0.05) / (low + 0.05);
 }
 

@@ -15,7 +15,7 @@ fail() {
 DESTDIR="$place/tree" cmake --install "$build" --prefix /usr >"$place/install.log"
 share="$place/tree/usr/share"
 desktop-file-validate "$share/applications/depcalc-desktop.desktop"
-appstreamcli validate --no-net "$share/metainfo/depcalc-desktop.metainfo.xml" >"$place/appstream" ||
+appstreamcli validate --no-net "$share/metainfo/org.depcalc.desktop.metainfo.xml" >"$place/appstream" ||
   fail "$(cat "$place/appstream")"
 update-mime-database "$share/mime"
 man --warnings -l "$share/man/man1/depcalc-desktop.1" 2>&1 >/dev/null | { ! grep .; } ||

@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <cstddef>
-
 namespace depcalc::testing_support {
 
 struct FailingVfs::Layer {
@@ -25,7 +23,7 @@ struct FailingVfs::Layer {
 };
 
 /// A file of the layer: its own head, and behind it the file below.
-struct alignas(std::max_align_t) LayeredFile {
+struct LayeredFile {  // SQLite aligns it, and what follows it, to 8 bytes
   sqlite3_file head;
   void* layer;
   sqlite3_file* below() { return reinterpret_cast<sqlite3_file*>(this + 1); }
