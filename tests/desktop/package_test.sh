@@ -33,7 +33,7 @@ package=$(ls "$place"/deb/*.deb)
 root="$place/root"
 mkdir -p "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/info"
 touch "$root/var/lib/dpkg/status"
-dpkg=(dpkg --root="$root" --force-not-root,depends,bad-path --log=/dev/null)
+dpkg=(dpkg --root="$root" --force-not-root,depends,bad-path,script-chrootless --log=/dev/null)
 "${dpkg[@]}" --install "$package" >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"
 [[ $("$root/usr/bin/depcalc-desktop" -platform offscreen --version) == depcalc\ * ]] ||
   fail "the installed program does not run"

@@ -339,7 +339,7 @@ TEST_F(DamagedCompanyFile, NeverShowsAFlippedBit) {
     refused += isRefused(bytes) ? 1 : 0;
     ASSERT_FALSE(HasFailure()) << "seed " << seed_ << ", byte " << at << ", bit " << bit;
   }
-  EXPECT_GT(refused, 500) << "most of the file is records";
+  EXPECT_GT(refused, 400) << "about half of the file is records and what says how many there are";
 }
 
 TEST_F(DamagedCompanyFile, NeverShowsATruncatedFile) {
