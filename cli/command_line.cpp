@@ -15,6 +15,7 @@ constexpr std::string_view overview =
   depcalc new workshop.company                make a company file
   depcalc import workshop.company assets.csv  save the assets in it
   depcalc list workshop.company               what it holds
+  depcalc register workshop.company           the amounts of all assets, year by year
   depcalc schedule --help                     more of them, for each command
 )";
 
