@@ -37,6 +37,9 @@ constexpr std::string_view nameOf(AssetColumn column) {
   return asset_column_names[static_cast<std::size_t>(column)];
 }
 
+/// Whether any text may stand in it; the others hold numbers, dates and names of their own.
+constexpr bool isTextColumn(AssetColumn column) { return column <= AssetColumn::department; }
+
 /// What a header may hold.
 struct HeaderRules {
   bool ignore_unknown = false;

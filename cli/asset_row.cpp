@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "cli/data_text.h"
 #include "values/text.h"
 
 namespace depcalc {
@@ -17,6 +18,8 @@ bool hasShape(std::string_view text, std::string_view pattern) {
   return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
                     [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; });
 }
+
+bool isSameDayOfYear(Date a, Date b) { return a.month() == b.month() && a.day() == b.day(); }
 
 class RowReading {
  public:
@@ -60,7 +63,8 @@ class RowReading {
   }
 
   std::string limitedText(AssetColumn column) {
-    const std::string_view free_text = text(column);
+    const std::string_view free_text =
+        rules_.raw_texts ? text(column) : unguardedText(text(column));
     // No text has more characters than bytes.
     if (free_text.size() > most_text_characters &&
         characterCount(free_text) > most_text_characters) {
@@ -73,7 +77,7 @@ class RowReading {
     constexpr AssetColumn column = AssetColumn::placed_in_service;
     const std::string_view date_text = trimmed(text(column));
     if (date_text.empty()) {
-      refuse(column, "Please enter the Placed-in-service Date.");
+      refuse(column, messageOf(FormMessage::start_date_missing).text);
       return false;
     }
     const auto date = looksLikeFileDate(date_text)
@@ -86,15 +90,16 @@ class RowReading {
 
   void readFiscalYearEnd() {
     const std::string_view month_and_day = trimmed(text(AssetColumn::fiscal_year_end));
-    const auto date =
-        month_and_day.empty() ? rules_.fiscal_year_end : fiscalYearEndFromText(month_and_day);
-    if (date) return asset_.FYEnd(*date);
+    const Date usual = rules_.fiscal_year_end;
+    const auto date = month_and_day.empty() ? usual : fiscalYearEndFromText(month_and_day);
+    // A row that names the usual day gives the same record as one that names none.
+    if (date) return asset_.FYEnd(isSameDayOfYear(*date, usual) ? usual : *date);
     refuse(AssetColumn::fiscal_year_end, "Please enter a month and a day, such as 12-31.");
   }
 
   bool readLife() {
     if (text(AssetColumn::life).empty()) {
-      refuse(AssetColumn::life, "Please enter the useful life.");
+      refuse(AssetColumn::life, messageOf(FormMessage::life_missing).text);
       return false;
     }
     const auto life = take(AssetColumn::life, usefulLifeRule({text(AssetColumn::life)}));
@@ -115,7 +120,7 @@ class RowReading {
   std::string_view readBasis() {
     const std::string_view basis_text = text(AssetColumn::basis);
     if (basis_text.empty()) {
-      refuse(AssetColumn::basis, "Please enter the basis.");
+      refuse(AssetColumn::basis, messageOf(FormMessage::basis_missing).text);
       return {};
     }
     const auto basis = take(AssetColumn::basis, basisRule({basis_text}, ""));

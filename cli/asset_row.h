@@ -16,7 +16,8 @@ namespace depcalc {
 struct AssetRules {
   Date today;
   DateLimit date_limit = DateLimit::fifty_years;
-  Date fiscal_year_end;  ///< of the assets that name none; only month and day count
+  bool raw_texts = false;  ///< texts are as they stand, an apostrophe before a formula included
+  Date fiscal_year_end;    ///< of the assets that name none; only month and day count
 };
 
 /// "MM-DD", 02-29 included, as a date whose month and day count.

@@ -51,6 +51,8 @@ class ImportCommand final : public CompanyCommand {
         ->option_text(" ");
     app.add_flag("--dry-run", dry_run_, "Do everything but save");
     app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
+    app.add_flag("--raw", raw_texts_,
+                 "Take texts as they are, as `depcalc list --raw` writes them");
     app.footer(R"(Columns as `depcalc schedule --help` has them, but:
   method             SL, SYD, DDB, UOP, or empty: saved without amounts
   fiscal_year_end    MM-DD (the company's)
@@ -63,7 +65,9 @@ read or written, 4 the company file is in use.)");
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     Output& errors = surroundings.errors;
     AssetReader reader(*csv_, {.ignore_unknown = ignore_unknown_, .with_method = true},
-                       {.today = company.today(), .fiscal_year_end = company.fiscalYearEnd()});
+                       {.today = company.today(),
+                        .raw_texts = raw_texts_,
+                        .fiscal_year_end = company.fiscalYearEnd()});
     const ImportedRows rows = readRows(reader, [&](const RowProblem& problem) {
       errors.write(problemText(csv_path_, problem) + '\n');
     });
@@ -111,6 +115,7 @@ read or written, 4 the company file is in use.)");
   std::string csv_path_;
   bool dry_run_ = false;
   bool ignore_unknown_ = false;
+  bool raw_texts_ = false;
   InputFile* csv_ = nullptr;
 };
 

@@ -40,12 +40,13 @@ std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep&
           asset.DepMethod()};
 }
 
-std::string csvRow(const std::array<std::string, asset_column_names.size()>& texts) {
+std::string csvRow(const std::array<std::string, asset_column_names.size()>& texts,
+                   CsvFields fields) {
   std::string row;
-  const char* separator = "";
-  for (const std::string& text : texts) {
-    row.append(separator).append(csvField(text));
-    separator = ",";
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    row += i == 0 ? "" : ",";
+    row +=
+        isTextColumn(static_cast<AssetColumn>(i)) ? fields.text(texts[i]) : fields.number(texts[i]);
   }
   return row + '\n';
 }
@@ -123,13 +124,18 @@ class ListCommand final : public CompanyCommand {
     app.add_option("--format", format_, "How to write: table (for people), csv or json")
         ->check(CLI::IsMember({"table", "csv", "json"}))
         ->option_text("FORMAT");
+    app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes");
     app.footer(
-        R"(Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
+        R"(In csv a text that a spreadsheet would take for a formula (it begins with = + - @, a tab or a
+carriage return) gets an apostrophe in front, which import and schedule take away again.
+With --raw it gets none; import --raw reads that.
+
+Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     if (format_ == "csv") {
-      listCsv(company, surroundings.out);
+      listCsv(company, CsvFields(raw_), surroundings.out);
     } else if (format_ == "json") {
       listJson(company, surroundings.out);
     } else {
@@ -138,14 +144,16 @@ class ListCommand final : public CompanyCommand {
     return exit_success;
   }
 
-  static void listCsv(Company& company, Output& out) {
+  static void listCsv(Company& company, CsvFields fields, Output& out) {
     std::string header;
     for (const std::string_view column : asset_column_names) {
       header.append(header.empty() ? "" : ",").append(column);
     }
     out.write(header + '\n');
     const std::int32_t count = company.assetCount();
-    for (std::int32_t i = 1; i <= count; ++i) out.write(csvRow(fileTexts(*company.asset(i))));
+    for (std::int32_t i = 1; i <= count; ++i) {
+      out.write(csvRow(fileTexts(*company.asset(i)), fields));
+    }
   }
 
   static void listJson(Company& company, Output& out) {
@@ -172,6 +180,7 @@ class ListCommand final : public CompanyCommand {
   }
 
   std::string format_ = "table";
+  bool raw_ = false;
 };
 
 }  // namespace

@@ -31,6 +31,7 @@ class RegisterCommand final : public CompanyCommand {
     app.add_option("--format", format_, "How to write: table (for people), csv or json")
         ->check(CLI::IsMember({"table", "csv", "json"}))
         ->option_text("FORMAT");
+    app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes; see list --help");
     app.footer(R"(A row stands for a field or a fiscal year, a column for an asset.
 Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usage,
 3 it cannot be read, 4 it is in use.)");
@@ -50,17 +51,23 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
     } else if (!page.hasAssets()) {
       if (format_ == "table") out.write("No assets.\n");
     } else if (format_ == "csv") {
-      writeCsv(page.table(), out);
+      writeCsv(page.table(), CsvFields(raw_), out);
     } else {
       writeTable(page.table(), out);
     }
   }
 
-  static void writeCsv(const Grid& table, Output& out) {
+  /// Captions, and the texts of an asset; everything else is a number, a date or a name of ours.
+  static bool isText(const Grid& table, int row, int column) {
+    return column == 0 || table.alignment(row, column) == CellAlignment::leftBottom;
+  }
+
+  static void writeCsv(const Grid& table, CsvFields fields, Output& out) {
     for (int row = 0; row < table.rows(); ++row) {
       for (int column = 0; column < table.columns(); ++column) {
         if (column > 0) out.write(',');
-        out.write(csvField(table.text(row, column)));
+        const std::string_view text = table.text(row, column);
+        out.write(isText(table, row, column) ? fields.text(text) : fields.number(text));
       }
       out.write('\n');
     }
@@ -82,7 +89,7 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
     out.write(rows > 0 ? "\n]\n" : "]\n");
   }
 
-  /// Captions to the left, like the texts of an asset; everything else to the right.
+  /// Texts to the left, everything else to the right.
   static void writeTable(const Grid& table, Output& out) {
     std::vector<std::size_t> widths;
     for (int column = 0; column < table.columns(); ++column) {
@@ -97,8 +104,8 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
       for (int column = 0; column < table.columns(); ++column) {
         const std::string text = printableText(table.text(row, column));
         const std::size_t width = widths[static_cast<std::size_t>(column)];
-        const bool left = column == 0 || table.alignment(row, column) == CellAlignment::leftBottom;
-        line += (left ? padded(text, width) : rightAligned(text, width)) + "  ";
+        line +=
+            (isText(table, row, column) ? padded(text, width) : rightAligned(text, width)) + "  ";
       }
       line.erase(line.find_last_not_of(' ') + 1);
       out.write(line + '\n');
@@ -106,6 +113,7 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
   }
 
   std::string format_ = "table";
+  bool raw_ = false;
 };
 
 }  // namespace

@@ -41,6 +41,8 @@ class ScheduleCommand final : public Command {
     app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
     app.add_flag("--no-date-limit", no_date_limit_,
                  "Accept dates more than 50 years before or after today");
+    app.add_flag("--raw", raw_texts_,
+                 "Take and write texts as they are, for pipes; see list --help");
     app.footer(R"(Columns, in any order and any case; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
   life               useful life in years, 1 to 50
@@ -68,7 +70,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
 
  private:
   [[nodiscard]] std::unique_ptr<ScheduleWriter> makeWriter(Output& out) const {
-    if (format_ == "csv") return csvWriter(out);
+    if (format_ == "csv") return csvWriter(out, CsvFields(raw_texts_));
     if (format_ == "json") return jsonWriter(out);
     return tableWriter(out);
   }
@@ -76,6 +78,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
   [[nodiscard]] AssetRules rules(Date clock) const {
     return {.today = today_.value_or(clock),
             .date_limit = no_date_limit_ ? DateLimit::none : DateLimit::fifty_years,
+            .raw_texts = raw_texts_,
             .fiscal_year_end = fiscal_year_end_};
   }
 
@@ -114,6 +117,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
   Date fiscal_year_end_ = Date::strict(2000, 12, 31);
   bool ignore_unknown_ = false;
   bool no_date_limit_ = false;
+  bool raw_texts_ = false;
 };
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <string>
 
-#include "cli/data_text.h"
 #include "cli/schedule_writer.h"
 
 namespace depcalc {
@@ -9,12 +8,12 @@ namespace {
 
 class CsvWriter final : public ScheduleWriter {
  public:
-  explicit CsvWriter(Output& out) : out_(out) {}
+  CsvWriter(Output& out, CsvFields fields) : out_(out), fields_(fields) {}
 
   void begin() override { out_.write("id,method,fiscal_year,amount\n"); }
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
-    id_ = csvField(asset.AssetID());
+    id_ = fields_.text(asset.AssetID());
     for (const NamedSchedule& named : named_schedules) {
       prefix_.assign(id_).append(",").append(named.name).append(",");
       int year = schedules.first_fiscal_year;
@@ -48,12 +47,15 @@ class CsvWriter final : public ScheduleWriter {
   }
 
   Output& out_;
+  CsvFields fields_;
   std::string id_;
   std::string prefix_;
 };
 
 }  // namespace
 
-std::unique_ptr<ScheduleWriter> csvWriter(Output& out) { return std::make_unique<CsvWriter>(out); }
+std::unique_ptr<ScheduleWriter> csvWriter(Output& out, CsvFields fields) {
+  return std::make_unique<CsvWriter>(out, fields);
+}
 
 }  // namespace depcalc

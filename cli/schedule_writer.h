@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/data_text.h"
 #include "cli/output.h"
 #include "cli/schedules.h"
 #include "engine/calculate_dep.h"
@@ -23,7 +24,7 @@ class ScheduleWriter {
 /// For people: a block per asset, the methods side by side with their totals.
 std::unique_ptr<ScheduleWriter> tableWriter(Output& out);
 /// Rows of id, method, fiscal year and amount; a last row per asset with the rate of production.
-std::unique_ptr<ScheduleWriter> csvWriter(Output& out);
+std::unique_ptr<ScheduleWriter> csvWriter(Output& out, CsvFields fields);
 /// The same rows as objects, amounts as texts so that no reader rounds them.
 std::unique_ptr<ScheduleWriter> jsonWriter(Output& out);
 
