@@ -1,54 +1,36 @@
-// first_paint [FILE.company]: opens the host's window on a company (an empty window without one)
-// and ends as soon as it has been painted. Its run time is what a start costs.
+// Ends the program it is linked into as soon as its main window has been painted, or what
+// FIRST_PAINT_OF names: the run time of the program is what its start costs.
 #include <QApplication>
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <clocale>
-
-#include "desktop/host/sqlite_companies.h"
-#include "desktop/widgets/accessible_controls.h"
-#include "desktop/window/main_window.h"
+#include <QEvent>
+#include <QMainWindow>
+#include <cstdlib>
 
 namespace {
 
-/// Ends the program behind the first paint of the window it watches.
 class FirstPaint : public QObject {
  public:
+  using QObject::QObject;
+
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Paint) QTimer::singleShot(0, qApp, &QApplication::quit);
-    return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::Paint && isAwaited(*watched)) {
+      // Children are painted, and all of it shown, before the next event is.
+      QMetaObject::invokeMethod(
+          qApp, [] { std::_Exit(EXIT_SUCCESS); }, Qt::QueuedConnection);
+    }
+    return false;
   }
+
+ private:
+  bool isAwaited(const QObject& painted) const {
+    return name_.isEmpty() ? qobject_cast<const QMainWindow*>(&painted) != nullptr
+                           : painted.objectName() == name_;
+  }
+
+  const QString name_ = qEnvironmentVariable("FIRST_PAINT_OF");
 };
 
-int paintEmptyWindow() {
-  QMainWindow window;
-  FirstPaint painted;
-  window.installEventFilter(&painted);
-  window.resize(940, 640);
-  window.show();
-  return QApplication::exec();
-}
-
-int paintCalculator(const QString& company) {
-  using namespace depcalc::desktop;
-  installAccessibleControls();
-  const QTemporaryDir scratch;
-  SqliteCompanies files(todayByClock);
-  Settings settings(scratch.filePath(QStringLiteral("settings.ini")));
-  Backups backups(scratch.filePath(QStringLiteral("backups")));
-  MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
-  FirstPaint painted;
-  window.installEventFilter(&painted);
-  window.show();
-  QTimer::singleShot(0, &window, [&] { window.openCompany(company); });
-  return QApplication::exec();
-}
+void awaitFirstPaint() { qApp->installEventFilter(new FirstPaint(qApp)); }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
-  std::setlocale(LC_NUMERIC, "C");
-  return argc > 1 ? paintCalculator(QString::fromLocal8Bit(argv[1])) : paintEmptyWindow();
-}
+Q_COREAPP_STARTUP_FUNCTION(awaitFirstPaint)

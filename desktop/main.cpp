@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <clocale>
 #include <cstdio>
 #include <cstring>
@@ -79,12 +78,11 @@ int run(QApplication& application, const Options& options) {
   Backups backups(data + QStringLiteral("/backups"));
   MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
   if (previews) return preview(window, options, scratch.path());
-  window.show();
   const QString file = options.file.isEmpty() ? settings.lastCompany() : options.file;
-  // Behind the first paint: the window is there at once.
   if (!file.isEmpty() && (!options.file.isEmpty() || QFileInfo::exists(file))) {
-    QTimer::singleShot(0, &window, [&window, file] { window.openCompany(file); });
+    window.openCompanyWhenPainted(file);
   }
+  window.show();
   return QApplication::exec();
 }
 

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <QTimer>
 
 #include "desktop/widgets/text_block.h"
 #include "host/unit_of_work.h"
@@ -48,7 +47,6 @@ MainWindow::MainWindow(Surroundings surroundings)
   makeMenus();
   resize(first_size);
   restoreGeometry(around_.settings.geometry());
-  showPlaceholder();
   showStatus();
 }
 
@@ -83,6 +81,11 @@ bool MainWindow::openCompany(const QString& path) {
   }
   if (!copied) note_label_->setText(tr("No backup could be made"));
   return true;
+}
+
+void MainWindow::openCompanyWhenPainted(const QString& path) {
+  awaiting_paint_ = path;
+  company_label_->setText(tr("Opening %1…").arg(QFileInfo(path).completeBaseName()));
 }
 
 bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
@@ -247,6 +250,22 @@ void MainWindow::showStatus() {
     figures += tr("   ·   ") + (*assets == 1 ? tr("1 asset") : tr("%1 assets").arg(*assets));
   }
   figures_label_->setText(figures);
+}
+
+bool MainWindow::event(QEvent* event) {
+  if (event->type() == QEvent::Paint && !std::exchange(painted_, true)) {
+    QMetaObject::invokeMethod(this, &MainWindow::fillPage, Qt::QueuedConnection);
+  }
+  return QMainWindow::event(event);
+}
+
+void MainWindow::fillPage() {
+  const QString path = std::exchange(awaiting_paint_, {});
+  if (path.isEmpty()) {
+    showPlaceholder();
+  } else {
+    openCompany(path);
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -36,6 +36,9 @@ class MainWindow : public QMainWindow {
   /// Closes the company that is open and opens this one, and the calculator where the company is
   /// in single-user mode. What goes wrong is told to the user. Returns whether it is open.
   bool openCompany(const QString& path);
+  /// The same as soon as the window has been painted for the first time: it is there at once, and
+  /// says until then which company it opens.
+  void openCompanyWhenPainted(const QString& path);
   bool createCompany(const QString& path, const CompanyInfo& info);
   void closeCompany();
   void setMultiUser(bool on);
@@ -50,6 +53,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] Page& page() const { return *page_; }
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -77,6 +81,7 @@ class MainWindow : public QMainWindow {
   void tell(const QString& text);
   [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
 
+  void fillPage();
   void leaveCompany();
   void endCalculator();
   void takeCompany(std::unique_ptr<Company> company, const QString& path);
@@ -97,6 +102,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Calculator> calculator_;
   std::uint64_t kept_revision_ = 0;
   bool backup_kept_ = false;
+  bool painted_ = false;
+  QString awaiting_paint_;  ///< the company to open then
 
   QLabel* company_label_;
   QLabel* note_label_;

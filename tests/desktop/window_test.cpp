@@ -26,6 +26,31 @@ TEST_F(Window, WithoutACompanyTheCalculatorSaysWhatIsMissing) {
   EXPECT_FALSE(action("Print…").isEnabled());
 }
 
+TEST_F(Window, IsPaintedBeforeACompanyIsOpened) {
+  newCompany();
+  window.closeCompany();
+  desktop::MainWindow fresh(
+      {companies, settings, backups, [] { return Date::strict(2024, 6, 15); }, "/start"});
+  fresh.openCompanyWhenPainted(path());
+  EXPECT_EQ(fresh.company(), nullptr);
+  EXPECT_EQ(fresh.statusBar()->findChildren<QLabel*>().at(0)->text(), "Opening joinery…");
+  bool painted_without = false;
+  struct Watcher : QObject {
+    std::function<void()> on_paint;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) on_paint();
+      return false;
+    }
+  } watcher;
+  watcher.on_paint = [&] { painted_without = painted_without || fresh.company() == nullptr; };
+  fresh.installEventFilter(&watcher);
+  fresh.show();
+  QTRY_VERIFY(fresh.company() != nullptr);
+  EXPECT_TRUE(painted_without);
+  EXPECT_NE(fresh.calculator(), nullptr);
+  EXPECT_EQ(fresh.windowTitle(), "Sample Joinery – Depreciation Calculator");
+}
+
 TEST_F(Window, SwitchesModes) {
   newCompany();
   ASSERT_NE(window.calculator(), nullptr);
