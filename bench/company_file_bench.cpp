@@ -1,5 +1,5 @@
-// company_file_bench DIRECTORY: the company file at the register's capacity, each figure beside plain
-// SQLite moving the same bytes there.
+// company_file_bench DIRECTORY: the company file at the register's capacity, each figure beside
+// plain SQLite moving the same bytes there.
 #include <sqlite3.h>
 
 #include <algorithm>

@@ -8,11 +8,17 @@
 
 namespace depcalc {
 
+RecordValues::Entries& RecordValues::own() {
+  if (entries_.use_count() > 1) entries_ = std::make_shared<Entries>(*entries_);
+  return *entries_;
+}
+
 std::size_t RecordValues::position(std::string_view name) const {
-  const std::size_t count = entries_.size();
+  const std::size_t count = entries_->size();
   std::size_t at = next_ < count ? next_ : 0;
   for (std::size_t looked = 0; looked < count; ++looked) {
-    if (equalIgnoringCase(entries_[at].name, name)) {
+    if (const std::string& known = (*entries_)[at].name;
+        known.size() == name.size() && (known == name || equalIgnoringCase(known, name))) {
       next_ = at + 1;
       return at;
     }
@@ -23,22 +29,18 @@ std::size_t RecordValues::position(std::string_view name) const {
 
 const StoredValue* RecordValues::find(std::string_view name) const {
   const std::size_t at = position(name);
-  return at < entries_.size() ? &entries_[at].value : nullptr;
+  return at < entries_->size() ? &(*entries_)[at].value : nullptr;
 }
 
 void RecordValues::set(std::string_view name, StoredValue value) {
   const bool finite = value.type() != StoredValue::Type::real || std::isfinite(value.get<double>());
   if (name.empty() || !finite) throw RuntimeError::invalidCall();
   const std::size_t at = position(name);
-  if (at < entries_.size()) {
-    entries_[at].value = std::move(value);
+  if (at < entries_->size()) {
+    own()[at].value = std::move(value);
   } else {
-    append(std::string(name), std::move(value));
+    own().push_back({std::string(name), std::move(value)});
   }
-}
-
-void RecordValues::append(std::string name, StoredValue value) {
-  entries_.push_back({std::move(name), std::move(value)});
 }
 
 }  // namespace depcalc

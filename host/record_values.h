@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "values/stored_value.h"
@@ -12,7 +14,7 @@ namespace depcalc {
 
 /// Values by name, in the order in which they were first set. Names ignore case; the spelling
 /// used first is kept. Made for callers that go through the names in order: the search starts
-/// behind the name found last.
+/// behind the name found last. Copies share their entries until one of them changes.
 class RecordValues {
  public:
   struct Entry {
@@ -20,25 +22,31 @@ class RecordValues {
     StoredValue value;
     friend bool operator==(const Entry&, const Entry&) = default;
   };
+  using Entries = std::vector<Entry>;
+
+  RecordValues() : RecordValues(Entries()) {}
+  /// The names differ.
+  explicit RecordValues(Entries entries)
+      : entries_(std::make_shared<Entries>(std::move(entries))) {}
 
   /// Null when there is no such value.
   [[nodiscard]] const StoredValue* find(std::string_view name) const;
   /// Creates or replaces. An empty name, or a Double that is not finite: error 5.
   void set(std::string_view name, StoredValue value);
-  /// Adds a value whose name is known to be new.
-  void append(std::string name, StoredValue value);
-  void reserve(std::size_t count) { entries_.reserve(count); }
 
-  [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }
+  [[nodiscard]] const Entries& entries() const { return *entries_; }
 
   friend bool operator==(const RecordValues& a, const RecordValues& b) {
-    return a.entries_ == b.entries_;
+    return a.entries() == b.entries();
   }
 
  private:
   [[nodiscard]] std::size_t position(std::string_view name) const;
 
-  std::vector<Entry> entries_;
+  /// The entries, shared with no other copy.
+  Entries& own();
+
+  std::shared_ptr<Entries> entries_;
   mutable std::size_t next_ = 0;
 };
 

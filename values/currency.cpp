@@ -1,5 +1,6 @@
 #include "values/currency.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -71,6 +72,21 @@ char* Currency::writeFixed4(char* out) const {
     out[place] = static_cast<char>('0' + decimals % 10);
   }
   return out + 5;
+}
+
+std::optional<Currency> Currency::tryFromFixed4(std::string_view text) {
+  constexpr std::size_t tail = 5;  // the point and four decimals
+  if (text.size() <= tail || text.size() >= fixed4_size) return std::nullopt;
+  const std::size_t point = text.size() - tail;
+  const std::size_t first = text.front() == '-' ? 1 : 0;
+  if (text[point] != '.' || first == point) return std::nullopt;
+  std::array<char, fixed4_size> digits;
+  char* end = std::copy_n(text.begin(), point, digits.begin());
+  end = std::copy(text.begin() + point + 1, text.end(), end);
+  std::int64_t ticks = 0;
+  const auto read = std::from_chars(digits.data(), end, ticks);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return Currency(ticks);
 }
 
 std::string Currency::toFixed4() const {

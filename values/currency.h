@@ -4,6 +4,7 @@
 #include <cmath>
 #include <compare>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -54,6 +55,8 @@ class Currency {
   /// The same into a caller's buffer of at least `fixed4_size`; returns the end of the text.
   static constexpr std::size_t fixed4_size = 24;
   char* writeFixed4(char* out) const;
+  /// The amount that `toFixed4` writes so; empty for any other text.
+  static std::optional<Currency> tryFromFixed4(std::string_view text);
 
   friend constexpr auto operator<=>(Currency, Currency) = default;
 

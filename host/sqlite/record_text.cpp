@@ -14,6 +14,7 @@ namespace {
 constexpr std::string_view date_begin = "{\"date\":\"";
 constexpr std::string_view date_end = "\"}";
 constexpr std::size_t date_size = 10;  // yyyy-mm-dd
+constexpr std::size_t shortest_usual_member = std::string_view("\"Dep10\":0.0000,").size();
 
 void appendInteger(std::string& out, std::int16_t value) {
   std::array<char, 8> text;
@@ -51,18 +52,19 @@ class Reader {
   explicit Reader(std::string_view text) : text_(text) {}
 
   RecordValues record() {
-    RecordValues values;
+    RecordValues::Entries entries;
+    entries.reserve(text_.size() / shortest_usual_member);
     expect("{");
     if (!accept("}")) {
       do {
         std::string name = string();
         expect(":");
-        values.append(std::move(name), value());
+        entries.push_back({std::move(name), value()});
       } while (accept(","));
       expect("}");
     }
     if (!text_.empty()) fail();
-    return values;
+    return RecordValues(std::move(entries));
   }
 
  private:
@@ -82,6 +84,13 @@ class Reader {
     return taken;
   }
 
+  /// What comes before the first character of a kind, or all that is left.
+  template <typename Kind>
+  std::string_view takeUntil(Kind kind) {
+    return take(
+        static_cast<std::size_t>(std::find_if(text_.begin(), text_.end(), kind) - text_.begin()));
+  }
+
   StoredValue value() {
     if (text_.starts_with('"')) return StoredValue::text(string());
     if (accept("null")) return {};
@@ -96,26 +105,21 @@ class Reader {
   }
 
   StoredValue number() {
-    const std::size_t size = std::min(text_.find_first_of(",}"), text_.size());
-    const std::string_view digits = take(size);
-    if (digits.find('e') != std::string_view::npos) {
-      return StoredValue::real(numberFromText(digits));
-    }
-    if (digits.find('.') != std::string_view::npos) {
-      return StoredValue::currency(Currency::fromText(digits));
-    }
+    const std::string_view digits = takeUntil([](char c) { return c == ',' || c == '}'; });
+    if (const auto amount = Currency::tryFromFixed4(digits)) return StoredValue::currency(*amount);
     std::int16_t whole = 0;
-    const auto end = std::from_chars(digits.data(), digits.data() + digits.size(), whole);
-    if (end.ec != std::errc() || end.ptr != digits.data() + digits.size()) fail();
-    return StoredValue::integer(whole);
+    const char* const last = digits.data() + digits.size();
+    const auto end = std::from_chars(digits.data(), last, whole);
+    if (end.ec == std::errc() && end.ptr == last) return StoredValue::integer(whole);
+    if (digits.find('e') == std::string_view::npos) fail();
+    return StoredValue::real(numberFromText(digits));
   }
 
   std::string string() {
     expect("\"");
     std::string string;
     while (true) {
-      const std::size_t plain = std::min(text_.find_first_of("\"\\"), text_.size());
-      string.append(take(plain));
+      string.append(takeUntil([](char c) { return c == '"' || c == '\\'; }));
       if (accept("\"")) return string;
       string += escaped();
     }

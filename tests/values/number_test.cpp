@@ -222,6 +222,20 @@ TEST(CurrencyValue, WritesPlainTexts) {
   EXPECT_EQ(Currency::fromTicks(12505000).toFixed4(), "1250.5000");
 }
 
+TEST(CurrencyTexts, WithFourDecimalsAreReadBackAndNoOthers) {
+  for (const std::int64_t ticks : {std::int64_t{0}, std::int64_t{1}, std::int64_t{-12},
+                                   std::int64_t{12'505'000}, INT64_MAX, INT64_MIN}) {
+    const Currency amount = Currency::fromTicks(ticks);
+    EXPECT_EQ(Currency::tryFromFixed4(amount.toFixed4()), amount) << ticks;
+  }
+  for (const char* text :
+       {"", "0", ".0000", "-.0000", "1.000", "1.00000", "1,000.0000", "1.0000 ", " 1.0000",
+        "+1.0000", "1-.0000", "1.00-1", "--1.0000", "1e1.0000", "922337203685477.5808",
+        "-922337203685477.5809", "111111111111111111111.0000"}) {
+    EXPECT_EQ(Currency::tryFromFixed4(text), std::nullopt) << text;
+  }
+}
+
 TEST(CurrencyValue, RefusesASumOutOfRange) {
   const Currency most = Currency::fromTicks(INT64_MAX);
   EXPECT_EQ(errorOf([&] { (void)(most + Currency::fromTicks(1)); }), 6);
