@@ -1,5 +1,6 @@
 #include "host/sqlite/company_contents.h"
 
+#include <sstream>
 #include <utility>
 
 #include "common/trapped.h"
@@ -11,6 +12,9 @@ namespace {
 
 constexpr std::string_view single_user = "single-user";
 constexpr std::string_view multi_user = "multi-user";
+
+/// Of a file that has more, the rest is not looked at.
+constexpr std::size_t most_problems = 20;
 
 std::string describe(const StoredTable& table, std::int64_t index) {
   return "record " + std::to_string(index) + " of table " + table.name();
@@ -40,6 +44,7 @@ std::shared_ptr<StoredTable> CompanyContents::table(std::string_view name) {
   requireOpen();
   const auto found = tables_.find(name);
   if (found != tables_.end()) return found->second;
+  if (tables_.size() >= most_tables) throw RuntimeError::overflow();
   auto table = std::make_shared<StoredTable>(std::string(name), *this);
   return tables_.emplace(name, std::move(table)).first->second;
 }
@@ -59,14 +64,14 @@ void CompanyContents::read() {
   counted_.clear();
   info_waits_ = false;
   std::vector<std::string> problems;
-  Statement integrity = database_->prepare("PRAGMA integrity_check(20)");
-  while (integrity.step()) {
-    if (integrity.text(0) != "ok") problems.emplace_back(integrity.text(0));
+  checkIntegrity(problems);
+  // Where the structure is damaged, so is what would be read by it.
+  if (problems.empty()) {
+    readCompany(problems);
+    readTables(problems);
+    readRecords(problems);
+    compareTables(problems);
   }
-  readCompany(problems);
-  readTables(problems);
-  readRecords(problems);
-  compareTables(problems);
   if (problems.empty()) return;
   const std::string more =
       problems.size() > 1 ? " (and " + std::to_string(problems.size() - 1) + " more)" : "";
@@ -74,6 +79,18 @@ void CompanyContents::read() {
                     database_->path() + " is damaged: " + problems.front() + more +
                         ". Bring back a copy from before.",
                     problems);
+}
+
+void CompanyContents::checkIntegrity(std::vector<std::string>& problems) {
+  Statement integrity =
+      database_->prepare("PRAGMA integrity_check(" + std::to_string(most_problems) + ")");
+  while (integrity.step()) {
+    // A row may have many lines, headed by the name of the database.
+    std::istringstream lines{std::string(integrity.text(0))};
+    for (std::string line; std::getline(lines, line);) {
+      if (line != "ok" && !line.starts_with("***")) problems.push_back(line);
+    }
+  }
 }
 
 void CompanyContents::readCompany(std::vector<std::string>& problems) {
@@ -96,10 +113,11 @@ void CompanyContents::readCompany(std::vector<std::string>& problems) {
 
 void CompanyContents::readTables(std::vector<std::string>& problems) {
   Statement row = database_->prepare("SELECT id, name, records, tally FROM data_table ORDER BY id");
-  while (row.step()) {
+  while (problems.size() < most_problems && row.step()) {
     const std::int64_t id = row.integer(0);
     const std::string name(row.text(1));
-    if (id < 1 || name.empty() || (tables_.contains(name) && tables_[name]->id() != 0)) {
+    if (id < 1 || id > most_tables || name.empty() ||
+        (tables_.contains(name) && tables_[name]->id() != 0)) {
       problems.push_back("the data table " + std::to_string(id) + " has no name of its own");
       continue;
     }
@@ -112,7 +130,7 @@ void CompanyContents::readTables(std::vector<std::string>& problems) {
 
 void CompanyContents::readRecords(std::vector<std::string>& problems) {
   Statement row = database_->prepare("SELECT id, fields, digest FROM record ORDER BY id");
-  while (row.step()) {
+  while (problems.size() < most_problems && row.step()) {
     const std::int64_t id = row.integer(0);
     const std::int64_t index = id % records_per_table;
     const auto table = by_id_.find(id / records_per_table);
@@ -241,7 +259,7 @@ void CompanyContents::recover(const FileTrouble& trouble) {
 }
 
 void writeNewCompany(Database& database, const CompanyInfo& info) {
-  database.execute("PRAGMA page_size = 8192");
+  database.execute("PRAGMA page_size = " + std::to_string(company_page_size));
   database.execute("BEGIN IMMEDIATE");
   createSchema(database);
   Statement put = database.prepare(

@@ -44,6 +44,7 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   using Tables = std::map<std::string, std::shared_ptr<StoredTable>, std::less<>>;
 
   void read();
+  void checkIntegrity(std::vector<std::string>& problems);
   void readCompany(std::vector<std::string>& problems);
   void readTables(std::vector<std::string>& problems);
   void readRecords(std::vector<std::string>& problems);

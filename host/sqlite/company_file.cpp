@@ -11,6 +11,7 @@
 
 #include "host/sqlite/company_contents.h"
 #include "host/sqlite/company_path.h"
+#include "host/sqlite/company_schema.h"
 #include "host/sqlite/database.h"
 
 namespace depcalc {
@@ -32,7 +33,7 @@ SqliteCompanyFile::Opened asAnswer(Opening opening) {
 /// against writers only.
 void lock(Database& database) {
   database.execute("PRAGMA locking_mode = EXCLUSIVE");
-  const bool locked = database.readOnly() ? database.tryExecute("SELECT 1 FROM sqlite_schema")
+  const bool locked = database.readOnly() ? database.tryExecute("PRAGMA user_version")
                                           : database.tryExecute("BEGIN EXCLUSIVE; COMMIT");
   if (locked) return;
   throw FileTrouble(Kind::locked, database.path() + " is in use" + lockHolder(database.path()) +
@@ -50,12 +51,14 @@ void setDurability(Database& database) {
 
 Database openLocked(const std::string& path, const SqliteCompanyFile::Options& options) {
   requireCompanyHeader(path, options.vfs);
+  requirePlainNeighbours(path);
   if (options.writable) requireWritableDirectory(path);
   Database database(path, Database::Access::read_write, options.vfs);
   if (options.writable && database.readOnly()) {
     throw FileTrouble(Kind::read_only, path + " cannot be written. Its permissions must allow it.");
   }
   lock(database);
+  requireSmallSchema(database);
   setDurability(database);
   return database;
 }

@@ -146,6 +146,16 @@ void requireCompanyHeader(const std::string& path, const std::string& vfs) {
   }
 }
 
+void requirePlainNeighbours(const std::string& path) {
+  for (const char* ending : {"-journal", "-wal"}) {
+    std::error_code error;
+    const fs::file_status status = fs::symlink_status(path + ending, error);
+    if (!fs::exists(status) || fs::is_regular_file(status)) continue;
+    throw FileTrouble(Kind::failed, path + " cannot be opened: " + path + ending +
+                                        " beside it is not a file. Take that away.");
+  }
+}
+
 void requireWritableDirectory(const std::string& path) {
   const std::string directory = fs::path(path).parent_path().string();
   if (::access(directory.c_str(), W_OK) == 0) return;

@@ -24,6 +24,10 @@ std::string resolvedNewPath(const std::string& path);
 /// on the file.
 void requireCompanyHeader(const std::string& path, const std::string& vfs);
 
+/// Throws a FileTrouble when what bears the name of the file's journal is no file. Opening a pipe
+/// there would wait for ever.
+void requirePlainNeighbours(const std::string& path);
+
 /// Throws a FileTrouble unless files can be made beside `path`, as saving needs.
 void requireWritableDirectory(const std::string& path);
 

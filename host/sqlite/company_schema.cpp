@@ -50,6 +50,16 @@ void createSchema(Database& database) {
   for (const SchemaTable& table : schema) database.execute(std::string(table.sql));
 }
 
+void requireSmallSchema(Database& database) {
+  // Where SQLite's file format has the size of pages and the kind of the first one.
+  const std::string page = database.beginning(101);
+  const int size =
+      static_cast<unsigned char>(page[16]) * 256 + static_cast<unsigned char>(page[17]);
+  constexpr char leaf_of_table = 13;
+  if (size == company_page_size && page[100] == leaf_of_table) return;
+  throw unexpected(database, "its tables are not described in the place for them");
+}
+
 void requireSchema(Database& database) {
   Statement found = database.prepare("SELECT type, name, sql FROM sqlite_schema ORDER BY rowid");
   std::size_t tables = 0;

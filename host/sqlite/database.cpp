@@ -25,6 +25,7 @@ FileTrouble::Kind kindOf(int code, int system_error) {
       return FileTrouble::Kind::read_only;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
+    case SQLITE_TOOBIG:
       return FileTrouble::Kind::damaged;
     default:
       return FileTrouble::Kind::failed;
@@ -77,6 +78,8 @@ void Database::setDefences() {
     check(sqlite3_db_config(handle_.get(), option, on, nullptr));
   }
   sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
+  // What is larger is refused before there is memory for it.
+  sqlite3_limit(handle_.get(), SQLITE_LIMIT_LENGTH, static_cast<int>(most_text_bytes) + 1'024);
   check(sqlite3_busy_timeout(handle_.get(), 0));
   execute("PRAGMA cell_size_check = ON");
   execute("PRAGMA mmap_size = 0");
@@ -90,7 +93,8 @@ void Database::check(int code) const {
 void Database::fail(int code) const {
   const int system_error = handle_ != nullptr ? sqlite3_system_errno(handle_.get()) : 0;
   const FileTrouble::Kind kind = kindOf(code, system_error);
-  std::string why = sqlite3_errstr(code & 0xFF);
+  std::string why = (code & 0xFF) == SQLITE_TOOBIG ? "there is more in it than a company file holds"
+                                                   : sqlite3_errstr(code & 0xFF);
   if (kind == FileTrouble::Kind::failed && system_error != 0) {
     why = std::generic_category().message(system_error);
   }
@@ -125,6 +129,15 @@ Statement Database::prepare(std::string_view sql) {
   return {*this, statement};
 }
 
+std::string Database::beginning(std::size_t size) {
+  sqlite3_file* file = nullptr;
+  check(sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file));
+  std::string bytes(size, '\0');
+  const int code = file->pMethods->xRead(file, bytes.data(), static_cast<int>(size), 0);
+  if (code != SQLITE_IOERR_SHORT_READ) check(code);
+  return bytes;
+}
+
 bool Database::readOnly() const { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
 
 bool Database::inTransaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }
@@ -140,6 +153,11 @@ Statement& Statement::bind(int parameter, std::int64_t value) {
 }
 
 Statement& Statement::bind(int parameter, std::string_view text) {
+  if (text.size() > most_text_bytes) {
+    throw FileTrouble(FileTrouble::Kind::failed, database_->path() +
+                                                     " cannot hold a text of more than " +
+                                                     std::to_string(most_text_bytes) + " bytes.");
+  }
   database_->check(sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(),
                                        SQLITE_STATIC, SQLITE_UTF8));
   return *this;

@@ -15,6 +15,9 @@ namespace depcalc {
 
 class Statement;
 
+/// No text of a company file is longer.
+inline constexpr std::size_t most_text_bytes = 4'194'304;
+
 /// A connection to one database file. Every failure is thrown as a FileTrouble that names it.
 class Database {
  public:
@@ -31,6 +34,10 @@ class Database {
   [[nodiscard]] std::int64_t integer(const std::string& sql);
   [[nodiscard]] std::string text(const std::string& sql);
   [[nodiscard]] Statement prepare(std::string_view sql);
+
+  /// The first `size` bytes of the file as they lie there, zeros behind its end. The file is
+  /// locked and so holds no unfinished transaction.
+  [[nodiscard]] std::string beginning(std::size_t size);
 
   [[nodiscard]] bool readOnly() const;
   /// Whether a transaction is under way.

@@ -7,86 +7,21 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <random>
 
-#include "DepCalc/asset_store.h"
 #include "host/sqlite/digest.h"
 #include "host/sqlite/record_text.h"
 #include "host/unit_of_work.h"
-#include "tests/DepCalc/store_pair.h"
+#include "tests/host/sqlite/company_fixture.h"
 #include "tests/host/sqlite/failing_vfs.h"
-#include "tests/support/temporary_directory.h"
 
 namespace depcalc {
 namespace {
 
 using testing::HasSubstr;
-using testing_support::AssetEntry;
-using testing_support::contentOf;
-using testing_support::describe;
-using testing_support::FailingVfs;
-using testing_support::newAsset;
-using testing_support::TableContent;
-using testing_support::TemporaryDirectory;
+using namespace testing_support;
 using Kind = FileTrouble::Kind;
-using File = std::shared_ptr<SqliteCompanyFile>;
-
-SqliteCompanyFile::Options options(std::string vfs = "", bool writable = true) {
-  return {.today = [] { return Date::carrying(2024, 6, 1); },
-          .writable = writable,
-          .vfs = std::move(vfs)};
-}
-
-File openOf(const SqliteCompanyFile::Opened& answer) {
-  const auto* trouble = std::get_if<FileTrouble>(&answer);
-  EXPECT_EQ(trouble, nullptr) << (trouble != nullptr ? trouble->description() : "");
-  return trouble == nullptr ? std::get<File>(answer) : nullptr;
-}
-
-std::optional<FileTrouble> troubleOf(const SqliteCompanyFile::Opened& answer) {
-  const auto* trouble = std::get_if<FileTrouble>(&answer);
-  return trouble != nullptr ? std::optional(*trouble) : std::nullopt;
-}
-
-std::string bytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void writeBytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
-class CompanyFile : public testing::Test {
- protected:
-  File create() { return openOf(SqliteCompanyFile::create(path_, {.name = "Acme"}, options())); }
-
-  /// Saves new assets through the store; answers what it reported.
-  static std::vector<std::string> save(const File& file, int assets, double life = 5) {
-    std::vector<std::string> reports;
-    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
-    StoreState state;
-    state.m_orvcf = file;
-    AssetStore store(state, [] { return Date::carrying(2024, 6, 1); });
-    (void)store.open();
-    for (int i = 0; i < assets; ++i) {
-      state.CurrentRecord = newAsset({.id = "A" + std::to_string(i), .life = life});
-      std::int16_t index = 0;
-      store.WriteData(index);
-    }
-    return reports;
-  }
-
-  TableContent reread() {
-    const File file = openOf(SqliteCompanyFile::open(path_, options()));
-    return file != nullptr ? contentOf(*file) : TableContent();
-  }
-
-  TemporaryDirectory directory_;
-  std::string path_ = directory_.path() + "/acme.company";
-};
 
 TEST(Digest, IsXxh64) {
   // The values that the algorithm's own tests have.
