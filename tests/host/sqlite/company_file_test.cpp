@@ -143,55 +143,6 @@ TEST_F(CompanyFile, ReadsWhatItMayNotWriteAndSaysSoWhereItShouldWrite) {
 
 // --- A disk that fails ---------------------------------------------------------------------------
 
-TEST_F(CompanyFile, IsBeforeOrAfterASaveWhicheverWriteFails) {
-  using Failure = FailingVfs::Failure;
-  save(create(), 3);
-  const std::string bytes = bytesOf(path_);
-  const TableContent before = reread();
-  save(openOf(SqliteCompanyFile::open(path_, options())), 2);
-  const TableContent after = reread();
-  FailingVfs vfs;
-  for (const bool and_after : {false, true}) {
-    for (const Failure failure : {Failure::disk_full, Failure::io_error}) {
-      bool reached_end = false;
-      for (int n = 1; !reached_end; ++n) {
-        ASSERT_LT(n, 1000);
-        std::filesystem::remove(path_ + "-journal");
-        writeBytes(path_, bytes);
-        File file = openOf(SqliteCompanyFile::open(path_, options(vfs.name())));
-        HostUnitOfWork& unit = *file->unitOfWork();
-        vfs.failAt(n, failure, and_after);
-        unit.begin();
-        const auto reports = save(file, 2);
-        bool failed = false;
-        try {
-          unit.end();
-        } catch (const RuntimeError&) {
-          failed = true;
-        }
-        reached_end = vfs.changes() < n;
-        EXPECT_TRUE(reports.empty()) << "everything happens when the unit ends";
-        const auto trouble = file->takeTrouble();
-        EXPECT_EQ(trouble.has_value(), failed);
-        vfs.failAt(0, failure, false);
-        TableContent shown;
-        try {
-          shown = contentOf(*file);
-        } catch (const RuntimeError&) {
-          EXPECT_TRUE(and_after) << "a disk that failed once can be read again";
-        }
-        file.reset();
-        const TableContent kept = reread();
-        EXPECT_TRUE(failed ? kept == before || kept == after : kept == after)
-            << "change " << n << "\n"
-            << describe(kept);
-        EXPECT_TRUE(shown.empty() || shown == kept) << "change " << n;
-        ASSERT_FALSE(HasFailure()) << "change " << n;
-      }
-    }
-  }
-}
-
 TEST_F(CompanyFile, ReportsASaveThatTheDiskRefusesAndGoesOnAfterwards) {
   FailingVfs vfs;
   save(create(), 1);

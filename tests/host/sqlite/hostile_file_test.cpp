@@ -28,13 +28,21 @@ using namespace testing_support;
 constexpr std::size_t page_size = 8192;
 constexpr const char* read_truly = "";  // no message at all
 
+double ownMegabytes() {
+  std::ifstream file("/proc/self/statm");
+  long all = 0;
+  long resident = 0;
+  file >> all >> resident;
+  return static_cast<double>(resident * ::sysconf(_SC_PAGESIZE)) / 1'048'576;
+}
+
 /// What became of opening a file in a process of its own.
 struct Outcome {
   bool ended = false;    ///< by itself, not by a signal
   bool changed = false;  ///< something else was read than was written
   std::string message;   ///< of a refusal; empty when the file was read
   double seconds = 0;    ///< from outside
-  double megabytes = 0;  ///< most memory at once
+  double megabytes = 0;  ///< most memory at once, beyond what the test itself holds
 };
 
 class HostileCompanyFile : public CompanyFile {
@@ -65,6 +73,7 @@ class HostileCompanyFile : public CompanyFile {
   Outcome openElsewhere() const {
     int ends[2];
     EXPECT_EQ(::pipe(ends), 0);
+    const double own = ownMegabytes();
     const auto began = std::chrono::steady_clock::now();
     const pid_t child = ::fork();
     if (child == 0) {
@@ -85,7 +94,7 @@ class HostileCompanyFile : public CompanyFile {
     outcome.changed = WIFEXITED(status) && WEXITSTATUS(status) == 2;
     outcome.seconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
-    outcome.megabytes = static_cast<double>(used.ru_maxrss) / 1024;
+    outcome.megabytes = static_cast<double>(used.ru_maxrss) / 1024 - own;
     return outcome;
   }
 
