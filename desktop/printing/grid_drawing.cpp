@@ -29,6 +29,11 @@ double placed(int part, double room, double size) { return (room - size) * part 
 int horizontal(CellAlignment alignment) { return static_cast<int>(alignment) / 3; }
 int vertical(CellAlignment alignment) { return static_cast<int>(alignment) % 3; }
 
+bool isAmount(const QString& text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](QChar c) { return c.isDigit() || QStringView(u",.-").contains(c); });
+}
+
 /// Breaks `layout` into lines of `width` and returns their height.
 double layOut(QTextLayout& layout, double width) {
   double height = 0;
@@ -74,8 +79,10 @@ class CellDrawing {
  private:
   void drawBroken(const QRectF& room, CellAlignment alignment, const QString& text) const {
     QTextLayout layout(text);
-    // A smaller size rather than a broken word, a broken word rather than a lost line.
-    double height = layOutFitting(layout, QTextOption::WordWrap, room);
+    // A smaller size rather than a broken word, a broken word rather than a lost line. An amount
+    // must not be broken behind a thousands separator.
+    double height = layOutFitting(
+        layout, isAmount(text) ? QTextOption::ManualWrap : QTextOption::WordWrap, room);
     if (height > room.height() || widestLine(layout) > room.width()) {
       height = layOutFitting(layout, QTextOption::WrapAtWordBoundaryOrAnywhere, room);
     }

@@ -4,6 +4,7 @@
 #include <QDate>
 #include <QMessageBox>
 
+#include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/text_block.h"
 #include "values/runtime_error.h"
 
@@ -49,6 +50,7 @@ BoxAnswer DesktopSite::showBox(const MessageBox& box) {
                     qtButtons(box.buttons), &window_);
   shown.setTextFormat(Qt::PlainText);
   shown.setObjectName(QStringLiteral("CalculatorBox"));
+  tidyBox(shown);
   // A question over an hourglass could not be answered.
   const bool waiting = hourglass_;
   setPointer(Pointer::normal);

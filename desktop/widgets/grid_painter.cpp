@@ -1,6 +1,7 @@
 #include "desktop/widgets/grid_painter.h"
 
 #include <QPainter>
+#include <algorithm>
 #include <array>
 
 #include "desktop/widgets/text_block.h"
@@ -16,6 +17,12 @@ int qtAlignment(CellAlignment alignment) {
   constexpr std::array horizontals = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
   const auto number = static_cast<std::size_t>(alignment);
   return horizontals.at(number / 3) | verticals.at(number % 3);
+}
+
+/// Which must not be broken behind a thousands separator.
+bool isAmount(const QString& text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](QChar c) { return c.isDigit() || QStringView(u",.-").contains(c); });
 }
 
 }  // namespace
@@ -38,23 +45,34 @@ QColor GridPainter::background(int row, int column) const {
   return grid_.bold(row, column) ? colours.caption() : colours.base();
 }
 
-/// A text too high for its cell is drawn smaller, and at last from its beginning.
+/// A text too large for its cell is drawn smaller, then with words broken, and at last from its
+/// beginning.
 void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int column) const {
   const QString text = qtText(grid_.text(row, column));
   if (text.isEmpty()) return;
   const int margin = std::max(2, surface_.scale().pixels(margin_twips));
   const QRect room = cell.adjusted(margin, 1, -margin, -1);
-  int flags = qtAlignment(grid_.alignment(row, column)) | Qt::TextWordWrap;
+  const int alignment = qtAlignment(grid_.alignment(row, column));
+  const int wrap = isAmount(text) ? Qt::TextSingleLine : Qt::TextWordWrap;
   painter.save();
   painter.setClipRect(cell);
   painter.setPen(surface_.colours().text());
-  for (const double part : {1.0, 0.87, 0.75}) {
-    painter.setFont(qtFont({cell_points * part, grid_.bold(row, column)}, surface_.scale()));
-    const int height = painter.boundingRect(room, flags, text).height();
-    if (height <= room.height()) break;
-    if (part < 0.8) flags = (flags & ~Qt::AlignVertical_Mask) | Qt::AlignTop;
+  const auto fits = [&](int flags) {
+    for (const double part : {1.0, 0.93, 0.87, 0.8, 0.75}) {
+      painter.setFont(qtFont({cell_points * part, grid_.bold(row, column)}, surface_.scale()));
+      const QSize needed = painter.boundingRect(room, flags, text).size();
+      if (needed.height() <= room.height() && needed.width() <= room.width()) return true;
+    }
+    return false;
+  };
+  if (fits(alignment | wrap)) {
+    painter.drawText(room, alignment | wrap, text);
+  } else {
+    const int broken = alignment | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    const bool whole = fits(broken);
+    painter.drawText(room, whole ? broken : (broken & ~Qt::AlignVertical_Mask) | Qt::AlignTop,
+                     text);
   }
-  painter.drawText(room, flags, text);
   painter.restore();
 }
 

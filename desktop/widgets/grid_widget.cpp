@@ -35,6 +35,18 @@ void prepareHeader(QHeaderView& header) {
   header.setSectionResizeMode(QHeaderView::Fixed);
 }
 
+/// What the parents of `widget` leave of it, whatever lies over it.
+QRect partInSight(const QWidget& widget) {
+  QRect seen = widget.rect();
+  QPoint corner;
+  for (const QWidget* at = &widget; !at->isWindow() && at->parentWidget() != nullptr;
+       at = at->parentWidget()) {
+    corner += at->pos();
+    seen &= at->parentWidget()->rect().translated(-corner);
+  }
+  return seen;
+}
+
 }  // namespace
 
 GridWidget::GridWidget(Grid& grid, Surface& surface, QWidget* parent)
@@ -55,6 +67,13 @@ GridWidget::GridWidget(Grid& grid, Surface& surface, QWidget* parent)
   setAutoScroll(false);
   setItemDelegate(new GridPainter(grid, surface, this));
   setModel(&table_);
+  // The corner lies over both others.
+  for (const auto part :
+       {CaptionStrip::Part::column, CaptionStrip::Part::row, CaptionStrip::Part::corner}) {
+    captions_ << new CaptionStrip(part, *this);
+    connect(captions_.back(), &CaptionStrip::clicked, this, &GridWidget::clickCell);
+  }
+  connect(&surface, &Surface::scrolled, this, &GridWidget::keepCaptionsInSight);
   apply(Aspect::colours);
   showStructure();
 }
@@ -70,6 +89,7 @@ void GridWidget::apply(Aspect aspect) {
       break;
     case Aspect::cells:
       viewport()->update();
+      for (CaptionStrip* strip : captions_) strip->update();
       break;
     case Aspect::current:
       showCurrent();
@@ -117,6 +137,14 @@ void GridWidget::showScrollBars() {
 void GridWidget::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   showScrollBars();
+  keepCaptionsInSight();
+}
+
+/// Where the whole of the grid is larger than the page; one of only a few cells has no captions.
+void GridWidget::keepCaptionsInSight() {
+  if (grid_.rows() < 2 || grid_.columns() < 2) return;
+  const QRect seen = partInSight(*viewport());
+  for (CaptionStrip* strip : captions_) strip->follow(seen);
 }
 
 void GridWidget::repaintColumn(int column) {
@@ -133,7 +161,10 @@ void GridWidget::showCurrent() {
   selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   if (!hasFocus()) return;
   scrollTo(current);
-  emit binding_.surface().attention(viewport(), visualRect(current));
+  // In sight and not below the captions.
+  const int left = current.column() > 0 ? columnWidth(0) : 0;
+  const int top = current.row() > 0 ? rowHeight(0) : 0;
+  emit binding_.surface().attention(viewport(), visualRect(current).adjusted(-left, -top, 0, 0));
 }
 
 void GridWidget::clickCell(int row, int column) {

@@ -3,13 +3,15 @@
 
 #include <QTableView>
 
+#include "desktop/widgets/caption_strip.h"
 #include "desktop/widgets/control_binding.h"
 #include "desktop/widgets/grid_table.h"
 
 namespace depcalc::desktop {
 
 /// Only cells that are to be seen are read and drawn. The column of the current cell is marked,
-/// unless it is the first, which holds captions.
+/// unless it is the first, which holds captions. Captions that the page has scrolled away lie over
+/// the cells at the edge.
 class GridWidget : public QTableView {
   Q_OBJECT
 
@@ -35,10 +37,12 @@ class GridWidget : public QTableView {
   void showScrollBars();
   void clickCell(int row, int column);
   void repaintColumn(int column);
+  void keepCaptionsInSight();
 
   Grid& grid_;
   GridTable table_;
   int shown_column_ = 0;
+  QVector<CaptionStrip*> captions_;
   InputBinding binding_;
 };
 

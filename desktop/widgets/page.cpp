@@ -86,6 +86,21 @@ void Page::keyPressEvent(QKeyEvent* event) {
   QScrollArea::keyPressEvent(event);
 }
 
+/// Among the calculator's controls the model moves the focus.
+bool Page::focusNextPrevChild(bool next) {
+  return surface_ == nullptr && QScrollArea::focusNextPrevChild(next);
+}
+
+void Page::scrollContentsBy(int right, int down) {
+  QScrollArea::scrollContentsBy(right, down);
+  if (surface_ != nullptr) emit surface_->scrolled();
+}
+
+void Page::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  if (surface_ != nullptr) emit surface_->scrolled();
+}
+
 void Page::showEvent(QShowEvent* event) {
   QScrollArea::showEvent(event);
   if (surface_ == nullptr || !event->spontaneous()) return;

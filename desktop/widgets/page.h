@@ -25,7 +25,9 @@ class Page : public QScrollArea {
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  bool focusNextPrevChild(bool) override { return false; }
+  void scrollContentsBy(int right, int down) override;
+  void resizeEvent(QResizeEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void reveal(QWidget* widget, const QRect& part);

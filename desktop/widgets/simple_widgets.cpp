@@ -12,7 +12,26 @@ namespace {
 
 constexpr double corner_twips = 75;  // twips
 
+constexpr float faint = 0.2F;  // of the usual opacity
+
 bool isTab(const Label& label) { return label.backColour() != window_background; }
+
+/// Whether the frame of a page lies within that of the whole screen. The outer one is then a faint
+/// line, or the two would stand side by side.
+bool surroundsPage(const Shape& shape) {
+  const std::vector<Control*>& siblings = shape.parent()->children();
+  return !shape.rounded() &&
+         std::any_of(siblings.begin(), siblings.end(), [](const Control* sibling) {
+           return sibling->kind() == ControlKind::shape &&
+                  static_cast<const Shape*>(sibling)->rounded();
+         });
+}
+
+/// Blanks around a text of one line make room for nothing here.
+QString shownText(const Label& label) {
+  const QString text = qtText(label.text());
+  return label.wordWrap() ? text : text.trimmed();
+}
 
 QPainterPath tabOutline(const QRectF& area, double corner) {
   QPainterPath path(area.bottomLeft());
@@ -48,7 +67,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
                      colours.of(label_.backColour()));
   }
   painter.setPen(colours.of(label_.foreColour()));
-  const QString text = qtText(label_.text());
+  const QString text = shownText(label_);
   const TextBlock block(text, label_.font(), binding_.scale(),
                         label_.wordWrap() ? label_.width() : 0);
   QRectF area = rect();
@@ -74,8 +93,11 @@ ShapeWidget::ShapeWidget(Shape& shape, Surface& surface, QWidget* parent)
 void ShapeWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const double line = std::max(1.0, binding_.scale().zoom() / 100.0) * 1.5;
-  painter.setPen(QPen(binding_.colours().of(shape_.foreColour()), line));
+  const bool outer = surroundsPage(shape_);
+  const double line = std::max(1.0, binding_.scale().zoom() / 100.0) * (outer ? 1.0 : 1.5);
+  QColor border = binding_.colours().of(shape_.foreColour());
+  if (outer) border.setAlphaF(faint);
+  painter.setPen(QPen(border, line));
   painter.setBrush(binding_.colours().of(shape_.backColour()));
   const double inset = line / 2;
   const QRectF area = QRectF(rect()).adjusted(inset, inset, -inset, -inset);

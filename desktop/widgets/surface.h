@@ -51,6 +51,8 @@ class Surface : public QObject {
   void restyled();
   /// The user did something, and what followed is over.
   void acted();
+  /// Other parts of the controls are to be seen now.
+  void scrolled();
   /// This part of a control should be where the user can see it.
   void attention(QWidget* widget, const QRect& part);
 

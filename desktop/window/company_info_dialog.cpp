@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 
+#include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/text_block.h"
 #include "values/locale.h"
 
@@ -22,6 +23,7 @@ CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  dropButtonIcons(*this);
   auto* const form = new QFormLayout(this);
   form->addRow(tr("&Name:"), name_);
   form->addRow(tr("First &month of the fiscal year:"), month_);

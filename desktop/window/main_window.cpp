@@ -8,6 +8,7 @@
 #include <QStatusBar>
 
 #include "desktop/widgets/text_block.h"
+#include "desktop/window/start_page.h"
 #include "host/unit_of_work.h"
 #include "values/locale.h"
 
@@ -41,6 +42,7 @@ MainWindow::MainWindow(Surroundings surroundings)
       figures_label_(new QLabel(this)) {
   setObjectName(QStringLiteral("MainWindow"));
   setCentralWidget(page_);
+  company_label_->setIndent(fontMetrics().averageCharWidth() / 2);
   statusBar()->addWidget(company_label_);
   statusBar()->addPermanentWidget(note_label_);
   statusBar()->addPermanentWidget(figures_label_);
@@ -213,20 +215,17 @@ void MainWindow::noteFailure(std::string_view report) {
 
 void MainWindow::showPlaceholder() {
   if (calculator_ != nullptr) return;
+  const bool multi_user = company() != nullptr && application_->CompanyFile()->IsMultiUser();
   QString text = tr("Open a company file, then select the Depreciation Calculator.");
   if (company() != nullptr) {
-    text = application_->CompanyFile()->IsMultiUser()
-               ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
-                    "single-user mode.")
-                     .arg(companyTitle())
-               : tr("%1 is open.").arg(companyTitle());
+    text = multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
+                           "single-user mode.")
+                            .arg(companyTitle())
+                      : tr("%1 is open.").arg(companyTitle());
   }
-  auto* const label = new QLabel(text);
-  label->setObjectName(QStringLiteral("Placeholder"));
-  label->setAlignment(Qt::AlignCenter);
-  label->setWordWrap(true);
-  label->setMargin(fontMetrics().height() * 2);
-  page_->showPlaceholder(label);
+  page_->showPlaceholder(company() == nullptr ? new StartPage(text, {new_company_, open_company_})
+                         : multi_user         ? new StartPage(text, {to_single_user_})
+                                              : new StartPage(text, {}));
 }
 
 void MainWindow::showStatus() {

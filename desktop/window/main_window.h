@@ -110,6 +110,8 @@ class MainWindow : public QMainWindow {
   QLabel* figures_label_;
   QMenu* recent_menu_ = nullptr;
   QActionGroup* zoom_actions_ = nullptr;
+  QAction* new_company_ = nullptr;
+  QAction* open_company_ = nullptr;
   QAction* to_multi_user_ = nullptr;
   QAction* to_single_user_ = nullptr;
   QList<QAction*> company_actions_;     ///< need an open company

@@ -2,6 +2,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 
+#include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/company_info_dialog.h"
 #include "desktop/window/main_window.h"
@@ -23,6 +24,7 @@ QString filter() {
 void MainWindow::tell(const QString& text) {
   QMessageBox box(QMessageBox::Warning, tr("Depreciation Calculator"), text, QMessageBox::Ok, this);
   box.setTextFormat(Qt::PlainText);
+  tidyBox(box);
   box.exec();
 }
 
@@ -60,11 +62,14 @@ void MainWindow::askBackup() {
 }
 
 void MainWindow::showAbout() {
-  QMessageBox::about(this, tr("About"),
-                     tr("<h3>Depreciation Calculator %1</h3><p>Keeps a register of a business's "
-                        "assets, compares four methods of depreciation side by side and prints "
-                        "the schedule.</p>")
-                         .arg(QApplication::applicationVersion()));
+  QMessageBox box(QMessageBox::NoIcon, tr("About"),
+                  tr("<h3>Depreciation Calculator %1</h3><p>Keeps a register of a business's "
+                     "assets, compares four methods of depreciation side by side and prints the "
+                     "schedule.</p>")
+                      .arg(QApplication::applicationVersion()),
+                  QMessageBox::Ok, this);
+  tidyBox(box);
+  box.exec();
 }
 
 /// Where no calculator could show a topic, a box does.
@@ -79,6 +84,7 @@ void MainWindow::showHelpTopic(int link) {
   QMessageBox box(QMessageBox::NoIcon, qtText(topic->title), qtText(topic->body), QMessageBox::Ok,
                   this);
   box.setTextFormat(Qt::PlainText);
+  tidyBox(box);
   box.exec();
 }
 

@@ -42,8 +42,10 @@ QAction* MainWindow::addAction(QMenu& menu, const QString& text, const QKeySeque
 
 void MainWindow::makeFileMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("&File"));
-  addAction(menu, tr("&New Company…"), QKeySequence::New, &MainWindow::askNewCompany);
-  addAction(menu, tr("&Open Company…"), QKeySequence::Open, &MainWindow::askOpenCompany);
+  new_company_ =
+      addAction(menu, tr("&New Company…"), QKeySequence::New, &MainWindow::askNewCompany);
+  open_company_ =
+      addAction(menu, tr("&Open Company…"), QKeySequence::Open, &MainWindow::askOpenCompany);
   recent_menu_ = menu.addMenu(tr("&Recent Companies"));
   connect(recent_menu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
   company_actions_ << addAction(menu, tr("&Close Company"), QKeySequence::Close,

@@ -73,6 +73,7 @@ void showPrintPreview(const std::function<void(Printer&)>& job, QWidget* window)
   setMargins(device);
   QPrintPreviewDialog dialog(&device, window);
   dialog.setObjectName(QStringLiteral("PrintPreview"));
+  dialog.resize(window->size());
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, window,
                    [&job](QPrinter* preview) {
                      PagePrinter printer(*preview);

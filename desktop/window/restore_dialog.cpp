@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/widgets/dialog_looks.h"
+
 namespace depcalc::desktop {
 
 RestoreDialog::RestoreDialog(QVector<Backup> backups, QWidget* parent)
@@ -29,6 +31,7 @@ RestoreDialog::RestoreDialog(QVector<Backup> backups, QWidget* parent)
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
+  dropButtonIcons(*this);
   auto* const layout = new QVBoxLayout(this);
   for (QWidget* part : std::initializer_list<QWidget*>{question, list_, note, buttons}) {
     layout->addWidget(part);

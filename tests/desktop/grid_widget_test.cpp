@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include "desktop/widgets/caption_strip.h"
 #include "tests/desktop/page_fixture.h"
 
 namespace depcalc::testing {
@@ -86,6 +87,67 @@ TEST_F(GridWidgetTest, MarksTheColumnOfTheCurrentCell) {
   EXPECT_EQ(drawn.pixelColor(cell.center()), surface.colours().selection());
   const QRect other = view().visualRect(view().model()->index(1, 1));
   EXPECT_EQ(drawn.pixelColor(other.center()), surface.colours().base());
+}
+
+/// Rows of pixels between the first and the last that is not of the background.
+int inkHeight(const QImage& cell) {
+  int first = cell.height();
+  int last = -1;
+  for (int y = 0; y < cell.height(); ++y) {
+    for (int x = 0; x < cell.width(); ++x) {
+      if (cell.pixelColor(x, y).lightness() > 128) continue;
+      first = std::min(first, y);
+      last = y;
+    }
+  }
+  return last - first + 1;
+}
+
+TEST_F(GridWidgetTest, AnAmountIsDrawnSmallerRatherThanBroken) {
+  for (const char* text : {"77,777.37", "1,077,777.37", "-1,077,777.37"}) {
+    screen.Table.setText(1, 1, text);
+    const QRect cell = view().visualRect(view().model()->index(1, 1)).adjusted(2, 2, -2, -2);
+    const QImage drawn = view().viewport()->grab(cell).toImage();
+    EXPECT_GT(inkHeight(drawn), 4) << text;
+    EXPECT_LT(inkHeight(drawn), 13) << text << " in two lines";
+  }
+}
+
+TEST_F(GridWidgetTest, CaptionsStayInSightWhileThePageScrolls) {
+  constexpr int columns = 40;
+  screen.Table.setRows(60);
+  screen.Table.setColumns(columns);
+  for (int row = 0; row < 60; ++row) screen.Table.setBold(row, 0, true);
+  const int width = columns * screen.Table.columnWidth(1) + 60;
+  const int height = 60 * screen.Table.rowHeight(1) + 45;
+  screen.Table.setPlace({0, 0, width, height});
+  screen.setPlace({0, 0, width, height});
+  root.setPlace({0, 0, width, height});
+  QApplication::processEvents();
+  const auto shown = [this] {
+    int count = 0;
+    for (const QWidget* strip : view().findChildren<desktop::CaptionStrip*>()) {
+      count += strip->isVisible() ? 1 : 0;
+    }
+    return count;
+  };
+  EXPECT_EQ(shown(), 0);
+  screen.Table.SetFocus();
+  key(Qt::Key_End);
+  for (int i = 0; i < 50; ++i) key(Qt::Key_Down);
+  ASSERT_EQ(std::pair(screen.Table.row(), screen.Table.column()), std::pair(50, columns - 1));
+  EXPECT_EQ(shown(), 3);
+  const QImage drawn = page.viewport()->grab().toImage();
+  EXPECT_EQ(drawn.pixelColor(8, drawn.height() / 2), surface.colours().caption());
+  const QPoint left_edge(8, page.viewport()->height() / 2);
+  QWidget* const strip = page.viewport()->childAt(left_edge);
+  ASSERT_NE(qobject_cast<desktop::CaptionStrip*>(strip), nullptr);
+  screen.said.clear();
+  QTest::mouseClick(strip, Qt::LeftButton, Qt::NoModifier,
+                    strip->mapFrom(page.viewport(), left_edge));
+  EXPECT_EQ(screen.Table.column(), 0);
+  EXPECT_GT(screen.Table.row(), 30);
+  EXPECT_THAT(screen.said, ElementsAre("cell"));
 }
 
 TEST_F(GridWidgetTest, AFullRegisterScrollsInMilliseconds) {

@@ -26,6 +26,23 @@ TEST_F(Window, WithoutACompanyTheCalculatorSaysWhatIsMissing) {
   EXPECT_FALSE(action("Print…").isEnabled());
 }
 
+TEST_F(Window, TheEmptyPageLeadsOnByKeyboard) {
+  newCompany();
+  window.closeCompany();
+  QFile file(path());
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  boxes.file = path();
+  const auto buttons = window.page().findChildren<QPushButton*>();
+  ASSERT_EQ(buttons.size(), 2);
+  buttons[0]->setFocus();
+  key(Qt::Key_Tab);
+  EXPECT_EQ(QApplication::focusWidget(), buttons[1]);
+  EXPECT_EQ(buttons[1]->text(), "&Open Company…");
+  key(Qt::Key_Return);
+  QTRY_VERIFY(window.company() != nullptr);
+  EXPECT_NE(window.calculator(), nullptr);
+}
+
 TEST_F(Window, IsPaintedBeforeACompanyIsOpened) {
   newCompany();
   window.closeCompany();

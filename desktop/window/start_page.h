@@ -1,0 +1,19 @@
+// What the window's page shows while no calculator does.
+#pragma once
+
+#include <QWidget>
+#include <initializer_list>
+
+class QAction;
+
+namespace depcalc::desktop {
+
+/// A line of text with a button for each action that leads on.
+class StartPage : public QWidget {
+  Q_OBJECT
+
+ public:
+  StartPage(const QString& text, std::initializer_list<QAction*> actions);
+};
+
+}  // namespace depcalc::desktop
