@@ -19,6 +19,15 @@ std::optional<AssetColumn> columnNamed(std::string_view name, HeaderRules rules)
   return std::nullopt;
 }
 
+std::string unknownColumnMessage(HeaderRules rules) {
+  std::string message = "There is no column of this name;";
+  for (const std::string_view name : asset_column_names) {
+    if (columnNamed(name, rules)) message.append(" ").append(name).append(",");
+  }
+  message.back() = ' ';
+  return message + "are known, and --ignore-unknown skips the others.";
+}
+
 RowProblem headerProblem(const CsvField& field, std::string message) {
   return {field.place.line, "column " + std::to_string(field.place.column), std::move(message),
           std::string(field.text)};
@@ -34,18 +43,20 @@ AssetColumns AssetColumns::fromHeader(std::span<const CsvField> header, HeaderRu
     const auto column = columnNamed(trimmed(header[i].text), rules);
     if (!column) {
       if (!rules.ignore_unknown) {
-        problems.push_back(headerProblem(header[i], "There is no column of this name."));
+        problems.push_back(headerProblem(header[i], unknownColumnMessage(rules)));
       }
       continue;
     }
     auto& index = columns.index_[static_cast<std::size_t>(*column)];
-    if (index) problems.push_back(headerProblem(header[i], "The column appears twice."));
+    if (index)
+      problems.push_back(headerProblem(header[i], "The column appears twice; please leave one."));
     index = i;
   }
   for (const AssetColumn column : required_columns) {
     if (columns.index_[static_cast<std::size_t>(column)]) continue;
     problems.push_back({header.front().place.line, std::string(nameOf(column)),
-                        "The column is required and missing.", std::nullopt});
+                        "The column is required and missing; please name it in the first row.",
+                        std::nullopt});
   }
   return columns;
 }

@@ -50,11 +50,16 @@ void AssetReader::addCsvProblem() {
                        problem.message, std::nullopt});
 }
 
+/// At the first field too many, or at the last where some are missing.
 void AssetReader::addWidthProblem() {
   const auto& record = csv_.record();
-  problems_.push_back({record.front().place.line, "column 1",
+  const bool too_many = record.size() > columns_.width();
+  const CsvPlace place = record[too_many ? columns_.width() : record.size() - 1].place;
+  problems_.push_back({place.line, "column " + std::to_string(place.column),
                        "The row has " + std::to_string(record.size()) +
-                           " fields where the header has " + std::to_string(columns_.width()) + ".",
+                           " fields where the header has " + std::to_string(columns_.width()) +
+                           (too_many ? "; please put a field with commas between quotes."
+                                     : "; an empty field needs its comma, too."),
                        std::nullopt});
 }
 

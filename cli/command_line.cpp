@@ -111,8 +111,12 @@ std::vector<std::unique_ptr<Command>> allCommands() {
 
 int runCommandLine(int argc, const char* const* argv, Surroundings& surroundings) {
   ExitStatus status = runArguments(argc, argv, surroundings);
-  if (!surroundings.out.finish()) {
-    surroundings.errors.write("depcalc: standard output: " + surroundings.out.failure() + '\n');
+  Output& out = surroundings.out;
+  if (!out.finish()) {
+    // Who has closed the pipe knows, as in `depcalc list FILE | head`.
+    if (!out.unwanted()) {
+      surroundings.errors.write("depcalc: standard output: " + out.failure() + '\n');
+    }
     status = exit_system;
   }
   surroundings.errors.flush();

@@ -8,6 +8,9 @@
 namespace depcalc {
 namespace {
 
+using namespace std::string_view_literals;
+
+constexpr std::string_view not_utf8 = "The text is not UTF-8; please save it as UTF-8.";
 constexpr std::size_t buffer_size = 65'536;
 constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 
@@ -19,13 +22,31 @@ constexpr std::array<bool, 256> plainBytes() {
 }
 constexpr std::array<bool, 256> is_plain = plainBytes();
 
+struct EncodingMark {
+  std::string_view mark;
+  std::string_view encoding;
+};
+
+/// The byte order marks of other encodings, a longer one before its own beginning.
+constexpr std::array<EncodingMark, 13> foreign_marks{{{"\xFF\xFE\0\0"sv, "UTF-32"},
+                                                      {"\0\0\xFE\xFF"sv, "UTF-32"},
+                                                      {"\xFF\xFE", "UTF-16"},
+                                                      {"\xFE\xFF", "UTF-16"},
+                                                      {"+/v8", "UTF-7"},
+                                                      {"+/v9", "UTF-7"},
+                                                      {"+/v+", "UTF-7"},
+                                                      {"+/v/", "UTF-7"},
+                                                      {"\xF7\x64\x4C", "UTF-1"},
+                                                      {"\xDD\x73\x66\x73", "UTF-EBCDIC"},
+                                                      {"\x0E\xFE\xFF", "SCSU"},
+                                                      {"\xFB\xEE\x28", "BOCU-1"},
+                                                      {"\x84\x31\x95\x33", "GB 18030"}}};
+
 /// The name of the encoding that a text with this beginning is in, where it is not UTF-8.
 std::string_view foreignEncoding(std::string_view beginning) {
-  using namespace std::string_view_literals;
-  if (beginning.starts_with("\xFF\xFE\0\0"sv) || beginning.starts_with("\0\0\xFE\xFF"sv)) {
-    return "UTF-32";
+  for (const auto& [mark, encoding] : foreign_marks) {
+    if (beginning.starts_with(mark)) return encoding;
   }
-  if (beginning.starts_with("\xFF\xFE"sv) || beginning.starts_with("\xFE\xFF"sv)) return "UTF-16";
   return {};
 }
 
@@ -63,8 +84,9 @@ int CsvReader::take() {
 
 void CsvReader::checkCharacter(unsigned char byte) {
   if (utf8_.atBoundary()) character_ = place_;
-  if (!utf8_.accepts(byte)) fail(character_, "The text is not UTF-8.");
-  if (byte == 0) fail(place_, "There is a NUL character.");
+  if (!utf8_.accepts(byte)) fail(character_, std::string(not_utf8));
+  if (byte == 0)
+    fail(place_, "There is a NUL character; please save the file as plain text in UTF-8.");
 }
 
 void CsvReader::advancePlace(unsigned char byte) {
@@ -128,7 +150,10 @@ void CsvReader::readPlain() {
     keepPlainRun();
     const int next = peek();
     if (next == ',' || next == '\n' || next == '\r' || next == end_of_text) return;
-    if (next == '"') fail(place_, "There is a quote inside a field that does not begin with one.");
+    if (next == '"')
+      fail(place_,
+           "There is a quote inside a field that does not begin with one; please put the whole "
+           "field between quotes and double those inside.");
     const char byte = static_cast<char>(take());
     keep({&byte, 1});
   }
@@ -140,7 +165,7 @@ void CsvReader::readQuoted() {
   while (true) {
     keepPlainRun();
     const int next = take();
-    if (next == end_of_text) return fail(opened, "The quote opened here is never closed.");
+    if (next == end_of_text) return failOpen(opened);
     if (next == '"' && peek() != '"') break;
     if (next == '"') take();
     const char byte = static_cast<char>(next);
@@ -148,7 +173,9 @@ void CsvReader::readQuoted() {
   }
   const int next = peek();
   if (next != ',' && next != '\n' && next != '\r' && next != end_of_text) {
-    fail(place_, "There is text behind the quote that closes the field.");
+    fail(place_,
+         "There is text behind the quote that closes the field; please double quotes that stand "
+         "inside.");
   }
 }
 
@@ -177,7 +204,7 @@ void CsvReader::keep(std::string_view bytes) {
 bool CsvReader::takeSeparator() {
   const int separator = take();
   if (separator == '\r' && peek() == '\n') take();
-  if (separator == end_of_text && !utf8_.atBoundary()) fail(character_, "The text is not UTF-8.");
+  if (separator == end_of_text && !utf8_.atBoundary()) fail(character_, std::string(not_utf8));
   return separator == ',';
 }
 
@@ -186,6 +213,12 @@ void CsvReader::endRecord() {
     const std::size_t end = i + 1 < fields_.size() ? beginning_[i + 1] : content_.size();
     fields_[i].text = std::string_view(content_).substr(beginning_[i], end - beginning_[i]);
   }
+}
+
+/// That a field without an end is too long as well helps nobody.
+void CsvReader::failOpen(CsvPlace opened) {
+  if (problem_.place == opened) failed_ = false;
+  fail(opened, "The quote opened here is never closed; please end the field with a quote.");
 }
 
 void CsvReader::fail(CsvPlace place, std::string message) {

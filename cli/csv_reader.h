@@ -77,6 +77,7 @@ class CsvReader {
   void keep(std::string_view bytes);
   bool takeSeparator();
   void endRecord();
+  void failOpen(CsvPlace opened);
   void fail(CsvPlace place, std::string message);
 
   ByteSource& source_;

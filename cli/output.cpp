@@ -30,6 +30,7 @@ bool Output::flush() {
     if (count >= 0) {
       rest.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {
+      unwanted_ = errno == EPIPE;
       failure_ = systemErrorText(errno);
     }
   }

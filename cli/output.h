@@ -40,6 +40,8 @@ class Output {
   [[nodiscard]] bool isTerminal() const;
 
   [[nodiscard]] bool failed() const { return !failure_.empty(); }
+  /// Whether it failed because the reader of a pipe has seen enough.
+  [[nodiscard]] bool unwanted() const { return unwanted_; }
   /// The failure in the system's words, for example "No space left on device".
   [[nodiscard]] const std::string& failure() const { return failure_; }
 
@@ -50,6 +52,7 @@ class Output {
   std::size_t used_ = 0;
   std::unique_ptr<char[]> buffer_;
   std::string failure_;
+  bool unwanted_ = false;
 };
 
 }  // namespace depcalc

@@ -132,7 +132,7 @@ SqliteCompanyFile::Opened SqliteCompanyFile::create(const std::string& path,
     requireWritableDirectory(place);
     const TemporaryFile file(place);
     {
-      Database database(file.path(), Database::Access::create, options.vfs);
+      Database database(file.path(), Database::Access::create, options.vfs, place);
       database.execute("PRAGMA synchronous = EXTRA");
       writeNewCompany(database, info);
     }

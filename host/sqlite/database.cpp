@@ -8,10 +8,20 @@
 namespace depcalc {
 namespace {
 
+bool meansNoRoom(int system_error) {
+  return system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG;
+}
+
+/// The system's reason for a failure, 0 where there is none. SQLite does not keep it when a commit
+/// fails; only of a want of room is it certain then that the last error is the one.
+int systemErrorOf(sqlite3* handle, int code) {
+  const int last = errno;
+  const int kept = handle != nullptr ? sqlite3_system_errno(handle) : 0;
+  return kept == 0 && (code & 0xFF) == SQLITE_IOERR && meansNoRoom(last) ? last : kept;
+}
+
 FileTrouble::Kind kindOf(int code, int system_error) {
-  if (system_error == ENOSPC || system_error == EDQUOT || system_error == EFBIG) {
-    return FileTrouble::Kind::disk_full;
-  }
+  if (meansNoRoom(system_error)) return FileTrouble::Kind::disk_full;
   switch (code & 0xFF) {
     case SQLITE_FULL:
       return FileTrouble::Kind::disk_full;
@@ -35,9 +45,8 @@ FileTrouble::Kind kindOf(int code, int system_error) {
 std::string sentence(FileTrouble::Kind kind, const std::string& path, const std::string& why) {
   switch (kind) {
     case FileTrouble::Kind::disk_full:
-      return path +
-             " cannot be written: the disk is full. Nothing was changed; make room and try "
-             "again.";
+      return path + " cannot be written: " + why +
+             ". Nothing was changed; make room and try again.";
     case FileTrouble::Kind::locked:
       return path + " is in use. Close it there and try again.";
     case FileTrouble::Kind::read_only:
@@ -54,8 +63,8 @@ std::string sentence(FileTrouble::Kind kind, const std::string& path, const std:
 
 void Database::Close::operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
 
-Database::Database(std::string path, Access access, const std::string& vfs)
-    : path_(std::move(path)) {
+Database::Database(std::string path, Access access, const std::string& vfs, std::string shown_path)
+    : path_(std::move(path)), shown_path_(shown_path.empty() ? path_ : std::move(shown_path)) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_PRIVATECACHE |
                     SQLITE_OPEN_EXRESCODE | (access == Access::create ? SQLITE_OPEN_CREATE : 0);
   sqlite3* handle = nullptr;
@@ -91,14 +100,17 @@ void Database::check(int code) const {
 }
 
 void Database::fail(int code) const {
-  const int system_error = handle_ != nullptr ? sqlite3_system_errno(handle_.get()) : 0;
+  const int system_error = systemErrorOf(handle_.get(), code);
   const FileTrouble::Kind kind = kindOf(code, system_error);
   std::string why = (code & 0xFF) == SQLITE_TOOBIG ? "there is more in it than a company file holds"
                                                    : sqlite3_errstr(code & 0xFF);
+  if (kind == FileTrouble::Kind::disk_full) {
+    why = system_error == EFBIG ? "it would be larger than a file may be here" : "the disk is full";
+  }
   if (kind == FileTrouble::Kind::failed && system_error != 0) {
     why = std::generic_category().message(system_error);
   }
-  throw FileTrouble(kind, sentence(kind, path_, why), {why});
+  throw FileTrouble(kind, sentence(kind, shown_path_, why), {why});
 }
 
 void Database::execute(const std::string& sql) {

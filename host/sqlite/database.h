@@ -24,8 +24,8 @@ class Database {
   enum class Access { read_write, create };
 
   /// `path` is absolute and free of symbolic links. `vfs` names the file system layer to use,
-  /// "" the usual one.
-  Database(std::string path, Access access, const std::string& vfs);
+  /// "" the usual one; messages call the file `shown_path`, "" its path.
+  Database(std::string path, Access access, const std::string& vfs, std::string shown_path = {});
 
   void execute(const std::string& sql);
   /// The same; false when another connection holds the file.
@@ -59,6 +59,7 @@ class Database {
   void setDefences();
 
   std::string path_;
+  std::string shown_path_;
   std::unique_ptr<sqlite3, Close> handle_;
 };
 

@@ -77,11 +77,16 @@ TEST(CsvReader, ReadsWhatTheFormatAllows) {
   });
 }
 
-constexpr const char* open_quote = "The quote opened here is never closed.";
-constexpr const char* stray_quote = "There is a quote inside a field that does not begin with one.";
-constexpr const char* behind_quote = "There is text behind the quote that closes the field.";
-constexpr const char* not_utf8 = "The text is not UTF-8.";
-constexpr const char* nul = "There is a NUL character.";
+constexpr const char* open_quote =
+    "The quote opened here is never closed; please end the field with a quote.";
+constexpr const char* stray_quote =
+    "There is a quote inside a field that does not begin with one; please put the whole field "
+    "between quotes and double those inside.";
+constexpr const char* behind_quote =
+    "There is text behind the quote that closes the field; please double quotes that stand inside.";
+constexpr const char* not_utf8 = "The text is not UTF-8; please save it as UTF-8.";
+constexpr const char* nul =
+    "There is a NUL character; please save the file as plain text in UTF-8.";
 
 TEST(CsvReader, SaysWhereARecordIsBrokenAndReadsOn) {
   expectRecords({
@@ -123,6 +128,26 @@ TEST(CsvReader, RefusesOtherEncodingsAtTheirMark) {
       {"\xFF\xFE"s, refused("UTF-16")},
       {"\xFF\xFE\0\0a\0\0\0"s, refused("UTF-32")},
       {"\0\0\xFE\xFF\0\0\0a"s, refused("UTF-32")},
+      {"+/v8-id,life", refused("UTF-7")},
+      {"+/v9", refused("UTF-7")},
+      {"+/v+", refused("UTF-7")},
+      {"+/v/", refused("UTF-7")},
+      {"\xF7\x64\x4C,", refused("UTF-1")},
+      {"\xDD\x73\x66\x73,", refused("UTF-EBCDIC")},
+      {"\x0E\xFE\xFF,", refused("SCSU")},
+      {"\xFB\xEE\x28,", refused("BOCU-1")},
+      {"\x84\x31\x95\x33,", refused("GB 18030")},
+  });
+}
+
+TEST(CsvReader, SkipsOneMarkAtTheBeginningAndNoneLater) {
+  const std::string mark = "\xEF\xBB\xBF";
+  expectRecords({
+      {mark + mark + "a", {{mark + "a"}}},
+      {mark + "\r\n" + mark + "a", {{mark + "a"}}},
+      {"a\n\xFF\xFE", {{"a"}, {"!", "2:1", not_utf8}}},
+      {"+/v", {{"+/v"}}},
+      {"\xEF\xBB", {{"!", "1:1", not_utf8}}},
   });
 }
 
@@ -134,6 +159,7 @@ TEST(CsvReader, BoundsWhatARecordMayTake) {
             (Records{{"!", "1:3", "The field is longer than 5 bytes."}, {"1"}}));
   EXPECT_EQ(read("\"123\n56\"\n1"),
             (Records{{"!", "1:1", "The field is longer than 5 bytes."}, {"1"}}));
+  EXPECT_EQ(read("1\n2,\"3456789\n1"), (Records{{"1"}, {"!", "2:3", open_quote}}));
   EXPECT_EQ(read("12345,6789\n1"),
             (Records{{"!", "1:1", "The record is longer than 8 bytes."}, {"1"}}));
   EXPECT_EQ(read(",,,\n1"), (Records{{"", "", "", ""}, {"1"}}));
