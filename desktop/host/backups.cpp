@@ -5,12 +5,14 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QUuid>
 
 namespace depcalc::desktop {
 namespace {
 
 const QString stamp = QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
 const QString suffix = QStringLiteral(".company");
+const QString aside_prefix = QStringLiteral("opening-");
 
 /// Whole, or not at all: a copy that was cut off would look like a backup.
 QString copyFile(const QString& from, const QString& to) {
@@ -26,6 +28,12 @@ QString copyFile(const QString& from, const QString& to) {
   }
   target.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
   return target.commit() ? QString() : target.errorString();
+}
+
+bool sameBytes(const QString& one, const QString& other) {
+  QFile a(one);
+  QFile b(other);
+  return a.open(QIODevice::ReadOnly) && b.open(QIODevice::ReadOnly) && a.readAll() == b.readAll();
 }
 
 /// What is no company file at all is not worth a copy.
@@ -47,24 +55,49 @@ QString Backups::folder(const QString& company_path) const {
   return root_ + u'/' + QFileInfo(path).completeBaseName() + u'-' + QLatin1String(hash.left(12));
 }
 
-QString Backups::asidePath(const QString& company_path) const {
-  return folder(company_path) + QStringLiteral("/opening");
+bool Backups::setAside(const QString& company_path) {
+  const QString place = folder(company_path);
+  if (!isDatabase(company_path) || !QDir().mkpath(place)) return false;
+  const QString aside = place + u'/' + aside_prefix + QUuid::createUuid().toString(QUuid::Id128);
+  if (!copyFile(company_path, aside).isEmpty()) return false;
+  drop(company_path);
+  aside_[place] = aside;
+  return true;
 }
 
-bool Backups::setAside(const QString& company_path) {
-  if (!isDatabase(company_path) || !QDir().mkpath(folder(company_path))) return false;
-  return copyFile(company_path, asidePath(company_path)).isEmpty();
+void Backups::opened(const QString& company_path) {
+  const QString place = folder(company_path);
+  const QString own = aside_.value(place);
+  if (own.isEmpty()) return;
+  for (const QFileInfo& left : QDir(place).entryInfoList({aside_prefix + u'*'}, QDir::Files)) {
+    if (left.absoluteFilePath() == QFileInfo(own).absoluteFilePath()) continue;
+    if (sameBytes(left.absoluteFilePath(), own)) {
+      QFile::remove(left.absoluteFilePath());
+    } else {
+      QFile::rename(left.absoluteFilePath(),
+                    place + u'/' + left.lastModified().toString(stamp) + suffix);
+    }
+  }
+  removeOldest(company_path);
 }
 
 void Backups::keep(const QString& company_path, const QDateTime& now) {
-  const QString aside = asidePath(company_path);
-  if (!QFile::exists(aside)) return;
-  QFile::rename(aside, folder(company_path) + u'/' + now.toString(stamp) + suffix);
+  const QString place = folder(company_path);
+  const QString aside = aside_.take(place);
+  if (aside.isEmpty() || !QFile::exists(aside)) return;
+  QFile::rename(aside, place + u'/' + now.toString(stamp) + suffix);
+  removeOldest(company_path);
+}
+
+void Backups::removeOldest(const QString& company_path) {
   const QVector<Backup> all = of(company_path);
   for (qsizetype i = kept; i < all.size(); ++i) QFile::remove(all[i].path);
 }
 
-void Backups::drop(const QString& company_path) { QFile::remove(asidePath(company_path)); }
+void Backups::drop(const QString& company_path) {
+  const QString aside = aside_.take(folder(company_path));
+  if (!aside.isEmpty()) QFile::remove(aside);
+}
 
 QVector<Backup> Backups::of(const QString& company_path) const {
   const QDir dir(folder(company_path));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -16,7 +17,8 @@ struct Backup {
 /// Keeps the last ten copies of each company file in a folder of its own below `root`.
 ///
 /// A copy is taken while the file is closed and set aside; it counts from the first change of
-/// the opening that follows, and is dropped if none comes.
+/// the opening that follows, and is dropped if none comes. Copies set aside by other programs that
+/// have the company open, or try to, are left alone.
 class Backups {
  public:
   static constexpr int kept = 10;
@@ -25,6 +27,9 @@ class Backups {
 
   /// Sets a copy of `company_path` aside. The file must not be open. Returns whether it could.
   bool setAside(const QString& company_path);
+  /// The file is open, and nobody else can have it open. A copy that a crash left behind becomes a
+  /// backup where the company was changed after it was taken.
+  void opened(const QString& company_path);
   /// The file has been changed: what was set aside is kept as of `now`, the oldest goes.
   void keep(const QString& company_path, const QDateTime& now);
   /// The file was closed as it had been opened.
@@ -38,9 +43,10 @@ class Backups {
 
  private:
   [[nodiscard]] QString folder(const QString& company_path) const;
-  [[nodiscard]] QString asidePath(const QString& company_path) const;
+  void removeOldest(const QString& company_path);
 
   QString root_;
+  QHash<QString, QString> aside_;  ///< of each company's folder
 };
 
 }  // namespace depcalc::desktop

@@ -75,7 +75,9 @@ bool MainWindow::openCompany(const QString& path) {
       around_.files.open(absolute.toStdString())->close();
     }
     copied = around_.backups.setAside(absolute);
-    takeCompany(around_.files.open(absolute.toStdString()), absolute);
+    auto company = around_.files.open(absolute.toStdString());
+    around_.backups.opened(absolute);
+    takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     around_.backups.drop(absolute);
     tell(qtText(error.what()));

@@ -213,6 +213,39 @@ TEST(BackupsTest, KeepTheLastTenOfEachCompany) {
   EXPECT_EQ(read(one), "SQLite format 34");
 }
 
+TEST(BackupsTest, WhatACrashLeavesBehindBecomesABackupWhereItDiffers) {
+  const QTemporaryDir directory;
+  const QString root = directory.filePath("backups");
+  const QString company = directory.filePath("one.company");
+  write(company, "SQLite format 3: before the crash");
+  for (int i = 0; i < 2; ++i) ASSERT_TRUE(desktop::Backups(root).setAside(company));
+  desktop::Backups unchanged(root);
+  ASSERT_TRUE(unchanged.setAside(company));
+  unchanged.opened(company);
+  EXPECT_THAT(unchanged.of(company), IsEmpty());
+  write(company, "SQLite format 3: changed, and then the crash");
+  desktop::Backups next(root);
+  ASSERT_TRUE(next.setAside(company));
+  next.opened(company);
+  ASSERT_EQ(next.of(company).size(), 1);
+  EXPECT_EQ(read(next.of(company).front().path), "SQLite format 3: before the crash");
+}
+
+TEST(BackupsTest, AProgramThatIsRefusedTakesNoBackupFromTheOneThatHoldsTheFile) {
+  const QTemporaryDir directory;
+  const QString company = directory.filePath("one.company");
+  write(company, "SQLite format 3: first");
+  desktop::Backups holder(directory.filePath("backups"));
+  ASSERT_TRUE(holder.setAside(company));
+  holder.opened(company);
+  desktop::Backups refused(directory.filePath("backups"));
+  ASSERT_TRUE(refused.setAside(company));
+  refused.drop(company);
+  holder.keep(company, QDateTime(QDate(2024, 1, 1), QTime(8, 0)));
+  ASSERT_EQ(holder.of(company).size(), 1);
+  EXPECT_EQ(read(holder.of(company).front().path), "SQLite format 3: first");
+}
+
 /// Every object an assistive tool finds below `at`.
 void walk(QAccessibleInterface& at, const QString& path, std::vector<std::string>& nameless) {
   const QString here = path + u'/' + (at.object() ? at.object()->objectName() : QString());
