@@ -42,6 +42,7 @@ class Driver {
 
   /// Questions for which no answer is queued are put to `answer`.
   void answerWith(DriveSite::Answerer answer) { site_.answerWith(std::move(answer)); }
+  void forgetPages() { site_.recorder().forget(); }
   [[nodiscard]] const DepCalcCont& container() const { return container_; }
 
  private:

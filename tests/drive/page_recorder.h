@@ -42,6 +42,7 @@ class PageRecorder : public Printer {
   void newPage() override;
   void endJob() override;
 
+  void forget() { pages_.clear(); }
   void setPrintableSize(int width, int height);
   /// The pages of all jobs ended; a last page on which nothing stands is none.
   [[nodiscard]] const std::vector<Page>& pages() const { return pages_; }

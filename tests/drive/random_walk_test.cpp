@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <sstream>
+#include <vector>
 
 #include "DepCalc/calculator_screens.h"
 #include "common/report_error.h"
@@ -98,6 +99,31 @@ TEST(RandomWalk, KeepsWhatMustAlwaysHold) {
     if (i == 0) kept = testing::liveBytes();
   }
   EXPECT_LE(testing::liveBytes(), kept + 1024) << "a calculator that is gone leaves nothing";
+}
+
+/// One calculator used all day: what it holds on to does not grow. The peaks of the tenths are
+/// compared, for how much is held at one moment depends on what is shown then.
+TEST(RandomWalk, HoldsOnToNoMoreAtTheEndOfALongSession) {
+  const std::size_t actions = std::getenv("DEPCALC_LONG") != nullptr ? 1'000'000 : 20'000;
+  OpenHost host;
+  CalculatorScreens screens;
+  Walker walker(first_seed, host, screens, {Date::strict(2024, 6, 15)});
+  std::vector<std::size_t> peaks;
+  for (int tenth = 0; tenth < 10; ++tenth) {
+    std::size_t peak = 0;
+    for (std::size_t done = 0; done < actions / 10; done += walker.commands()) {
+      walker.forget();
+      const std::string wrong = wrongInOutput(walker.step());
+      ASSERT_EQ(wrong, "") << "tenth " << tenth << ", after\n" << walker.script();
+      peak = std::max(peak, testing::liveBytes());
+    }
+    peaks.push_back(peak);
+  }
+  constexpr std::size_t slack = 128 << 10;  // some assets and years more, not a leak of each action
+  RecordProperty("peaks", ::testing::PrintToString(peaks));
+  EXPECT_LE(*std::max_element(peaks.begin() + 5, peaks.end()),
+            *std::max_element(peaks.begin() + 1, peaks.begin() + 5) + slack)
+      << ::testing::PrintToString(peaks);
 }
 
 TEST(RandomWalk, GoesOnWhenTheHostFailsNowAndThen) {

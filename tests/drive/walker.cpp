@@ -56,6 +56,7 @@ constexpr std::array<std::string_view, 44> texts = {"A1",
 constexpr std::array<std::string_view, 9> keys = {
     "Backspace", "Backspace", "Tab", "Tab", "Shift+Tab", "Left", "Right", "Up", "Down"};
 constexpr int many_columns = 8;
+constexpr int too_many_columns = 24;
 
 }  // namespace
 
@@ -74,6 +75,11 @@ std::string Walker::script() const {
   std::string script;
   for (const std::string& command : commands_) script += command + '\n';
   return script;
+}
+
+void Walker::forget() {
+  commands_.clear();
+  driver_.forgetPages();
 }
 
 BoxAnswer Walker::answer(const MessageBox& box) {
@@ -96,7 +102,7 @@ void Walker::run(const std::string& command) {
 std::string Walker::step() {
   out_.str({});
   const auto shown = shownControls();
-  if (chance(10) && actWithAPlan()) {
+  if (chance(crowded() ? 60 : 10) && actWithAPlan()) {
     // done
   } else if (shown.empty() || below(200) == 0) {
     useHost();
@@ -109,12 +115,23 @@ std::string Walker::step() {
   return out_.str();
 }
 
+/// Whether there are more assets than a user would want, as the register last had them.
+bool Walker::crowded() const {
+  const auto* const screen =
+      static_cast<const UserControl*>(driver_.container().child("DepCalcView1"));
+  return static_cast<const Grid*>(screen->child("AssetViewTable"))->columns() > too_many_columns;
+}
+
 /// What users usually do, which chance alone would hardly ever bring about.
 bool Walker::actWithAPlan() {
   const UserControl* const screen = driver_.container().visibleScreen();
   if (screen == nullptr) return false;
   if (screen->name() == "DepCalcCtl1") {
-    fillForm();
+    if (crowded()) {
+      run("click ViewAllLabel");
+    } else {
+      fillForm();
+    }
     return true;
   }
   const auto* const grid = static_cast<const Grid*>(screen->child("AssetViewTable"));

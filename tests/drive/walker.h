@@ -23,6 +23,9 @@ class Walker {
   /// The commands so far, answers included.
   [[nodiscard]] std::size_t commands() const { return commands_.size(); }
   [[nodiscard]] std::string script() const;
+  /// Lets go of the script and the printed pages so far, so that a long walk takes no more memory
+  /// than its calculator.
+  void forget();
 
  private:
   int below(int count);
@@ -36,6 +39,7 @@ class Walker {
   void run(const std::string& command);
   void actOn(const Control& control, const std::string& name);
   void typeInto(const std::string& name);
+  bool crowded() const;
   bool actWithAPlan();
   void fillForm();
   void useHost();
