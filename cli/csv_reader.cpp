@@ -58,7 +58,7 @@ std::string grouped(std::size_t count) {
 
 }  // namespace
 
-CsvReader::CsvReader(ByteSource& source, CsvLimits limits)
+CsvReader::CsvReader(ByteSource& source, const CsvLimits& limits)
     : source_(source), limits_(limits), buffer_(std::make_unique<char[]>(buffer_size)) {}
 
 bool CsvReader::fill() {

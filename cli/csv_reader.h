@@ -52,7 +52,7 @@ class CsvReader {
   };
 
   /// `source` must outlive the reader.
-  explicit CsvReader(ByteSource& source, CsvLimits limits = {});
+  explicit CsvReader(ByteSource& source, const CsvLimits& limits = {});
 
   Outcome next();
 

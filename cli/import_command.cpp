@@ -1,6 +1,7 @@
 // depcalc import: the assets of a CSV file into the register.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/company.h"
@@ -38,10 +39,11 @@ class ImportCommand final : public CompanyCommand {
   /// The CSV file is opened first and closed last: closing any file gives back the locks on it,
   /// and it might be the company file.
   ExitStatus run(Surroundings& surroundings) override {
-    InputFile csv(csv_path_);
-    if (!csv.failure().empty()) return cannotRead(csv, surroundings.errors);
-    csv_ = &csv;
-    return CompanyCommand::run(surroundings);
+    csv_.emplace(csv_path_);
+    const ExitStatus status = csv_->failure().empty() ? CompanyCommand::run(surroundings)
+                                                      : cannotRead(*csv_, surroundings.errors);
+    csv_.reset();
+    return status;
   }
 
  private:
@@ -116,7 +118,7 @@ read or written, 4 the company file is in use.)");
   bool dry_run_ = false;
   bool ignore_unknown_ = false;
   bool raw_texts_ = false;
-  InputFile* csv_ = nullptr;
+  std::optional<InputFile> csv_;  ///< while the command runs
 };
 
 }  // namespace

@@ -30,11 +30,13 @@ enum FieldRow : int {
 };
 static_assert(row_rate + 1 == DepCalcView::first_year_row);
 
+/// By their codes "0" to "4".
+constexpr std::array<std::string_view, 5> convention_texts = {
+    "Full Year", "Half Year", "Full Month", "Half Month", "Actual Days"};
+
 std::string_view conventionText(std::string_view code) {
-  constexpr std::array<std::string_view, 4> texts = {"Half Year", "Full Month", "Half Month",
-                                                     "Actual Days"};
   const bool named = code.size() == 1 && code[0] >= '1' && code[0] <= '4';
-  return named ? texts[static_cast<std::size_t>(code[0] - '1')] : "Full Year";
+  return convention_texts[named ? static_cast<std::size_t>(code[0] - '0') : 0];
 }
 
 /// The fiscal year that an asset begins in, by the calendar year in which it ends. A fiscal-year
