@@ -1,5 +1,6 @@
 #include "desktop/window/company_info_dialog.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -19,6 +20,7 @@ CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
   name_->setMinimumWidth(name_->fontMetrics().averageCharWidth() * 40);
   month_->setObjectName(QStringLiteral("FirstMonth"));
   for (const auto& month : Locale::enUs().month_names) month_->addItem(qtText(month));
+  month_->view()->setAccessibleName(tr("Months"));
   month_->setCurrentIndex(info.first_month - 1);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

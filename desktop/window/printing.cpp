@@ -1,10 +1,17 @@
 #include "desktop/window/printing.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFileDialog>
+#include <QGraphicsView>
+#include <QLineEdit>
+#include <QMainWindow>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QToolBar>
+#include <QToolButton>
 
 #include "desktop/printing/page_printer.h"
 
@@ -44,6 +51,27 @@ QPrinterInfo printerCalled(const QString& preferred) {
   return named.isNull() ? QPrinterInfo::defaultPrinter() : named;
 }
 
+/// The toolkit's dialog leaves some of its controls without one.
+void nameControls(QPrintPreviewDialog& dialog) {
+  for (auto* part : dialog.findChildren<QMainWindow*>())
+    part->setAccessibleName(part->tr("Preview"));
+  for (auto* bar : dialog.findChildren<QToolBar*>()) bar->setAccessibleName(bar->tr("Preview"));
+  for (auto* more : dialog.findChildren<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
+    more->setAccessibleName(more->tr("More"));
+  }
+  for (auto* pages : dialog.findChildren<QGraphicsView*>()) {
+    pages->setAccessibleName(pages->tr("Pages"));
+  }
+  for (auto* zoom : dialog.findChildren<QComboBox*>()) {
+    zoom->setAccessibleName(zoom->tr("Zoom"));
+    zoom->view()->setAccessibleName(zoom->accessibleName());
+  }
+  for (auto* number : dialog.findChildren<QLineEdit*>()) {
+    const bool zooms = qobject_cast<QComboBox*>(number->parent()) != nullptr;
+    number->setAccessibleName(zooms ? number->tr("Zoom") : number->tr("Page"));
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window) {
@@ -74,6 +102,7 @@ void showPrintPreview(const std::function<void(Printer&)>& job, QWidget* window)
   QPrintPreviewDialog dialog(&device, window);
   dialog.setObjectName(QStringLiteral("PrintPreview"));
   dialog.resize(window->size());
+  nameControls(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, window,
                    [&job](QPrinter* preview) {
                      PagePrinter printer(*preview);

@@ -9,6 +9,7 @@ namespace depcalc::desktop {
 
 StartPage::StartPage(const QString& text, std::initializer_list<QAction*> actions) {
   setObjectName(QStringLiteral("StartPage"));
+  setAccessibleName(text);
   auto* const label = new QLabel(text, this);
   label->setObjectName(QStringLiteral("Placeholder"));
   label->setAlignment(Qt::AlignCenter);

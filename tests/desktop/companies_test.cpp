@@ -72,5 +72,28 @@ TEST_F(Companies, WhatCannotBeOpenedIsSaidWithTheFilesName) {
   EXPECT_EQ(problemOf("held.company"), "");
 }
 
+/// Overwrites the four bytes of the file's head at `offset` with a number.
+void setHead(const QString& path, qint64 offset, char number) {
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(file.seek(offset));
+  ASSERT_EQ(file.write(QByteArray("\0\0\0", 3) + number), 4);
+}
+
+TEST_F(Companies, NewerAndForeignFilesAreToldApart) {
+  constexpr qint64 version = 60;
+  constexpr qint64 application = 68;
+  for (const char* name : {"newer.company", "foreign.company"}) {
+    files.create(path(name), {"Sample", 1})->close();
+  }
+  setHead(directory.filePath("newer.company"), version, 99);
+  setHead(directory.filePath("foreign.company"), application, 1);
+  EXPECT_THAT(problemOf("newer.company"), HasSubstr("newer"));
+  EXPECT_THAT(problemOf("foreign.company"), HasSubstr("not a company file"));
+  write("text.company", "something else");
+  EXPECT_THAT(problemOf("text.company"), HasSubstr("not a company file"));
+  EXPECT_THAT(problemOf("."), HasSubstr(directory.path().toStdString()));
+}
+
 }  // namespace
 }  // namespace depcalc::testing

@@ -1,5 +1,4 @@
 // The host's own part: companies, modes, backups, settings, the status bar, mnemonics, names.
-#include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -244,31 +243,6 @@ TEST(BackupsTest, AProgramThatIsRefusedTakesNoBackupFromTheOneThatHoldsTheFile) 
   holder.keep(company, QDateTime(QDate(2024, 1, 1), QTime(8, 0)));
   ASSERT_EQ(holder.of(company).size(), 1);
   EXPECT_EQ(read(holder.of(company).front().path), "SQLite format 3: first");
-}
-
-/// Every object an assistive tool finds below `at`.
-void walk(QAccessibleInterface& at, const QString& path, std::vector<std::string>& nameless) {
-  const QString here = path + u'/' + (at.object() ? at.object()->objectName() : QString());
-  const bool unnamed_kind = at.role() == QAccessible::ScrollBar || at.role() == QAccessible::Cell ||
-                            at.role() == QAccessible::Separator ||
-                            at.role() == QAccessible::StatusBar ||
-                            at.role() == QAccessible::MenuBar || at.role() == QAccessible::Grip ||
-                            (at.role() == QAccessible::Pane && at.object() == nullptr);
-  const bool empty_label = at.role() == QAccessible::StaticText && !at.state().invisible &&
-                           qobject_cast<QLabel*>(at.object()) != nullptr;
-  if (at.text(QAccessible::Name).trimmed().isEmpty() && !unnamed_kind && !empty_label) {
-    nameless.push_back(here.toStdString() + " role " + std::to_string(at.role()));
-  }
-  for (int i = 0; i < at.childCount(); ++i) {
-    if (QAccessibleInterface* const child = at.child(i)) walk(*child, here, nameless);
-  }
-}
-
-TEST_F(Window, NothingIsWithoutANameForAssistiveTools) {
-  newCompany();
-  std::vector<std::string> nameless;
-  walk(*QAccessible::queryAccessibleInterface(&window), {}, nameless);
-  EXPECT_THAT(nameless, IsEmpty());
 }
 
 void collect(const UserControl& at, std::vector<const Control*>& found) {

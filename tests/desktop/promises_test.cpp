@@ -1,0 +1,399 @@
+// What the host promises: every rule of every field by keyboard, when the calculator hears that it
+// loses the focus, dialogs, what is remembered, names for assistive tools on every screen.
+#include <QAccessible>
+#include <QClipboard>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QListWidget>
+#include <QMenuBar>
+
+#include "tests/desktop/window_fixture.h"
+
+namespace depcalc::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+struct Promises : WindowTest {
+  Promises() { newCompany(); }
+
+  void goTo(const std::string& field) {
+    for (int i = 0; i < 12 && focused() != field; ++i) key(Qt::Key_Tab);
+    ASSERT_EQ(focused(), field);
+  }
+  void enterTruck() {
+    enterAsset({"TRK-014", "Delivery truck", "1FTYR10D", "Warehouse", "9/15/2023", "April", "5",
+                "Half Year", "38450", "4000", "150000"});
+  }
+  void compareTruck() {
+    enterTruck();
+    key(Qt::Key_C, Qt::AltModifier);
+    ASSERT_EQ(shown(), "DepCalcDisplayCtl1");
+  }
+  void saveTruck() {
+    enterTruck();
+    key(Qt::Key_S, Qt::AltModifier);
+    ASSERT_EQ(shown(), "DepCalcView1");
+  }
+  /// Runs `look` on the dialog that `open` brings up, and closes it.
+  template <typename Open, typename Look>
+  void onDialog(Open open, Look look) {
+    bool seen = false;
+    boxes.answering = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr || !dialog->isVisible() || seen) return;
+      seen = true;
+      look(*dialog);
+      if (dialog->isVisible()) dialog->reject();
+    });
+    timer.start(20);
+    open();
+    EXPECT_TRUE(seen);
+    boxes.answering = true;
+    settle();
+  }
+};
+
+// A field's rules -------------------------------------------------------------------------------
+
+TEST_F(Promises, EveryRejectionOfAFieldIsReachedByKeyboardAndKeepsTheFocus) {
+  const struct {
+    const char* field;
+    const char* typed;
+    const char* says;
+    std::pair<const char*, const char*> before = {"", ""};
+  } cases[] = {
+      {"StartDateText", "13/45/2020", "Placed-in-service Date | Please enter a valid date."},
+      {"StartDateText", "6/16/2074",
+       "Placed-in-service Date | Please enter a date less than 50 years from today."},
+      {"StartDateText", "6/14/1974",
+       "Placed-in-service Date | Please enter a date less than 50 years ago."},
+      {"DRecoveryText", "x", "Useful Life | Please enter a valid number."},
+      {"DRecoveryText", "0.6", "Useful Life | The useful life must be a positive number."},
+      {"DRecoveryText", "50.01", "Useful Life | Please enter a number less than or equal to 50."},
+      {"BasisText", ".", "Basis | Please enter a valid number."},
+      {"BasisText", "0", "Basis | The basis must be greater than 0."},
+      {"BasisText", "10000000", "Basis | The basis must be less than 10,000,000."},
+      {"BasisText",
+       "100",
+       "Basis | The basis of the asset must be greater than the salvage value.",
+       {"SalvageText", "150"}},
+      {"SalvageText", "-", "Salvage Value | Please enter a valid number."},
+      {"SalvageText",
+       "10000000",
+       "Salvage Value | The salvage value must be less than 10,000,000.",
+       {"SalvageText", ""}},
+      {"SalvageText",
+       "101",
+       "Salvage Value | The salvage value of the asset must be less than the basis.",
+       {"BasisText", "100"}},
+      {"ProdCapText", "x", "Production Capacity | Please enter a valid number."},
+  };
+  for (const auto& [field, typed, says, before] : cases) {
+    if (*before.first != '\0') {
+      goTo(before.first);
+      fill(before.second);
+    }
+    goTo(field);
+    // What is no number is refused at once, the rest when the field is left.
+    const bool at_once = std::string_view(typed).size() == 1 && *typed != '0';
+    at_once ? type(typed) : fill(typed);
+    EXPECT_THAT(boxes.take(), ElementsAre(says));
+    EXPECT_EQ(focused(), field);
+    EXPECT_TRUE(widget(*calculator().stage().focused()).hasFocus()) << field;
+    EXPECT_EQ(dynamic_cast<TextBox&>(*form().child(field)).text(), "");
+  }
+}
+
+/// A minus alone is refused while it is typed: negative amounts can only be pasted.
+TEST_F(Promises, PastedAmountsAreCheckedToo) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"DRecoveryText", "Useful Life | The useful life must be a positive number."},
+      {"BasisText", "Basis | The basis must be a positive number."},
+      {"SalvageText", "Salvage Value | The salvage value must be a positive number."},
+      {"ProdCapText", "Production Capacity | The production capacity must be a positive number."}};
+  for (const auto& [field, says] : cases) {
+    goTo(field);
+    dynamic_cast<QLineEdit&>(widget(*calculator().stage().focused())).selectAll();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+    QApplication::clipboard()->setText(QStringLiteral("-5"));
+    key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_THAT(boxes.take(), IsEmpty());
+    key(Qt::Key_Tab);
+    EXPECT_THAT(boxes.take(), ElementsAre(says));
+    EXPECT_EQ(focused(), field);
+  }
+}
+
+TEST_F(Promises, WhatFieldsAcceptIsShownAsTheyShowIt) {
+  const std::array<const char*, 3> cases[] = {
+      {"StartDateText", "03152020", "03/15/2020"}, {"StartDateText", "3.15.2020", "03/15/2020"},
+      {"StartDateText", "3/15", "03/15/2024"},     {"DRecoveryText", "2.5", "2"},
+      {"BasisText", "9999999.99", "9,999,999.99"}, {"SalvageText", "0", "0.00"},
+      {"ProdCapText", "12345.6", "12,346"}};
+  for (const auto& [field, typed, shows] : cases) {
+    goTo(field);
+    fill(typed);
+    EXPECT_THAT(boxes.take(), IsEmpty()) << field;
+    EXPECT_EQ(dynamic_cast<TextBox&>(*form().child(field)).text(), shows);
+  }
+}
+
+TEST_F(Promises, NoBoxMenuDialogOrOtherWindowValidatesAField) {
+  goTo("StartDateText");
+  type("13/45/2020");
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  QApplication::processEvents();
+  other.close();
+  window.activateWindow();
+  settle();
+  QTest::keyClick(&window, Qt::Key_F, Qt::AltModifier);
+  if (QWidget* menu = QApplication::activePopupWidget()) QTest::keyClick(menu, Qt::Key_Escape);
+  onDialog([this] { action("Company Info…").trigger(); }, [](QDialog&) {});
+  onDialog([this] { action("About").trigger(); }, [](QDialog&) {});
+  key(Qt::Key_F1);
+  key(Qt::Key_Escape);
+  EXPECT_THAT(boxes.take(), IsEmpty());
+  EXPECT_EQ(form().StartDateText.text(), "13/45/2020");
+  EXPECT_EQ(focused(), "StartDateText");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(boxes.take().size(), 1U) << "leaving the field does";
+}
+
+TEST_F(Promises, TheQuestionAboutChangesIsAnsweredByKeyboard) {
+  const std::string question =
+      "Save Changes | You have not saved your changes to this asset. Would you like to save them "
+      "now?";
+  enterTruck();
+  boxes.answers = {QMessageBox::Cancel, QMessageBox::No, QMessageBox::Yes};
+  key(Qt::Key_V, Qt::AltModifier);
+  EXPECT_THAT(boxes.take(), ElementsAre(question));
+  EXPECT_EQ(shown(), "DepCalcCtl1") << "cancelled";
+  EXPECT_EQ(form().IDText.text(), "TRK-014");
+  key(Qt::Key_N, Qt::AltModifier);
+  EXPECT_THAT(boxes.take(), ElementsAre(question));
+  EXPECT_EQ(form().IDText.text(), "") << "not saved";
+  enterTruck();
+  key(Qt::Key_V, Qt::AltModifier);
+  EXPECT_THAT(boxes.take(), ElementsAre(question));
+  EXPECT_EQ(shown(), "DepCalcView1");
+  EXPECT_EQ(assets().AssetViewTable.columns(), 2) << "saved";
+}
+
+// Loss of focus ---------------------------------------------------------------------------------
+
+/// Whatever takes the company or its mode away asks while an asset is entered or compared.
+struct LossOfFocus : Promises, ::testing::WithParamInterface<int> {
+  void leave() {
+    switch (GetParam()) {
+      case 0:
+        window.closeCompany();
+        break;
+      case 1:
+        ASSERT_TRUE(window.createCompany(path("other"), {"Other", 1}));
+        break;
+      case 2:
+        action("Switch to Multi-user Mode").trigger();
+        break;
+      case 3:
+        window.restoreBackup({"/nowhere", QDateTime(), 0});
+        break;
+      case 4:
+        action("Depreciation Calculator").trigger();
+        break;
+      case 5:
+        window.close();
+        break;
+    }
+    settle();
+  }
+  /// The boxes that are about the changes.
+  int questions() {
+    int count = 0;
+    for (const std::string& box : boxes.take()) count += box.starts_with("Save Changes") ? 1 : 0;
+    return count;
+  }
+};
+
+TEST_P(LossOfFocus, AsksWhileAnAssetIsEntered) {
+  enterTruck();
+  boxes.answers = {QMessageBox::No};
+  leave();
+  EXPECT_EQ(questions(), 1);
+}
+
+TEST_P(LossOfFocus, AsksWhileMethodsAreCompared) {
+  compareTruck();
+  boxes.answers = {QMessageBox::No};
+  leave();
+  EXPECT_EQ(questions(), 1);
+}
+
+TEST_P(LossOfFocus, AsksNothingOnTheRegister) {
+  saveTruck();
+  clickCell(0, 1);
+  leave();
+  EXPECT_EQ(questions(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Ways, LossOfFocus, ::testing::Range(0, 6));
+
+// Dialogs, menus, what is remembered --------------------------------------------------------------
+
+TEST_F(Promises, ABackupIsRestoredByKeyboard) {
+  action("Restore Backup…").trigger();
+  EXPECT_EQ(boxes.take().size(), 1U) << "there is none yet";
+  window.closeCompany();
+  for (const char* content : {"first", "second"}) {
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("SQLite format 3: ") + content);
+    file.close();
+    ASSERT_TRUE(backups.setAside(path()));
+    backups.keep(path(), QDateTime(QDate(2024, 1, 1), QTime(*content == 'f' ? 8 : 9, 0)));
+  }
+  ASSERT_TRUE(window.openCompany(path()));
+  onDialog([this] { action("Restore Backup…").trigger(); },
+           [](QDialog& dialog) {
+             auto* const list = dialog.findChild<QListWidget*>();
+             ASSERT_EQ(list->count(), 2);
+             EXPECT_TRUE(list->item(1)->text().startsWith("1 January 2024, 08:00:00"));
+             list->setFocus();
+             QTest::keyClick(list, Qt::Key_Down);
+             QTest::keyClick(list, Qt::Key_Return);
+           });
+  EXPECT_THAT(boxes.take(), IsEmpty());
+  QFile file(path());
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll().toStdString(), "SQLite format 3: first");
+}
+
+TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
+  const std::pair<const char*, std::vector<std::string>> menus[] = {
+      {"File",
+       {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Restore Backup…",
+        "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…", "Print Preview…",
+        "Quit"}},
+      {"Company", {"Company Info…", "Depreciation Calculator"}},
+      {"View", {"Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
+      {"Help",
+       {"Using This Calculator", "Comparing depreciation methods",
+        "Entering assets without comparing methods", "Recalculating depreciation expense",
+        "Printing the asset record", "Deleting a record", "About"}}};
+  const QList<QAction*> found = window.menuBar()->actions();
+  ASSERT_EQ(found.size(), 4);
+  for (int i = 0; i < 4; ++i) {
+    std::vector<std::string> texts;
+    for (const QAction* item : found[i]->menu()->actions()) {
+      if (!item->isSeparator()) texts.push_back(item->text().remove(u'&').toStdString());
+    }
+    EXPECT_EQ(found[i]->text().remove(u'&').toStdString(), menus[i].first);
+    EXPECT_EQ(texts, menus[i].second);
+  }
+}
+
+TEST_F(Promises, TheWindowComesBackWhereItWasWithWhatItHad) {
+  window.setGeometry(40, 30, 700, 500);
+  window.setZoom(150);
+  settle();
+  window.close();
+  desktop::Settings remembered{directory.filePath("settings.ini")};
+  EXPECT_EQ(remembered.lastCompany(), path());
+  desktop::MainWindow again(
+      {companies, remembered, backups, [] { return Date::strict(2024, 6, 15); }, "/start"});
+  EXPECT_EQ(again.size(), QSize(700, 500));
+  EXPECT_EQ(remembered.zoom(), 150);
+}
+
+// Names for assistive tools -----------------------------------------------------------------------
+
+/// Of what the toolkit itself draws around the controls.
+bool needsNoName(const QAccessibleInterface& at) {
+  switch (at.role()) {
+    case QAccessible::ScrollBar:
+    case QAccessible::Cell:
+    case QAccessible::Separator:
+    case QAccessible::StatusBar:
+    case QAccessible::MenuBar:
+    case QAccessible::Grip:
+      return true;
+    // A container of the toolkit's is no control.
+    case QAccessible::Client:
+      return at.object() != nullptr && at.object()->metaObject()->className()[0] == 'Q';
+    case QAccessible::Pane:
+    case QAccessible::Grouping:
+      return at.object() == nullptr || at.object()->objectName().startsWith("qt_") ||
+             qobject_cast<const QDialogButtonBox*>(at.object()) != nullptr;
+    case QAccessible::StaticText:
+      return qobject_cast<const QLabel*>(at.object()) != nullptr;
+    default:
+      return false;
+  }
+}
+
+void collectNameless(QAccessibleInterface& at, const QString& path,
+                     std::vector<std::string>& nameless, int& visited) {
+  const QString here = path + u'/' + (at.object() ? at.object()->objectName() : QString());
+  ++visited;
+  if (at.text(QAccessible::Name).trimmed().isEmpty() && !needsNoName(at)) {
+    nameless.push_back(here.toStdString() + " role " + std::to_string(at.role()));
+  }
+  for (int i = 0; i < at.childCount(); ++i) {
+    if (QAccessibleInterface* const child = at.child(i)) {
+      collectNameless(*child, here, nameless, visited);
+    }
+  }
+}
+
+void expectNames(QWidget& top, int at_least) {
+  std::vector<std::string> nameless;
+  int visited = 0;
+  collectNameless(*QAccessible::queryAccessibleInterface(&top), {}, nameless, visited);
+  EXPECT_THAT(nameless, IsEmpty());
+  EXPECT_GE(visited, at_least);
+}
+
+TEST_F(Promises, EveryScreenAndPopupHasNamesForAssistiveTools) {
+  expectNames(window, 100);
+  key(Qt::Key_F1);
+  key(Qt::Key_U, Qt::AltModifier);
+  action("Deleting a record").trigger();
+  settle();
+  ASSERT_TRUE(screen<DepCalcPopup>("DepCalcPopup2").isShown());
+  expectNames(window, 100);
+  key(Qt::Key_Escape);
+  key(Qt::Key_Escape);
+  compareTruck();
+  expectNames(window, 100);
+  key(Qt::Key_S, Qt::AltModifier);
+  ASSERT_EQ(shown(), "DepCalcView1");
+  expectNames(window, 100);
+  action("Switch to Multi-user Mode").trigger();
+  expectNames(window, 40);
+  window.closeCompany();
+  expectNames(window, 40);
+}
+
+TEST_F(Promises, EveryDialogHasNamesForAssistiveTools) {
+  saveTruck();
+  for (const char* name : {"Company Info…", "Print Preview…", "About"}) {
+    onDialog([&] { action(name).trigger(); }, [](QDialog& dialog) { expectNames(dialog, 3); });
+  }
+  onDialog([this] { key(Qt::Key_E, Qt::AltModifier); }, [](QDialog& box) { expectNames(box, 2); });
+  QFile file(path());
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("SQLite format 3");
+  file.close();
+  ASSERT_TRUE(backups.setAside(path()));
+  backups.keep(path(), QDateTime(QDate(2024, 1, 1), QTime(8, 0)));
+  onDialog([this] { action("Restore Backup…").trigger(); },
+           [](QDialog& dialog) { expectNames(dialog, 5); });
+}
+
+}  // namespace
+}  // namespace depcalc::testing
