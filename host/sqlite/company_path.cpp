@@ -148,11 +148,13 @@ void requireCompanyHeader(const std::string& path, const std::string& vfs) {
 
 void requirePlainNeighbours(const std::string& path) {
   for (const char* ending : {"-journal", "-wal"}) {
+    const std::string neighbour = path + ending;
     std::error_code error;
-    const fs::file_status status = fs::symlink_status(path + ending, error);
+    const fs::file_status status = fs::symlink_status(neighbour, error);
     if (!fs::exists(status) || fs::is_regular_file(status)) continue;
-    throw FileTrouble(Kind::failed, path + " cannot be opened: " + path + ending +
-                                        " beside it is not a file. Take that away.");
+    std::string message = path;
+    message.append(" cannot be opened: ").append(neighbour);
+    throw FileTrouble(Kind::failed, message + " beside it is not a file. Take that away.");
   }
 }
 
