@@ -1,5 +1,6 @@
 // The register's summary, record 0.
 #include <algorithm>
+#include <utility>
 
 #include "DepCalc/asset_store_inside.h"
 
@@ -100,7 +101,11 @@ void AssetStore::startSummary() {
 }
 
 void AssetStore::note(std::int32_t index, const std::optional<SummaryShare>& share) {
-  if (index >= 1 && summaryIsCurrent()) summary_.note(index, share);
+  if (index < 1 || !summaryIsCurrent()) return;
+  // An error on the way leaves a summary that is nobody's.
+  std::weak_ptr<HostCompanyFile> file = std::exchange(summary_file_, {});
+  summary_.note(index, share);
+  summary_file_ = std::move(file);
 }
 
 }  // namespace depcalc

@@ -62,21 +62,28 @@ ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std
   return exit_usage;
 }
 
-ExitStatus runTrapped(Command& command, Surroundings& surroundings) {
+/// A part that had no memory and was passed over leaves the rest in doubt, too.
+template <typename Run>
+ExitStatus runTrapped(Surroundings& surroundings, Run run) {
   std::string report;
-  const ErrorReportHook last_report([&](std::string_view text) { report = text; });
+  bool short_of_memory = false;
+  const ErrorReportHook last_report([&](std::string_view text) {
+    short_of_memory = short_of_memory || text.find("Error#7:") != std::string_view::npos;
+    report = text;
+  });
   ExitStatus status = exit_system;
-  if (!trapped("depcalc", [&] { status = command.run(surroundings); })) {
-    surroundings.errors.write(report + '\n');
-    return exit_system;
-  }
-  return status;
+  const bool done = trapped("depcalc", [&] { status = run(); });
+  if (done && !short_of_memory) return status;
+  const std::string_view known(report);
+  surroundings.errors.write(known.empty() ? "depcalc: Out of memory" : known);
+  surroundings.errors.write('\n');
+  return exit_system;
 }
 
 ExitStatus runParsed(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands,
                      Surroundings& surroundings) {
   for (const auto& command : commands) {
-    if (app.got_subcommand(std::string(command->name()))) return runTrapped(*command, surroundings);
+    if (app.got_subcommand(std::string(command->name()))) return command->run(surroundings);
   }
   return exit_usage;
 }
@@ -110,7 +117,8 @@ std::vector<std::unique_ptr<Command>> allCommands() {
 }
 
 int runCommandLine(int argc, const char* const* argv, Surroundings& surroundings) {
-  ExitStatus status = runArguments(argc, argv, surroundings);
+  ExitStatus status =
+      runTrapped(surroundings, [&] { return runArguments(argc, argv, surroundings); });
   Output& out = surroundings.out;
   if (!out.finish()) {
     // Who has closed the pipe knows, as in `depcalc list FILE | head`.

@@ -34,7 +34,8 @@ class Company {
 
   /// The register's assets, 1 to the last; the table's record 0 is not counted.
   [[nodiscard]] std::int32_t assetCount() const;
-  /// Asset `index` as far as it can be read: one without amounts is read up to them.
+  /// Asset `index` as far as its values can be read: one without amounts is read up to them.
+  /// An error that is not of its values, as running out of memory, reaches the caller.
   CalculateDepPtr asset(std::int32_t index);
 
   /// Runs `change` in one unit of work. All of it reaches the file, or nothing where `keep` is

@@ -42,6 +42,10 @@ bool sumUp(Company& company, std::vector<std::string>& found) {
   std::string report;
   const ErrorReportHook hook([&](std::string_view text) { report = text; });
   const bool done = trapped("Summary", [&] { company.store().sumUp(); });
+  // Want of memory says nothing about the file.
+  if (!done && (report.empty() || report.find("Error#7:") != std::string::npos)) {
+    throw RuntimeError::outOfMemory();
+  }
   if (!done) found.push_back("The assets cannot be summed up: " + report + ".");
   return done;
 }

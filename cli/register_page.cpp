@@ -11,10 +11,14 @@ namespace {
 template <typename Work>
 std::string registerReport(Work&& work) {
   std::string last;
-  const ErrorReportHook hook([&last](std::string_view report) {
+  bool short_of_memory = false;
+  const ErrorReportHook hook([&](std::string_view report) {
+    short_of_memory = short_of_memory || report.find("Error#7:") != std::string_view::npos;
     if (report.starts_with("DepCalcView::")) last = report;
   });
   work();
+  // The page would lack what there was no memory for.
+  if (short_of_memory) throw RuntimeError::outOfMemory();
   return last;
 }
 

@@ -12,6 +12,7 @@
 namespace depcalc {
 
 /// Reports `error` of `procedure` through ReportError: "<procedure> Error#<number>: <description>".
+/// Without memory for that: "Error#7: Out of memory". Throws nothing for want of memory.
 void reportTrapped(std::string_view procedure, const RuntimeError& error);
 
 /// Runs `body` under the error trap of `procedure` ("DepCalc::WriteData"). A run-time error stops
@@ -25,8 +26,8 @@ bool trapped(std::string_view procedure, Body&& body, AtError&& at_error) {
   std::optional<RuntimeError> met;
   try {
     std::forward<Body>(body)();
-  } catch (const RuntimeError& error) {
-    met = error;
+  } catch (RuntimeError& error) {
+    met.emplace(std::move(error));  // a copy might need memory that is not there
   } catch (const std::bad_alloc&) {
     met = RuntimeError::outOfMemory();
   } catch (const std::length_error&) {

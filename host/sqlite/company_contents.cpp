@@ -1,5 +1,6 @@
 #include "host/sqlite/company_contents.h"
 
+#include <new>
 #include <sstream>
 #include <utility>
 
@@ -12,6 +13,9 @@ namespace {
 
 constexpr std::string_view single_user = "single-user";
 constexpr std::string_view multi_user = "multi-user";
+
+/// The procedure that reports what goes wrong after something went wrong.
+constexpr std::string_view recovering = "DepCalc::company file";
 
 /// Of a file that has more, the rest is not looked at.
 constexpr std::size_t most_problems = 20;
@@ -32,7 +36,9 @@ CompanyContents::CompanyContents(Database database) : database_(std::move(databa
 
 void CompanyContents::requireOpen() const {
   if (!isOpen()) throw RuntimeError::objectNotSet();
+  if (readable_) return;
   if (unreadable_) throw FileTrouble(*unreadable_);
+  throw RuntimeError::outOfMemory();
 }
 
 const CompanyInfo& CompanyContents::info() const {
@@ -42,6 +48,10 @@ const CompanyInfo& CompanyContents::info() const {
 
 std::shared_ptr<StoredTable> CompanyContents::table(std::string_view name) {
   requireOpen();
+  return tableCalled(name);
+}
+
+std::shared_ptr<StoredTable> CompanyContents::tableCalled(std::string_view name) {
   const auto found = tables_.find(name);
   if (found != tables_.end()) return found->second;
   if (tables_.size() >= most_tables) throw RuntimeError::overflow();
@@ -58,11 +68,12 @@ std::optional<FileTrouble> CompanyContents::takeTrouble() {
 // --- Reading -------------------------------------------------------------------------------------
 
 void CompanyContents::read() {
-  requireSchema(*database_);
+  readable_ = false;
   for (const auto& [name, table] : tables_) table->clear();
   by_id_.clear();
   counted_.clear();
   info_waits_ = false;
+  requireSchema(*database_);
   std::vector<std::string> problems;
   checkIntegrity(problems);
   // Where the structure is damaged, so is what would be read by it.
@@ -72,7 +83,8 @@ void CompanyContents::read() {
     readRecords(problems);
     compareTables(problems);
   }
-  if (problems.empty()) return;
+  readable_ = problems.empty();
+  if (readable_) return;
   const std::string more =
       problems.size() > 1 ? " (and " + std::to_string(problems.size() - 1) + " more)" : "";
   throw FileTrouble(FileTrouble::Kind::damaged,
@@ -121,7 +133,7 @@ void CompanyContents::readTables(std::vector<std::string>& problems) {
       problems.push_back("the data table " + std::to_string(id) + " has no name of its own");
       continue;
     }
-    const auto table = this->table(name);
+    const auto table = tableCalled(name);
     table->id(id);
     by_id_[id] = table;
     counted_[id] = {row.integer(2), static_cast<std::uint64_t>(row.integer(3))};
@@ -211,7 +223,15 @@ void CompanyContents::writeWaiting() {
   try {
     write();
   } catch (const FileTrouble& trouble) {
-    recover(trouble);
+    trapped(recovering, [&] { trouble_ = trouble; });
+    recover();
+    throw;
+  } catch (const std::bad_alloc&) {
+    trapped(recovering, [this] {
+      trouble_.emplace(FileTrouble::Kind::failed,
+                       database_->path() + " cannot be written: out of memory.");
+    });
+    recover();
     throw;
   }
 }
@@ -248,14 +268,15 @@ void CompanyContents::writeCompany() {
 }
 
 /// A write that reported an error may have reached the disk nevertheless: only the file knows.
-void CompanyContents::recover(const FileTrouble& trouble) {
-  trouble_ = trouble;
+/// Until it has been read again, nothing is.
+void CompanyContents::recover() {
+  readable_ = false;
   ++revision_;
-  const auto again = [this] {
+  const bool again = trapped(recovering, [this] {
     if (database_->inTransaction()) database_->execute("ROLLBACK");
     read();
-  };
-  if (!trapped("DepCalc::company file", again)) unreadable_ = trouble;
+  });
+  if (!again) trapped(recovering, [this] { unreadable_ = trouble_; });
 }
 
 void writeNewCompany(Database& database, const CompanyInfo& info) {

@@ -43,6 +43,7 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
  private:
   using Tables = std::map<std::string, std::shared_ptr<StoredTable>, std::less<>>;
 
+  [[nodiscard]] std::shared_ptr<StoredTable> tableCalled(std::string_view name);
   void read();
   void checkIntegrity(std::vector<std::string>& problems);
   void readCompany(std::vector<std::string>& problems);
@@ -52,7 +53,7 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
 
   void writeWaiting();
   void write();
-  void recover(const FileTrouble& trouble);
+  void recover();
   void writeTable(StoredTable& table);
   void writeCompany();
   [[nodiscard]] std::uint64_t companyDigest() const;
@@ -72,7 +73,8 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   int depth_ = 0;
   std::uint64_t revision_ = 0;
   std::optional<FileTrouble> trouble_;
-  std::optional<FileTrouble> unreadable_;  ///< the file could not be read again after a failure
+  bool readable_ = false;                  ///< what is in memory is what the file says
+  std::optional<FileTrouble> unreadable_;  ///< why not, where there was memory to keep it
 };
 
 /// Makes the content of a new company file in an empty database.

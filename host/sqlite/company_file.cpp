@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -21,11 +22,13 @@ using Kind = FileTrouble::Kind;
 
 /// Trouble met while a file is opened or made is the answer, not an error.
 template <typename Opening>
-SqliteCompanyFile::Opened asAnswer(Opening opening) {
+SqliteCompanyFile::Opened asAnswer(const std::string& path, Opening opening) {
   try {
     return opening();
-  } catch (const FileTrouble& trouble) {
-    return trouble;
+  } catch (FileTrouble& trouble) {
+    return std::move(trouble);
+  } catch (const std::bad_alloc&) {
+    return FileTrouble(Kind::failed, path + " cannot be opened: out of memory.");
   }
 }
 
@@ -126,7 +129,7 @@ SqliteCompanyFile::~SqliteCompanyFile() { contents_->close(); }
 SqliteCompanyFile::Opened SqliteCompanyFile::create(const std::string& path,
                                                     const CompanyInfo& info,
                                                     const Options& options) {
-  const auto made = asAnswer([&]() -> Opened {
+  const auto made = asAnswer(path, [&]() -> Opened {
     if (info.first_month < 1 || info.first_month > 12) throw RuntimeError::invalidCall();
     const std::string place = resolvedNewPath(path);
     requireWritableDirectory(place);
@@ -144,7 +147,7 @@ SqliteCompanyFile::Opened SqliteCompanyFile::create(const std::string& path,
 }
 
 SqliteCompanyFile::Opened SqliteCompanyFile::open(const std::string& path, const Options& options) {
-  return asAnswer([&]() -> Opened {
+  return asAnswer(path, [&]() -> Opened {
     const std::string resolved = resolvedCompanyPath(path);
     auto contents = std::make_shared<CompanyContents>(openLocked(resolved, options));
     return std::shared_ptr<SqliteCompanyFile>(

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <new>
 #include <sstream>
 #include <system_error>
 
@@ -49,6 +50,7 @@ Header readHeader(const std::string& path, const std::string& vfs_name) {
   sqlite3_vfs* vfs = sqlite3_vfs_find(vfs_name.empty() ? nullptr : vfs_name.c_str());
   const std::unique_ptr<const char, void (*)(const char*)> name(
       sqlite3_create_filename(path.c_str(), "", "", 0, nullptr), sqlite3_free_filename);
+  if (vfs == nullptr || name == nullptr) throw std::bad_alloc();
   const auto size = static_cast<std::size_t>(vfs->szOsFile);
   const auto memory = std::make_unique<std::max_align_t[]>(size / sizeof(std::max_align_t) + 1);
   const std::unique_ptr<sqlite3_file, CloseFile> file(
@@ -57,6 +59,7 @@ Header readHeader(const std::string& path, const std::string& vfs_name) {
   int code =
       vfs->xOpen(vfs, name.get(), file.get(), SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB, nullptr);
   if (code == SQLITE_OK) code = file->pMethods->xRead(file.get(), header.data(), header.size(), 0);
+  if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
   if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) {
     throw FileTrouble(Kind::failed, path + " cannot be read. Its permissions must allow it.");
   }

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <cerrno>
+#include <new>
 #include <system_error>
 
 namespace depcalc {
@@ -100,6 +101,7 @@ void Database::check(int code) const {
 }
 
 void Database::fail(int code) const {
+  if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
   const int system_error = systemErrorOf(handle_.get(), code);
   const FileTrouble::Kind kind = kindOf(code, system_error);
   std::string why = (code & 0xFF) == SQLITE_TOOBIG ? "there is more in it than a company file holds"
@@ -203,7 +205,10 @@ std::int64_t Statement::integer(int column) const {
 std::string_view Statement::text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
   const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
-  return text != nullptr ? std::string_view(text, size) : std::string_view();
+  if (text != nullptr) return {text, size};
+  const int code = sqlite3_errcode(sqlite3_db_handle(statement_.get()));
+  if (code == SQLITE_NOMEM) database_->fail(code);
+  return {};
 }
 
 }  // namespace depcalc

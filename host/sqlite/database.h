@@ -18,7 +18,8 @@ class Statement;
 /// No text of a company file is longer.
 inline constexpr std::size_t most_text_bytes = 4'194'304;
 
-/// A connection to one database file. Every failure is thrown as a FileTrouble that names it.
+/// A connection to one database file. Every failure is thrown as a FileTrouble that names it, but
+/// want of memory as std::bad_alloc.
 class Database {
  public:
   enum class Access { read_write, create };

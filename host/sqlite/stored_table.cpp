@@ -38,16 +38,19 @@ StoredTable::Slot& StoredTable::change(std::int16_t index) {
   const auto at = static_cast<std::size_t>(index);
   if (at >= slots_.size()) slots_.resize(at + 1);
   Slot& slot = slots_[at];
-  if (!std::exchange(slot.waits, true)) waiting_.push_back(index);
+  if (!slot.waits) waiting_.push_back(index);
+  slot.waits = true;
   return slot;
 }
 
 void StoredTable::save(std::int16_t index, RecordValues values) {
+  // What needs memory comes first: without it nothing has changed.
+  if (decoded_ >= most_decoded) encodeWaiting();
+  auto kept = std::make_unique<RecordValues>(std::move(values));
   Slot& slot = change(index);
   if (!std::exchange(slot.present, true)) ++count_;
   if (slot.values == nullptr) ++decoded_;
-  slot.values = std::make_unique<RecordValues>(std::move(values));
-  if (decoded_ > most_decoded) encodeWaiting();
+  slot.values = std::move(kept);
   gate_->afterChange();
 }
 
