@@ -104,6 +104,8 @@ int inkHeight(const QImage& cell) {
 }
 
 TEST_F(GridWidgetTest, AnAmountIsDrawnSmallerRatherThanBroken) {
+  screen.Table.setRowHeight(1, 450);  // room for two lines
+  screen.Table.setColumnWidth(1, 1200);
   for (const char* text : {"77,777.37", "1,077,777.37", "-1,077,777.37"}) {
     screen.Table.setText(1, 1, text);
     const QRect cell = view().visualRect(view().model()->index(1, 1)).adjusted(2, 2, -2, -2);

@@ -234,9 +234,14 @@ TEST_P(LossOfFocus, AsksWhileMethodsAreCompared) {
   EXPECT_EQ(questions(), 1);
 }
 
+/// There the current record is blank and carries the selected asset's index, after an opening.
 TEST_P(LossOfFocus, AsksNothingOnTheRegister) {
   saveTruck();
+  window.closeCompany();
+  ASSERT_TRUE(window.openCompany(path()));
+  settle();
   clickCell(0, 1);
+  ASSERT_TRUE(calculator().container().CheckforChanges());
   leave();
   EXPECT_EQ(questions(), 0);
 }
