@@ -81,12 +81,13 @@ void Backups::opened(const QString& company_path) {
   removeOldest(company_path);
 }
 
-void Backups::keep(const QString& company_path, const QDateTime& now) {
+bool Backups::keep(const QString& company_path, const QDateTime& now) {
   const QString place = folder(company_path);
   const QString aside = aside_.take(place);
-  if (aside.isEmpty() || !QFile::exists(aside)) return;
-  QFile::rename(aside, place + u'/' + now.toString(stamp) + suffix);
+  if (aside.isEmpty() || !QFile::exists(aside)) return true;
+  if (!QFile::rename(aside, place + u'/' + now.toString(stamp) + suffix)) return false;
   removeOldest(company_path);
+  return true;
 }
 
 void Backups::removeOldest(const QString& company_path) {
@@ -116,10 +117,8 @@ QString Backups::restore(const Backup& backup, const QString& company_path, cons
   const QString held = folder(company_path) + QStringLiteral("/restoring");
   QString problem = copyFile(backup.path, held);
   if (problem.isEmpty() && QFile::exists(company_path)) {
-    if (!setAside(company_path)) {
+    if (!setAside(company_path) || !keep(company_path, now)) {
       problem = QCoreApplication::translate("Backups", "The present file could not be copied.");
-    } else {
-      keep(company_path, now);
     }
   }
   if (problem.isEmpty()) problem = copyFile(held, company_path);

@@ -30,8 +30,9 @@ class Backups {
   /// The file is open, and nobody else can have it open. A copy that a crash left behind becomes a
   /// backup where the company was changed after it was taken.
   void opened(const QString& company_path);
-  /// The file has been changed: what was set aside is kept as of `now`, the oldest goes.
-  void keep(const QString& company_path, const QDateTime& now);
+  /// The file has been changed: what was set aside is kept as of `now`, the oldest goes. False
+  /// when it could not be kept; where nothing was set aside nothing is missing.
+  bool keep(const QString& company_path, const QDateTime& now);
   /// The file was closed as it had been opened.
   void drop(const QString& company_path);
 

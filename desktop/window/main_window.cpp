@@ -205,7 +205,8 @@ std::optional<std::uint64_t> MainWindow::revision() const {
 void MainWindow::noteChanges() {
   if (backup_kept_ || company() == nullptr || revision() == kept_revision_) return;
   backup_kept_ = true;
-  around_.backups.keep(companyPath(), QDateTime::currentDateTime());
+  if (around_.backups.keep(companyPath(), QDateTime::currentDateTime())) return;
+  note_label_->setText(tr("No backup could be made"));
 }
 
 void MainWindow::noteFailure(std::string_view report) {
