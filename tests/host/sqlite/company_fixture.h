@@ -12,6 +12,7 @@
 
 #include "DepCalc/asset_store.h"
 #include "host/sqlite/company_file.h"
+#include "host/unit_of_work.h"
 #include "tests/DepCalc/store_pair.h"
 #include "tests/support/temporary_directory.h"
 
@@ -72,6 +73,33 @@ class CompanyFile : public testing::Test {
 
   TemporaryDirectory directory_;
   std::string path_ = directory_.path() + "/acme.company";
+};
+
+/// With twenty assets, to be harmed and put right again.
+class SampleCompanyFile : public CompanyFile {
+ protected:
+  static constexpr std::size_t page_size = 8192;
+
+  SampleCompanyFile() {
+    const File file = create();
+    file->unitOfWork()->begin();
+    save(file, 20);
+    file->unitOfWork()->end();
+    content_ = contentOf(*file);
+    file->close();
+    bytes_ = bytesOf(path_);
+  }
+
+  void restore() const {
+    std::filesystem::remove_all(path_);
+    for (const char* beside : {"-journal", "-wal", "-shm"}) {
+      std::filesystem::remove_all(path_ + beside);
+    }
+    writeBytes(path_, bytes_);
+  }
+
+  std::string bytes_;
+  TableContent content_;
 };
 
 }  // namespace depcalc::testing_support
