@@ -108,7 +108,9 @@ echo "$(ls -d "$work"/*-*-*-* | wc -l) runs of $(ls "$work/C-2024-02-29/"*.statu
 # --- Today -----------------------------------------------------------------------------------------
 
 # Fifty years from the day $1 of today, and the day behind it.
-fifty_years_on() { echo "$1" | sed 's/-02-29$/-02-28/' | { IFS=- read -r y m d && echo "$((y + 50))-$m-$d"; }; }
+fifty_years_on() {
+  echo "$1" | sed 's/-02-29$/-02-28/' | (IFS=- read -r y m d && echo "$((y + 50))-$m-$d")
+}
 
 accepted() {
   printf 'life,basis,placed_in_service\n1,9,%s\n' "$1" |
@@ -134,8 +136,9 @@ export QT_QPA_PLATFORM XDG_RUNTIME_DIR TZ
 depcalc new "$work/w.company"
 depcalc import --today 2024-06-01 "$work/w.company" "$work/plain.csv" > /dev/null
 for language in C $languages; do
-  LC_ALL=$language.UTF-8 ASAN_OPTIONS=detect_leaks=0 depcalc-desktop --preview "$work/screens-$language" "$work/w.company" \
-    > /dev/null 2> "$work/messages" || fail "$(cat "$work/messages")"
+  LC_ALL=$language.UTF-8 ASAN_OPTIONS=detect_leaks=0 depcalc-desktop \
+    --preview "$work/screens-$language" "$work/w.company" > /dev/null 2> "$work/messages" ||
+    fail "$(cat "$work/messages")"
   for document in "$work/screens-$language/"*.pdf; do
     pdftotext -layout "$document" "$document.text"
     rm "$document"
