@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <filesystem>
+#include <system_error>
 
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/start_page.h"
@@ -67,7 +69,7 @@ QString MainWindow::companyTitle() const {
 
 bool MainWindow::openCompany(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  leaveCompany();
+  if (isOpen(absolute)) leaveCompany();
   bool copied = false;
   try {
     // What a crash left half done is put right first, so that the copy is whole.
@@ -77,6 +79,7 @@ bool MainWindow::openCompany(const QString& path) {
     copied = around_.backups.setAside(absolute);
     auto company = around_.files.open(absolute.toStdString());
     around_.backups.opened(absolute);
+    leaveCompany();
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     around_.backups.drop(absolute);
@@ -87,6 +90,14 @@ bool MainWindow::openCompany(const QString& path) {
   return true;
 }
 
+/// Whether it is the file of the company that is open, by whatever name.
+bool MainWindow::isOpen(const QString& path) const {
+  std::error_code no_such_file;
+  return company() != nullptr &&
+         (path == companyPath() ||
+          std::filesystem::equivalent(path.toStdString(), company()->path(), no_such_file));
+}
+
 void MainWindow::openCompanyWhenPainted(const QString& path) {
   awaiting_paint_ = path;
   company_label_->setText(tr("Opening %1…").arg(QFileInfo(path).completeBaseName()));
@@ -94,9 +105,10 @@ void MainWindow::openCompanyWhenPainted(const QString& path) {
 
 bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  leaveCompany();
   try {
-    takeCompany(around_.files.create(absolute.toStdString(), info), absolute);
+    auto company = around_.files.create(absolute.toStdString(), info);
+    leaveCompany();
+    takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     tell(qtText(error.what()));
     return false;

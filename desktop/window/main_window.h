@@ -33,8 +33,9 @@ class MainWindow : public QMainWindow {
   explicit MainWindow(Surroundings surroundings);
   ~MainWindow() override;
 
-  /// Closes the company that is open and opens this one, and the calculator where the company is
-  /// in single-user mode. What goes wrong is told to the user. Returns whether it is open.
+  /// Opens this company in place of the one that is open, and the calculator where it is in
+  /// single-user mode. What goes wrong is told to the user, and another company that is open stays
+  /// so. Returns whether this one is open.
   bool openCompany(const QString& path);
   /// The same as soon as the window has been painted for the first time: it is there at once, and
   /// says until then which company it opens.
@@ -83,6 +84,7 @@ class MainWindow : public QMainWindow {
 
   void fillPage();
   void leaveCompany();
+  [[nodiscard]] bool isOpen(const QString& path) const;
   void endCalculator();
   void takeCompany(std::unique_ptr<Company> company, const QString& path);
   void showPlaceholder();

@@ -105,6 +105,17 @@ TEST_F(Window, ACompanyThatCannotBeOpenedIsSaidSo) {
   EXPECT_EQ(window.company(), nullptr);
 }
 
+TEST_F(Window, ACompanyStaysOpenAndUnaskedWhereAnotherCannotBeOpened) {
+  newCompany("one");
+  fill("FIRST");
+  EXPECT_FALSE(window.openCompany(path("nowhere")));
+  EXPECT_THAT(boxes.take(), ElementsAre("Depreciation Calculator | " +
+                                        path("nowhere").toStdString() + ": no such company"));
+  ASSERT_NE(window.company(), nullptr);
+  EXPECT_EQ(window.company()->path(), path("one").toStdString());
+  EXPECT_EQ(form().IDText.text(), "FIRST");
+}
+
 TEST_F(Window, EachCompanyGetsACalculatorOfItsOwn) {
   newCompany("one");
   fill("FIRST");
