@@ -14,6 +14,7 @@
 
 #include "cli/progress.h"
 #include "tests/cli/program.h"
+#include "tests/support/company_lock.h"
 
 namespace depcalc {
 namespace {
@@ -26,22 +27,6 @@ class CompanyProgram : public Program {};
 
 // --- Two programs, one file ----------------------------------------------------------------------
 
-/// Whether `process` has the file for itself. Asks without taking a lock, which could be in the way
-/// of one that is just being taken.
-bool holds(pid_t process, const std::string& path) {
-  constexpr off_t shared_first = 0x40000002;  // where SQLite locks
-  constexpr off_t shared_size = 510;
-  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  struct flock lock {};
-  lock.l_type = F_RDLCK;
-  lock.l_whence = SEEK_SET;
-  lock.l_start = shared_first;
-  lock.l_len = shared_size;
-  const bool asked = ::fcntl(file, F_GETLK, &lock) == 0;
-  ::close(file);
-  return asked && lock.l_type == F_WRLCK && lock.l_pid == process;
-}
-
 TEST_F(CompanyProgram, RefusesAFileThatAnotherHoldsAndSaysWhoUntilThatIsGone) {
   make(file_, 3);
   writeAssets(one_, 1);
@@ -50,9 +35,7 @@ TEST_F(CompanyProgram, RefusesAFileThatAnotherHoldsAndSaysWhoUntilThatIsGone) {
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   // It has the file while it waits for assets.
   const pid_t holder = start({"import", file_, "-"}, {.in = ends[0], .errors = -1, .first = {}});
-  for (int i = 0; i < 3'000 && !holds(holder, file_); ++i) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(10));
-  }
+  ASSERT_TRUE(comesToHold(holder, file_));
   const std::string said = file_ + " is in use by depcalc (process " + std::to_string(holder) + ")";
   for (const Arguments& arguments : std::vector<Arguments>{{"list", file_},
                                                            {"check", file_},

@@ -16,6 +16,7 @@
 #include "DepCalc/asset_store.h"
 #include "desktop/host/backups.h"
 #include "desktop/host/sqlite_companies.h"
+#include "tests/support/company_lock.h"
 
 namespace depcalc::testing {
 namespace {
@@ -77,9 +78,9 @@ class DesktopCrash : public ::testing::Test {
     ASSERT_TRUE(process.waitForStarted());
     awaitHolder("depcalc-desktop");
   }
-  /// Whoever looks opens the file itself for a moment.
   void awaitHolder(const char* name) {
-    for (int i = 0; i < 400 && problem().find(name) == std::string::npos; ++i) QThread::msleep(25);
+    const auto process = static_cast<pid_t>(first_.processId());
+    ASSERT_TRUE(testing_support::comesToHold(process, company_.toStdString()));
     ASSERT_THAT(problem(), HasSubstr(name));
   }
   /// The window opens no file that the first program holds, and its box says who does.
