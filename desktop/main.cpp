@@ -48,7 +48,7 @@ Options parse(const QApplication& application) {
 }
 
 QString writable(QStandardPaths::StandardLocation location) {
-  const QString path = QStandardPaths::writableLocation(location);
+  QString path = QStandardPaths::writableLocation(location);
   QDir().mkpath(path);
   return path;
 }
@@ -67,8 +67,8 @@ int preview(MainWindow& window, const Options& options, const QString& scratch) 
   return paths.isEmpty() ? failed : success;
 }
 
-int run(QApplication& application, const Options& options) {
-  if (options.dark) application.setPalette(darkPalette());
+int run(const Options& options) {
+  if (options.dark) QApplication::setPalette(darkPalette());
   const QTemporaryDir scratch;
   const bool previews = !options.preview.isEmpty();
   const QString config = previews ? scratch.path() : writable(QStandardPaths::AppConfigLocation);
@@ -107,5 +107,5 @@ int main(int argc, char** argv) {
   QApplication::setDesktopFileName(QStringLiteral("depcalc-desktop"));
   QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("depcalc-desktop")));
   depcalc::desktop::installAccessibleControls();
-  return depcalc::desktop::run(application, depcalc::desktop::parse(application));
+  return depcalc::desktop::run(depcalc::desktop::parse(application));
 }

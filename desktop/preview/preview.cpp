@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QPdfWriter>
 #include <QTimer>
+#include <utility>
 
 #include "compare/dep_calc_display_ctl.h"
 #include "desktop/preview/image_printer.h"
@@ -18,7 +19,7 @@ constexpr double margin_points = 36;
 
 class Walk {
  public:
-  Walk(MainWindow& window, const QString& directory) : window_(window), directory_(directory) {}
+  Walk(MainWindow& window, QString directory) : window_(window), directory_(std::move(directory)) {}
 
   QStringList run() {
     show();

@@ -16,7 +16,8 @@ int qtAlignment(CellAlignment alignment) {
   constexpr std::array verticals = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
   constexpr std::array horizontals = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
   const auto number = static_cast<std::size_t>(alignment);
-  return horizontals.at(number / 3) | verticals.at(number % 3);
+  const Qt::Alignment flags = horizontals.at(number / 3) | verticals.at(number % 3);
+  return static_cast<int>(flags.toInt());
 }
 
 /// Which must not be broken behind a thousands separator.

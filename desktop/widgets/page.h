@@ -30,7 +30,7 @@ class Page : public QScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
-  void reveal(QWidget* widget, const QRect& part);
+  void reveal(QWidget* child, const QRect& part);
 
   Surface* surface_ = nullptr;
 };

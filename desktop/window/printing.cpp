@@ -54,21 +54,21 @@ QPrinterInfo printerCalled(const QString& preferred) {
 /// The toolkit's dialog leaves some of its controls without one.
 void nameControls(QPrintPreviewDialog& dialog) {
   for (auto* part : dialog.findChildren<QMainWindow*>())
-    part->setAccessibleName(part->tr("Preview"));
-  for (auto* bar : dialog.findChildren<QToolBar*>()) bar->setAccessibleName(bar->tr("Preview"));
+    part->setAccessibleName(QObject::tr("Preview"));
+  for (auto* bar : dialog.findChildren<QToolBar*>()) bar->setAccessibleName(QObject::tr("Preview"));
   for (auto* more : dialog.findChildren<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
-    more->setAccessibleName(more->tr("More"));
+    more->setAccessibleName(QObject::tr("More"));
   }
   for (auto* pages : dialog.findChildren<QGraphicsView*>()) {
-    pages->setAccessibleName(pages->tr("Pages"));
+    pages->setAccessibleName(QObject::tr("Pages"));
   }
   for (auto* zoom : dialog.findChildren<QComboBox*>()) {
-    zoom->setAccessibleName(zoom->tr("Zoom"));
+    zoom->setAccessibleName(QObject::tr("Zoom"));
     zoom->view()->setAccessibleName(zoom->accessibleName());
   }
   for (auto* number : dialog.findChildren<QLineEdit*>()) {
     const bool zooms = qobject_cast<QComboBox*>(number->parent()) != nullptr;
-    number->setAccessibleName(zooms ? number->tr("Zoom") : number->tr("Page"));
+    number->setAccessibleName(zooms ? QObject::tr("Zoom") : QObject::tr("Page"));
   }
 }
 
