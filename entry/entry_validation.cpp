@@ -45,9 +45,15 @@ void DepCalcCtl::settle(TextBox& field, bool& changed, const Checked<Value>& che
 
 void DepCalcCtl::StartDateText_Validate(bool& cancel) {
   trapped("DepCalcCtl::StartDateText_Validate", [&] {
+    const Date today = site().today();
+    // The date stands in the field in full before it is held against the limit.
+    const auto date = normalisedDateText({StartDateText.text(), changed_.start_date}, today);
+    if (const auto* text = std::get_if<Accepted<std::string>>(&date)) {
+      StartDateText.setText(text->value);
+    }
     settle(StartDateText, changed_.start_date,
-           placedInServiceRule({StartDateText.text(), changed_.start_date}, site().today()), cancel,
-           [this](Date date) { record().AssetStartDate(date); });
+           placedInServiceRule({StartDateText.text(), changed_.start_date}, today), cancel,
+           [this](Date placed) { record().AssetStartDate(placed); });
   });
 }
 

@@ -129,6 +129,13 @@ TEST(AssetAmounts, ReadUpToTheYearAfterTheLastOnly) {
   EXPECT_EQ(record.DepItem(6).ticks(), 106);
 }
 
+TEST(AssetAmounts, AreAllocatedByTheFirstReading) {
+  CalculateDep record;
+  EXPECT_TRUE(record.depItems().empty());
+  EXPECT_EQ(record.DepItem(0), Currency());
+  EXPECT_EQ(record.depItems().size(), 2U);
+}
+
 TEST(AssetAmounts, ReportIndicesOutOfBounds) {
   CalculateDep record;
   record.DepRecovery(5);

@@ -109,6 +109,27 @@ TEST_F(EntryFields, RefusedDateIsEmptiedKeepsTheFocusAndLeavesTheRecord) {
   }
 }
 
+TEST_F(EntryFields, DateStandsInTheFieldInFullWhenItIsHeldAgainstTheLimit) {
+  const std::string box = "box Placed-in-service Date | Please enter a date less than 50 years ";
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"1.1.2090", "01/01/2090", box + "from today. | OK -> OK"},
+      {"01011960", "01/01/1960", box + "ago. | OK -> OK"},
+  };
+  for (const auto& [typed, shown, message] : cases) {
+    user.moveFocus(form.StartDateText);
+    user.paste(typed);
+    trace.take();
+    std::vector<std::string> seen;
+    const auto watch = form.StartDateText.observe([&](Aspect aspect) {
+      if (aspect == Aspect::text) seen.push_back(form.StartDateText.text());
+    });
+    EXPECT_FALSE(leave(form.StartDateText));
+    EXPECT_THAT(seen, ElementsAre(shown, ""));
+    EXPECT_THAT(trace.take(), ElementsAre("StartDateText.Validate", "StartDateText.Change", message,
+                                          "StartDateText.Change"));
+  }
+}
+
 TEST_F(EntryFields, EmptyDateMovesOnQuietly) {
   typeInto(form.StartDateText, "3/15/2020");
   EXPECT_TRUE(typeInto(form.StartDateText, ""));
