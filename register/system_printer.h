@@ -2,10 +2,12 @@
 #pragma once
 
 #include "controls/site.h"
+#include "values/runtime_error.h"
 
 namespace depcalc {
 
-/// Where there is none, its operations fail, not the taking.
+/// Where there is none, its operations fail, not the taking. Whoever gives the printer may have to
+/// ask the user for it, so a job that came to none ends without asking again.
 class SystemPrinter : public Printer {
  public:
   explicit SystemPrinter(Site& site) : site_(site) {}
@@ -22,7 +24,10 @@ class SystemPrinter : public Printer {
     printer().paintPicture(picture, x, y);
   }
   void newPage() override { printer().newPage(); }
-  void endJob() override { printer().endJob(); }
+  void endJob() override {
+    if (printer_ == nullptr) throw RuntimeError(482, "Printer error");
+    printer_->endJob();
+  }
 
  private:
   Printer& printer() {

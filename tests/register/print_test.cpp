@@ -273,6 +273,17 @@ TEST_F(Printing, SaysSoWhereThereIsNoPrinter) {
   EXPECT_THAT(reports.all(),
               ElementsAre("DepCalcView::GetPrintPictures Error#482: Printer error",
                           "DepCalcView::Printbutton_Mouseup Error#482: Printer error"));
+  EXPECT_EQ(site.printers_asked, 1) << "who was asked for a printer and gave none is left alone";
+}
+
+TEST_F(Printing, AsksForAPrinterAnewForEachJob) {
+  load(3, 19);
+  user.click(view.PrintButton.normal);
+  RecordingPrinter printer(papers[0].width, papers[0].height);
+  print(printer);
+  print(printer);
+  EXPECT_EQ(printer.jobs_ended, 2);
+  EXPECT_EQ(site.printers_asked, 3);
 }
 
 TEST_F(Printing, ReportsAPageTooLowForARow) {

@@ -27,6 +27,12 @@ class LoggingSite : public ScriptedSite {
     log_.emplace_back(pointer == Pointer::hourglass ? "hourglass" : "pointer");
     ScriptedSite::setPointer(pointer);
   }
+  Printer& systemPrinter() override {
+    ++printers_asked;
+    return ScriptedSite::systemPrinter();
+  }
+
+  int printers_asked = 0;
 
  private:
   Log& log_;
