@@ -116,8 +116,8 @@ class MainWindow : public QMainWindow {
   QAction* open_company_ = nullptr;
   QAction* to_multi_user_ = nullptr;
   QAction* to_single_user_ = nullptr;
-  QList<QAction*> company_actions_;     ///< need an open company
-  QList<QAction*> calculator_actions_;  ///< need a calculator that started
+  QList<QAction*> company_actions_;  ///< need an open company
+  QList<QAction*> print_actions_;    ///< need a calculator that started, and assets to print
 };
 
 }  // namespace depcalc::desktop

@@ -57,8 +57,8 @@ void MainWindow::makeFileMenu() {
   connect(to_multi_user_, &QAction::triggered, this, [this] { setMultiUser(true); });
   connect(to_single_user_, &QAction::triggered, this, [this] { setMultiUser(false); });
   menu.addSeparator();
-  calculator_actions_ << addAction(menu, tr("&Print…"), QKeySequence::Print, &MainWindow::print)
-                      << addAction(menu, tr("Print Pre&view…"), {}, &MainWindow::previewPrint);
+  print_actions_ << addAction(menu, tr("&Print…"), QKeySequence::Print, &MainWindow::print)
+                 << addAction(menu, tr("Print Pre&view…"), {}, &MainWindow::previewPrint);
   menu.addSeparator();
   QAction* const quit = menu.addAction(tr("&Quit"));
   quit->setShortcut(QKeySequence::Quit);
@@ -125,7 +125,8 @@ void MainWindow::enableActions() {
   const bool open = company() != nullptr;
   const bool multi = open && application_->CompanyFile()->IsMultiUser();
   for (QAction* action : company_actions_) action->setEnabled(open);
-  for (QAction* action : calculator_actions_) action->setEnabled(calculator_ != nullptr);
+  const bool assets = calculator_ != nullptr && calculator_->assetCount().value_or(0) > 0;
+  for (QAction* action : print_actions_) action->setEnabled(assets);
   to_multi_user_->setVisible(!multi);
   to_multi_user_->setEnabled(open);
   to_single_user_->setVisible(multi);

@@ -384,6 +384,24 @@ TEST_F(Promises, EveryScreenAndPopupHasNamesForAssistiveTools) {
   expectNames(window, 40);
 }
 
+TEST_F(Promises, OnlyARegisterWithAssetsCanBePrinted) {
+  const auto printable = [this] {
+    return std::pair(action("Print…").isEnabled(), action("Print Preview…").isEnabled());
+  };
+  EXPECT_EQ(printable(), std::pair(false, false));
+  saveTruck();
+  EXPECT_EQ(printable(), std::pair(true, true));
+  key(Qt::Key_N, Qt::AltModifier);
+  ASSERT_EQ(shown(), "DepCalcCtl1");
+  EXPECT_EQ(printable(), std::pair(true, true)) << "whatever screen shows";
+  key(Qt::Key_V, Qt::AltModifier);
+  clickCell(1, 1);
+  boxes.answers = {QMessageBox::Yes};
+  key(Qt::Key_D, Qt::AltModifier);
+  EXPECT_EQ(boxes.take().size(), 1U);
+  EXPECT_EQ(printable(), std::pair(false, false));
+}
+
 TEST_F(Promises, EveryDialogHasNamesForAssistiveTools) {
   saveTruck();
   for (const char* name : {"Company Info…", "Print Preview…", "About"}) {
