@@ -406,6 +406,9 @@ TEST_F(EntryFields, ReportARunTimeErrorUnderTheirNamesAndLetGo) {
                                      " Error#91: Object variable or "
                                      "With block variable not set"));
   }
+  EXPECT_EQ(form.BasisText.text(), "5.00") << "a field shows its amount before it stores it";
+  EXPECT_EQ(form.SalvageText.text(), "5.00");
+  EXPECT_EQ(form.StartDateText.text(), "03/15/2020");
   user.chooseItem(form.DConvList, 2);
   EXPECT_TRUE(leave(form.DConvList));
   EXPECT_THAT(boxes(), IsEmpty());

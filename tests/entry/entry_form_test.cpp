@@ -172,6 +172,17 @@ TEST_F(EntryScreen, CalculateAsksForTheFirstRequiredFieldThatIsEmpty) {
   EXPECT_EQ(record().AssetBasis(), Currency::fromText("1000"));
 }
 
+TEST_F(EntryScreen, CalculateForgetsThatTheFormWasFoundValidBefore) {
+  openFilled();
+  form.ValidateData();
+  ASSERT_TRUE(form.dataValid());
+  typeInto(form.DRecoveryText, "");
+  user.click(form.CalcButton.normal);
+  EXPECT_THAT(boxes(), ElementsAre("Useful Life | Please enter the useful life."));
+  EXPECT_FALSE(form.dataValid());
+  EXPECT_THAT(container.take(), IsEmpty());
+}
+
 // --- ValidateData -----------------------------------------------------------------------------
 
 TEST_F(EntryScreen, BlankFormPasses) {
