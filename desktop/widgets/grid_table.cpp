@@ -16,10 +16,12 @@ QVariant GridTable::data(const QModelIndex& index, int role) const {
   const bool inside =
       index.isValid() && index.row() < grid_.rows() && index.column() < grid_.columns();
   if (!inside) return {};
+  const auto text = [&] { return qtText(grid_.text(index.row(), index.column())); };
   switch (role) {
     case Qt::DisplayRole:
+      return text();
     case Qt::ToolTipRole:
-      return qtText(grid_.text(index.row(), index.column()));
+      return toolTipText(text());
     default:
       return {};
   }

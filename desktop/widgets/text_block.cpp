@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QTextDocument>
 #include <algorithm>
 #include <cmath>
 
@@ -24,6 +25,10 @@ double lineHeight() {
 
 QString qtText(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString toolTipText(const QString& text) {
+  return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 QFont qtFont(const Font& font, const Scale& scale) {

@@ -16,6 +16,9 @@ namespace depcalc::desktop {
 
 [[nodiscard]] QString qtText(std::string_view utf8);
 
+/// For a tool tip that shows `text` letter for letter, also where it looks like markup.
+[[nodiscard]] QString toolTipText(const QString& text);
+
 /// The application's family in the size that `font` has at this scale. Widths grow in proportion
 /// to the scale, so that lines break at the same words at every zoom.
 [[nodiscard]] QFont qtFont(const Font& font, const Scale& scale);

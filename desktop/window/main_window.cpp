@@ -44,6 +44,10 @@ MainWindow::MainWindow(Surroundings surroundings)
       figures_label_(new QLabel(this)) {
   setObjectName(QStringLiteral("MainWindow"));
   setCentralWidget(page_);
+  // A company may be called anything.
+  for (QLabel* label : {company_label_, note_label_, figures_label_}) {
+    label->setTextFormat(Qt::PlainText);
+  }
   company_label_->setIndent(fontMetrics().averageCharWidth() / 2);
   statusBar()->addWidget(company_label_);
   statusBar()->addPermanentWidget(note_label_);
@@ -225,7 +229,8 @@ void MainWindow::noteFailure(std::string_view report) {
   if (isOfValues(errorNumber(report))) return;
   note_label_->setText(tr("A host operation failed"));
   const auto trouble = company() == nullptr ? std::nullopt : company()->takeTrouble();
-  note_label_->setToolTip(qtText(trouble.has_value() ? *trouble : std::string(report)));
+  note_label_->setToolTip(
+      toolTipText(qtText(trouble.has_value() ? *trouble : std::string(report))));
 }
 
 void MainWindow::showPlaceholder() {

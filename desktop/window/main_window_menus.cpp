@@ -112,9 +112,9 @@ void MainWindow::fillRecentMenu() {
   recent_menu_->clear();
   int number = 0;
   for (const QString& path : around_.settings.recent()) {
-    QAction* const action =
-        recent_menu_->addAction(tr("&%1 %2").arg(++number).arg(QFileInfo(path).completeBaseName()));
-    action->setToolTip(path);
+    const QString name = QFileInfo(path).completeBaseName().replace(u'&', QStringLiteral("&&"));
+    QAction* const action = recent_menu_->addAction(tr("&%1 %2").arg(++number).arg(name));
+    action->setToolTip(toolTipText(path));
     connect(action, &QAction::triggered, this, [this, path] { openCompany(path); });
   }
   recent_menu_->setToolTipsVisible(true);

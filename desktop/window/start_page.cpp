@@ -12,6 +12,7 @@ StartPage::StartPage(const QString& text, std::initializer_list<QAction*> action
   setAccessibleName(text);
   auto* const label = new QLabel(text, this);
   label->setObjectName(QStringLiteral("Placeholder"));
+  label->setTextFormat(Qt::PlainText);
   label->setAlignment(Qt::AlignCenter);
   label->setWordWrap(true);
   QFont large = label->font();

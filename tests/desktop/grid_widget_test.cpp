@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTextDocumentFragment>
 
 #include "desktop/widgets/caption_strip.h"
 #include "tests/desktop/page_fixture.h"
@@ -87,6 +88,15 @@ TEST_F(GridWidgetTest, MarksTheColumnOfTheCurrentCell) {
   EXPECT_EQ(drawn.pixelColor(cell.center()), surface.colours().selection());
   const QRect other = view().visualRect(view().model()->index(1, 1));
   EXPECT_EQ(drawn.pixelColor(other.center()), surface.colours().base());
+}
+
+TEST_F(GridWidgetTest, ToolTipsShowTextsThatLookLikeMarkupAsTheyAre) {
+  for (const QString text : {"<b>Saw</b> & <i>Sons</i>", "Saw", "1 < 2", ""}) {
+    screen.Table.setText(1, 1, text.toStdString());
+    const auto tip = view().model()->index(1, 1).data(Qt::ToolTipRole).toString();
+    const bool markup = Qt::mightBeRichText(tip);
+    EXPECT_EQ(markup ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip, text);
+  }
 }
 
 /// Rows of pixels between the first and the last that is not of the background.

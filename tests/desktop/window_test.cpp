@@ -67,6 +67,27 @@ TEST_F(Window, IsPaintedBeforeACompanyIsOpened) {
   EXPECT_EQ(fresh.windowTitle(), "Sample Joinery – Depreciation Calculator");
 }
 
+TEST_F(Window, NamesThatLookLikeMarkupAreShownAsTheyAre) {
+  const QString name = QStringLiteral("<b>Saw</b> & Sons");
+  QFile file(path("saw & sons.company"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(window.createCompany(file.fileName(), {name.toStdString(), 1}));
+  EXPECT_EQ(status(0), name + QStringLiteral(" — single-user mode"));
+  action("Switch to Multi-user Mode").trigger();
+  auto* const placeholder = window.findChild<QLabel*>("Placeholder");
+  ASSERT_NE(placeholder, nullptr);
+  EXPECT_TRUE(placeholder->text().startsWith(name));
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+  }
+  action("Switch to Single-user Mode").trigger();
+  for (QAction* entry : window.menuBar()->actions().at(0)->menu()->actions()) {
+    if (entry->menu() == nullptr) continue;
+    emit entry->menu()->aboutToShow();
+    EXPECT_EQ(entry->menu()->actions().at(0)->text(), "&1 saw && sons");
+  }
+}
+
 TEST_F(Window, SwitchesModes) {
   newCompany();
   ASSERT_NE(window.calculator(), nullptr);
