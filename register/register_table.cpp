@@ -59,6 +59,8 @@ void DepCalcView::SetupTable() {
   DeleteButton.setVisible(true);
   EditButton.setVisible(true);
   InstrLabel.show();
+  // Where the fill ends early, nothing of an earlier one may stand under other years' captions.
+  table.setColumns(1);
   table.setColumns(myNumAssets + 1);
   table.setRows(toLong32HalfEven(myNumYrs + 13));
   table.setTopRow(0);

@@ -203,6 +203,21 @@ TEST_F(Register, StopsFillingAtAnAssetWhoseFiscalYearEndDoesNotExist) {
   EXPECT_TRUE(table.redraw());
 }
 
+TEST_F(Register, LeavesNothingOfAnEarlierFillBehindAnAssetItStopsAt) {
+  auto second = makeAsset("SECOND");
+  second->DepItem(0, money("2"));
+  container.assets = {makeAsset("FIRST"), second};
+  showView();
+  EXPECT_EQ(years(2).front(), "2.00");
+  container.assets.front()->FYEnd(Date::strict(2024, 2, 29));
+  container.assets.front()->AssetStartDate(Date::strict(2023, 1, 5));
+  container.start_year = 2023;
+  showView();
+  EXPECT_EQ(table.text(0, 1), "FIRST");
+  EXPECT_EQ(table.text(12, 0), "FY2023");
+  EXPECT_THAT(column(2), Each("")) << "least of all an amount under another year";
+}
+
 TEST_F(Register, StopsFillingWhereTheArrayHasNoAsset) {
   container.assets = {makeAsset("A"), nullptr, makeAsset("C")};
   showView();
