@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "controls/label.h"
 #include "controls/option_button.h"
 #include "controls/picture_button.h"
@@ -338,6 +340,23 @@ TEST_F(Mouse, AbandonsAPressWhoseControlVanished) {
   screen.save.normal.onMouseUp = [] { FAIL() << "it is gone"; };
   user.click(screen.save.normal);
   EXPECT_THAT(trace.take(), ::testing::Contains("SaveButton.PressAbandoned"));
+}
+
+TEST_F(Mouse, ClicksNothingThatItsReleaseHid) {
+  screen.save.normal.onMouseUp = [&] { screen.hide(); };
+  screen.save.normal.onClick = [] { FAIL() << "it is gone"; };
+  user.click(screen.save.normal);
+  EXPECT_FALSE(screen.visible());
+}
+
+TEST_F(Mouse, ForgetsAPressWhoseControlCameToItsEnd) {
+  auto passing = std::make_unique<Screen>(container, "Three");
+  passing->show();
+  user.mouseDown(passing->save.normal);
+  passing.reset();
+  trace.take();
+  user.mouseUp(nullptr);
+  EXPECT_THAT(trace.take(), IsEmpty());
 }
 
 TEST_F(Mouse, ShowsPairsTogether) {
