@@ -70,7 +70,10 @@ void DepCalcCont::takeCompanyFile(std::shared_ptr<HostCompanyFile> file) {
   if (state_.m_orvcf != nullptr) state_.m_orvcf->advise(*this);
 }
 
-void DepCalcCont::CompanyFileOpened() { takeCompanyFile(m_orv_->CompanyFile()); }
+void DepCalcCont::CompanyFileOpened() {
+  trapped("DepCalc::m_orv_CompanyFileOpened", [&] { takeCompanyFile(m_orv_->CompanyFile()); });
+}
+
 void DepCalcCont::CompanyFileClosing() { takeCompanyFile(nullptr); }
 
 void DepCalcCont::Initialize(HostApplication& /*host*/) {}

@@ -128,6 +128,18 @@ TEST_F(StartUp, FollowsTheCompanyFileClosingAndOpening) {
   EXPECT_EQ(container.m_orvcf(), other);
 }
 
+TEST_F(StartUp, KeepsTheCompanyFileWhereTheNewOneCannotBeHad) {
+  const auto plan = std::make_shared<FailurePlan>();
+  create_host = [&] { return failingApplication(application, plan); };
+  application->open(file);
+  container.DepCalcCont_Initialize();
+  const auto before = container.m_orvcf();
+  *plan = {.fail_at = 1};
+  application->open(std::make_shared<MemoryCompanyFile>(Date::strict(2024, 1, 1)));
+  EXPECT_THAT(reports, ElementsAre("DepCalc::m_orv_CompanyFileOpened Error#57: Device I/O error"));
+  EXPECT_EQ(container.m_orvcf(), before);
+}
+
 TEST_F(StartUp, TakesUpAFileThatWasOpenedAfterTheRefusal) {
   container.DepCalcCont_Initialize();
   application->open(file);
