@@ -40,7 +40,7 @@ Date AssetStore::fiscalYearEnd() const { return companyFile().FiscalYearStart().
 AssetStore::FirstView AssetStore::open() {
   state_.TableName = asset_table_name;
   state_.InfoIndex = 0;
-  const UnitScope unit(*this, "DepCalc::DepCalcCont_Initialize");
+  UnitScope unit(*this, "DepCalc::DepCalcCont_Initialize");
   const Table table = openTable();
   const Date fiscal_year_end = fiscalYearEnd();
   const bool fresh = !table->Exists(infoIndex()) || table->Count() < 1;
@@ -51,6 +51,7 @@ AssetStore::FirstView AssetStore::open() {
     info->Modified(true);
     info->Commit();
   });
+  unit.end();  // what cannot be written ends the start-up
   if (fresh || table->Count() <= 1) return FirstView::entry_form;
   return FirstView::asset_register;
 }

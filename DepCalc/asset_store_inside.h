@@ -3,6 +3,7 @@
 
 #include <charconv>
 #include <string>
+#include <utility>
 
 #include "DepCalc/asset_store.h"
 #include "common/trapped.h"
@@ -24,6 +25,10 @@ class AssetStore::UnitScope {
   }
   ~UnitScope() {
     if (unit_ != nullptr) trapped(procedure_, [&] { unit_->end(); });
+  }
+  /// Ends the unit before its time; an error of writing reaches the caller.
+  void end() {
+    if (HostUnitOfWork* const unit = std::exchange(unit_, nullptr)) unit->end();
   }
   UnitScope(const UnitScope&) = delete;
   UnitScope& operator=(const UnitScope&) = delete;

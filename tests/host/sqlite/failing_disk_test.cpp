@@ -177,6 +177,17 @@ class RefusingDisk : public FailingDisk {
   int committed_ = 0;  ///< though an error was told
 };
 
+TEST_F(RefusingDisk, EndsTheOpeningOfTheStore) {
+  Session session(openOf(SqliteCompanyFile::open(path_, options(vfs_.name()))));
+  std::vector<std::string> reports;
+  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  vfs_.failAt(1, Failure::disk_full, true);
+  EXPECT_THROW((void)session.store.open(), FileTrouble) << "no view is answered";
+  EXPECT_THAT(reports, testing::Each(HasSubstr("DepCalc::company file")));
+  session.file->close();
+  vfs_.failAt(0, Failure::disk_full, false);
+}
+
 TEST_F(RefusingDisk, LeavesTheStateBeforeOrAfterAndSaysSoWhicheverChangeFails) {
   recordStates();
   int failures = 0;
