@@ -9,6 +9,7 @@
 #include "cli/asset_columns.h"
 #include "cli/company.h"
 #include "cli/data_text.h"
+#include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/text_columns.h"
 #include "entry/field_rules.h"
@@ -121,9 +122,7 @@ class ListCommand final : public CompanyCommand {
   [[nodiscard]] bool onlyReads() const override { return true; }
 
   void declareMore(CLI::App& app) override {
-    app.add_option("--format", format_, "How to write: table (for people), csv or json")
-        ->check(CLI::IsMember({"table", "csv", "json"}))
-        ->option_text("FORMAT");
+    addFormatOption(app, format_);
     app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes");
     app.footer(
         R"(In csv a text that a spreadsheet would take for a formula (it begins with = + - @, a tab or a
@@ -134,9 +133,9 @@ Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
-    if (format_ == "csv") {
+    if (format_ == OutputFormat::csv) {
       listCsv(company, CsvFields(raw_), surroundings.out);
-    } else if (format_ == "json") {
+    } else if (format_ == OutputFormat::json) {
       listJson(company, surroundings.out);
     } else {
       listTable(company, surroundings.out);
@@ -179,7 +178,7 @@ Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 
     writeTable(rows, out);
   }
 
-  std::string format_ = "table";
+  OutputFormat format_ = OutputFormat::table;
   bool raw_ = false;
 };
 

@@ -34,6 +34,19 @@ void addDateOption(CLI::App& app, const std::string& name, Target& target,
 
 }  // namespace
 
+void addFormatOption(CLI::App& app, OutputFormat& format) {
+  app.add_option_function<std::string>(
+         "--format",
+         [&format](const std::string& name) {
+           format = name == "csv"    ? OutputFormat::csv
+                    : name == "json" ? OutputFormat::json
+                                     : OutputFormat::table;
+         },
+         "How to write: table (for people), csv or json")
+      ->check(CLI::IsMember({"table", "csv", "json"}))
+      ->option_text("FORMAT");
+}
+
 void addTodayOption(CLI::App& app, std::optional<Date>& today) {
   addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD",
                 "Take this day for today instead of the clock's");

@@ -1,6 +1,7 @@
 // Options that several subcommands have.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,12 @@ class App;
 }
 
 namespace depcalc {
+
+/// How a command writes what it has to say.
+enum class OutputFormat : std::uint8_t { table, csv, json };
+
+/// --format FORMAT into `format`.
+void addFormatOption(CLI::App& app, OutputFormat& format);
 
 /// --today YYYY-MM-DD into `today`.
 void addTodayOption(CLI::App& app, std::optional<Date>& today);

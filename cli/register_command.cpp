@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/data_text.h"
+#include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/register_page.h"
 #include "cli/text_columns.h"
@@ -28,9 +29,7 @@ class RegisterCommand final : public CompanyCommand {
   [[nodiscard]] bool onlyReads() const override { return true; }
 
   void declareMore(CLI::App& app) override {
-    app.add_option("--format", format_, "How to write: table (for people), csv or json")
-        ->check(CLI::IsMember({"table", "csv", "json"}))
-        ->option_text("FORMAT");
+    addFormatOption(app, format_);
     app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes; see list --help");
     app.footer(R"(A row stands for a field or a fiscal year, a column for an asset.
 Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usage,
@@ -46,11 +45,11 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
   }
 
   void write(const RegisterPage& page, Output& out) const {
-    if (format_ == "json") {
+    if (format_ == OutputFormat::json) {
       writeJson(page, out);
     } else if (!page.hasAssets()) {
-      if (format_ == "table") out.write("No assets.\n");
-    } else if (format_ == "csv") {
+      if (format_ == OutputFormat::table) out.write("No assets.\n");
+    } else if (format_ == OutputFormat::csv) {
       writeCsv(page.table(), CsvFields(raw_), out);
     } else {
       writeTable(page.table(), out);
@@ -112,7 +111,7 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
     }
   }
 
-  std::string format_ = "table";
+  OutputFormat format_ = OutputFormat::table;
   bool raw_ = false;
 };
 

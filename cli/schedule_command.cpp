@@ -32,9 +32,7 @@ class ScheduleCommand final : public Command {
   void declare(CLI::App& app) override {
     app.add_option("FILE", file_, "CSV file with a header row; - or nothing for standard input")
         ->option_text(" ");
-    app.add_option("--format", format_, "How to write: table (for people), csv or json")
-        ->check(CLI::IsMember({"table", "csv", "json"}))
-        ->option_text("FORMAT");
+    addFormatOption(app, format_);
     addTodayOption(app, today_);
     addFiscalYearEndOption(app, fiscal_year_end_,
                            "The fiscal year's last day where the file names none, else 12-31");
@@ -70,8 +68,8 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
 
  private:
   [[nodiscard]] std::unique_ptr<ScheduleWriter> makeWriter(Output& out) const {
-    if (format_ == "csv") return csvWriter(out, CsvFields(raw_texts_));
-    if (format_ == "json") return jsonWriter(out);
+    if (format_ == OutputFormat::csv) return csvWriter(out, CsvFields(raw_texts_));
+    if (format_ == OutputFormat::json) return jsonWriter(out);
     return tableWriter(out);
   }
 
@@ -112,7 +110,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
   }
 
   std::string file_ = "-";
-  std::string format_ = "table";
+  OutputFormat format_ = OutputFormat::table;
   std::optional<Date> today_;
   Date fiscal_year_end_ = Date::strict(2000, 12, 31);
   bool ignore_unknown_ = false;
