@@ -212,7 +212,7 @@ class Measurement {
     std::vector<double> ours;
     std::vector<double> plain;
     for (int i = 0; i < single_saves; ++i) {
-      const auto index = static_cast<std::size_t>(1 + i * 1'300);
+      const auto index = 1 + static_cast<std::size_t>(i) * 1'300;
       ours.push_back(seconds([&] { session_->store.DepCalcContSaveRecord(records_[index - 1]); }));
       plain.push_back(seconds([&] { plain_.write({texts_[index]}, static_cast<int>(index)); }));
     }

@@ -63,7 +63,7 @@ void fourMethods(benchmark::State& state) {
   std::vector<Currency> straight_line;
   std::vector<Currency> sum_of_years_digits;
   std::vector<Currency> double_declining_balance;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     for (const auto& asset : assets) {
       asset->StraightLine(straight_line);
       asset->SumofYearsDigits(sum_of_years_digits);
@@ -83,7 +83,7 @@ void bareLoop(benchmark::State& state) {
   std::vector<BareAsset> assets;
   for (const auto& asset : someAssets(state)) assets.push_back(bare(*asset, random));
   BareSchedules schedules;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     for (const BareAsset& asset : assets) {
       bareMethods(asset, schedules);
       benchmark::DoNotOptimize(schedules);

@@ -12,10 +12,8 @@ namespace depcalc {
 namespace {
 
 using testing_support::AssetEntry;
-using testing_support::contentOf;
 using testing_support::HostKind;
 using testing_support::newAsset;
-using testing_support::registerWithout;
 using testing_support::storeHostKinds;
 using testing_support::StorePair;
 using testing_support::testNameOf;

@@ -10,7 +10,6 @@ namespace depcalc {
 namespace {
 
 using testing::ElementsAre;
-using testing_support::AssetEntry;
 using testing_support::describe;
 using testing_support::HostKind;
 using testing_support::newAsset;

@@ -163,7 +163,7 @@ void LiteralStore::WriteTableInfo() {
 }
 
 CalculateDepPtr LiteralStore::ReadData(std::int16_t index) {
-  const auto result = std::make_shared<CalculateDep>();
+  auto result = std::make_shared<CalculateDep>();
   cut_short.insert(result);
   trap("ReadData", [&] {
     OpenTable();

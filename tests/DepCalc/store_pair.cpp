@@ -11,9 +11,9 @@ namespace depcalc::testing_support {
 namespace {
 
 std::vector<Currency> amountsOf(const AssetEntry& entry, CalculateDep& asset) {
-  const auto straight_line = asset.StraightLine();
-  const auto digits = asset.SumofYearsDigits();
-  const auto balance = asset.DoubleDecliningBalance();
+  auto straight_line = asset.StraightLine();
+  auto digits = asset.SumofYearsDigits();
+  auto balance = asset.DoubleDecliningBalance();
   const Currency rate = asset.UnitsofProduction();
   if (entry.method == "SYD") return digits;
   if (entry.method == "DDB") return balance;

@@ -102,6 +102,7 @@ class ListAndImport : public testing::Test {
   void run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "depcalc");
     std::vector<const char*> words;
+    words.reserve(arguments.size());
     for (const std::string& argument : arguments) words.push_back(argument.c_str());
     Output out(::open(path("out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));
     Output errors(::open(path("errors").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600));

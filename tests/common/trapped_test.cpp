@@ -35,7 +35,7 @@ TEST(ErrorTrap, ReportsNumberAndDescription) {
   };
   for (const auto& [error, report] : cases) {
     Reports reports;
-    trapped("P", [&error = error] { throw error; });
+    trapped("P", [&error = error] { throw RuntimeError(error); });
     EXPECT_EQ(reports.last(), report);
   }
 }

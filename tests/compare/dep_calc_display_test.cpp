@@ -62,6 +62,7 @@ struct Comparison : ::testing::Test {
   }
   std::vector<std::string> column(int number) {
     std::vector<std::string> cells;
+    cells.reserve(static_cast<std::size_t>(screen.DisplayTable.rows()));
     for (int row = 0; row < screen.DisplayTable.rows(); ++row) {
       cells.emplace_back(screen.DisplayTable.text(row, number));
     }
@@ -69,6 +70,7 @@ struct Comparison : ::testing::Test {
   }
   std::vector<std::string> amounts(int count) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
       texts.push_back(record().DepItem(static_cast<std::int16_t>(i)).toText());
     }
@@ -291,7 +293,8 @@ TEST_F(Comparison, LookingAtACellChoosesNothing) {
 CalculateDepPtr withPriorChoice() {
   auto asset = sample();
   asset->DepMethod("SYD");
-  for (std::int16_t i = 0; i <= 5; ++i) asset->DepItem(i, Currency::fromTicks((i + 1) * 10'000));
+  for (std::int16_t i = 0; i <= 5; ++i)
+    asset->DepItem(i, Currency::fromTicks((i + 1) * std::int64_t{10'000}));
   return asset;
 }
 

@@ -88,7 +88,7 @@ TEST_F(Properties, TellObserversOnceAndOnlyOfADifference) {
 
 TEST_F(Properties, AreSetBeforeTheEventIsRaised) {
   std::vector<std::string> order;
-  const auto observation = screen.box.observe([&](Aspect) { order.push_back("observer"); });
+  const auto observation = screen.box.observe([&](Aspect) { order.emplace_back("observer"); });
   screen.box.onChange = [&] { order.push_back("Change " + screen.box.text()); };
   screen.box.setText("5");
   screen.box.setText("5");
@@ -98,7 +98,7 @@ TEST_F(Properties, AreSetBeforeTheEventIsRaised) {
 
 TEST_F(Properties, ChangeAgainInsideAChangeHandlerAndComeToRest) {
   screen.box.onChange = [&] {
-    if (screen.box.text() != "") screen.box.setText("");
+    if (!screen.box.text().empty()) screen.box.setText("");
   };
   screen.box.setText("-");
   EXPECT_EQ(screen.box.text(), "");

@@ -192,9 +192,9 @@ TEST_F(FocusMoves, SurviveAnErrorInsideAValidation) {
 
 TEST_F(FocusMoves, AreHeardByBothControls) {
   std::vector<std::string> heard;
-  const auto from = screen.box.observe([&](Aspect) { heard.push_back("box"); });
+  const auto from = screen.box.observe([&](Aspect) { heard.emplace_back("box"); });
   const auto to = screen.list.observe([&](Aspect aspect) {
-    if (aspect == Aspect::focus) heard.push_back("list");
+    if (aspect == Aspect::focus) heard.emplace_back("list");
   });
   user.tab();
   EXPECT_THAT(heard, ElementsAre("box", "list"));

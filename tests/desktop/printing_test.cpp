@@ -57,13 +57,14 @@ class Document {
 
 struct PrintedSchedule : ::testing::Test, testing::RegisterSurroundings {
   void load(int assets, int rows) {
+    const auto years = static_cast<std::int16_t>(rows - 13);
     container.assets.clear();
     for (int i = 1; i <= assets; ++i) {
       auto asset = testing::makeAsset("ID-" + std::to_string(i));
       asset->AssetName("Delivery truck");
       asset->DepRecovery(50);
       asset->AssetBasis(Currency::fromDouble(9'999'999.99));
-      for (std::int16_t k = 0; k < rows - 13; ++k) {
+      for (std::int16_t k = 0; k < years; ++k) {
         asset->DepItem(k, Currency::fromDouble(1000.0 * i + k));
       }
       container.assets.push_back(std::move(asset));
