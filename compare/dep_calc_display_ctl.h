@@ -66,6 +66,7 @@ class DepCalcDisplayCtl : public UserControl {
 
   // display_fill.cpp
   void fill();
+  void forgetEarlierFill();
   void keepPrior();
   void sizeTable();
   void writeHeaders();

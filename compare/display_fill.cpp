@@ -52,6 +52,7 @@ void DepCalcDisplayCtl::Paint() {
 
 void DepCalcDisplayCtl::fill() {
   const DrawingPaused paused(DisplayTable);
+  forgetEarlierFill();
   AName.setText(record_->AssetName());
   AID.setText(record_->AssetID());
   years_ = toInteger16HalfEven(record_->DepRecovery() + (isFullYear(*record_) ? 0 : 1));
@@ -62,6 +63,15 @@ void DepCalcDisplayCtl::fill() {
   DoDepCalculations();
   DisplayCalcsinTable();
   PopulateDepInfo();
+}
+
+/// Where a fill ends early, the amounts of the asset before must neither show nor be saved as this
+/// one's.
+void DepCalcDisplayCtl::forgetEarlierFill() {
+  DisplayTable.setRows(0);
+  UoPTable.setText(0, 0, {});
+  UoPTable.setText(0, 1, {});
+  results_ = {};
 }
 
 void DepCalcDisplayCtl::keepPrior() {

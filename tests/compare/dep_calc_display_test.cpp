@@ -13,6 +13,7 @@ namespace depcalc {
 namespace {
 
 using ::testing::Contains;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -404,9 +405,15 @@ TEST_F(Comparison, FillStopsWhereTheYearLabelsDateDoesNotExist) {
   EXPECT_EQ(screen.AID.text(), "LEAP");
   EXPECT_TRUE(screen.SYDOption.value());
   EXPECT_EQ(screen.DisplayTable.rows(), 6);
-  EXPECT_EQ(screen.DisplayTable.text(1, 0), "FY2023") << "left from before";
+  EXPECT_THAT(column(0), Each("")) << "nothing of the asset before";
+  EXPECT_EQ(screen.UoPTable.text(0, 1), "");
   EXPECT_EQ(record().DepMethod(), "SYD");
   EXPECT_THAT(amounts(1), ElementsAre("5")) << "nothing was calculated or written";
+  reports.clear();
+  user.click(screen.SaveButton.normal);
+  EXPECT_THAT(amounts(1), ElementsAre("5")) << "and nobody else's amounts are";
+  EXPECT_THAT(reports,
+              ElementsAre("DepCalcDisplay::PopulateDepInfo Error#9: Subscript out of range"));
 }
 
 TEST_F(Comparison, MethodIsWrittenEvenWhereItsAmountsAreMissing) {
