@@ -1,6 +1,5 @@
 #include "DepCalc/asset_store.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "DepCalc/asset_store_inside.h"
@@ -150,14 +149,13 @@ void AssetStore::DeleteRecord(const std::vector<CalculateDepPtr>& myCalcDep, std
     if (table->Count() == 1) deleteSlot(*table, 0);
     const std::int16_t last = toIndex(table->Count() - 1);
     if (!table->Exists(last)) return;
-    const std::int32_t first = myIndex == 0 ? 1 : myIndex;
-    requireReadWhole(myCalcDep, first, last - 1);
     deleteSlot(*table, last);
     // An empty register leaves no summary behind.
     if (table->Count() == 1) {
       deleteSlot(*table, 0);
       return;
     }
+    const std::int32_t first = myIndex == 0 ? 1 : myIndex;
     for (std::int32_t i = first; i <= last - 1; ++i) {
       const auto element = static_cast<std::size_t>(i - 1);
       if (i < 1 || element >= myCalcDep.size()) throw RuntimeError::subscriptOutOfRange();
@@ -166,17 +164,6 @@ void AssetStore::DeleteRecord(const std::vector<CalculateDepPtr>& myCalcDep, std
       WriteData(index);
     }
   });
-}
-
-/// What a failing host or a value of a wrong type kept from being read would be written over.
-void AssetStore::requireReadWhole(const std::vector<CalculateDepPtr>& records, std::int32_t first,
-                                  std::int32_t last) const {
-  for (std::int32_t i = std::max(first, 1); i <= last; ++i) {
-    const auto element = static_cast<std::size_t>(i - 1);
-    if (element >= records.size()) return;
-    if (!isCutShort(records[element])) continue;
-    throw RuntimeError(57, "An asset could not be read whole and would lose the rest");
-  }
 }
 
 void AssetStore::deleteSlot(HostTable& table, std::int16_t index) {

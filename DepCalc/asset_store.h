@@ -72,8 +72,6 @@ class AssetStore {
 
   /// Takes the last slot away and writes the assets of `myCalcDep` (element j belongs at index
   /// j + 1) over slots `myIndex` (at least 1) to the last. Without assets record 0 goes too.
-  /// Where one of these assets came from a ReadData that ended before all of it was read (a blank
-  /// amount ends what there is), nothing is changed: error 57.
   void DeleteRecord(const std::vector<CalculateDepPtr>& myCalcDep, std::int16_t myIndex);
 
   /// Makes `myRecord` the current record and writes it.
@@ -98,9 +96,7 @@ class AssetStore {
   void commitTableInfo(HostTable& table);
 
   void readProperties(HostRecord& record, std::int16_t index, CalculateDep& asset);
-  void readAmounts(HostRecord& record, CalculateDep& asset, bool& whole);
-  void noteCutShort(const CalculateDepPtr& asset);
-  [[nodiscard]] bool isCutShort(const CalculateDepPtr& asset) const;
+  void readAmounts(HostRecord& record, CalculateDep& asset);
 
   void writeAsset(std::int16_t& index);
   [[nodiscard]] Record recordToWrite(HostTable& table, std::int16_t& index);
@@ -108,8 +104,6 @@ class AssetStore {
   void setProperties(HostRecord& record, std::int16_t index, Date placed_in_service);
   void setAmounts(HostRecord& record);
 
-  void requireReadWhole(const std::vector<CalculateDepPtr>& records, std::int32_t first,
-                        std::int32_t last) const;
   void deleteSlot(HostTable& table, std::int16_t index);
 
   // The summary is kept for hosts that can tell whether anything else changed.
@@ -121,7 +115,6 @@ class AssetStore {
 
   StoreState& state_;
   std::function<Date()> today_;
-  std::vector<std::weak_ptr<CalculateDep>> cut_short_;  ///< of what ReadData answered
   RegisterSummary summary_;
   std::weak_ptr<HostCompanyFile> summary_file_;
   std::uint64_t summary_revision_ = 0;

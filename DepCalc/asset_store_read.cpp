@@ -1,6 +1,4 @@
 // Reading assets.
-#include <algorithm>
-
 #include "DepCalc/asset_store_inside.h"
 
 namespace depcalc {
@@ -23,34 +21,16 @@ std::optional<SummaryShare> shareOf(const CalculateDep& asset, const std::string
 
 CalculateDepPtr AssetStore::ReadData(std::int16_t index) {
   auto asset = std::make_shared<CalculateDep>();
-  // Noted first: where the reading ends there may be no memory to note anything.
-  noteCutShort(asset);
-  bool whole = false;
   procedure("DepCalc::ReadData", [&] {
     const Table table = openTable();
     const bool exists = table->Exists(index);
-    whole = table->Count() < 1 || !exists;
-    if (whole) return;
+    if (table->Count() < 1 || !exists) return;
     const Record record = table->Item(index);
     readProperties(*record, index, *asset);
-    readAmounts(*record, *asset, whole);
+    readAmounts(*record, *asset);
     currentRecord().RecNew(false);
   });
-  if (whole) cut_short_.pop_back();
   return asset;
-}
-
-void AssetStore::noteCutShort(const CalculateDepPtr& asset) {
-  if (cut_short_.size() == cut_short_.capacity()) {
-    std::erase_if(cut_short_, [](const auto& record) { return record.expired(); });
-  }
-  cut_short_.emplace_back(asset);
-}
-
-bool AssetStore::isCutShort(const CalculateDepPtr& asset) const {
-  return asset != nullptr &&
-         std::any_of(cut_short_.begin(), cut_short_.end(),
-                     [&](const auto& record) { return record.lock() == asset; });
 }
 
 void AssetStore::readProperties(HostRecord& record, std::int16_t index, CalculateDep& asset) {
@@ -78,23 +58,17 @@ void AssetStore::readProperties(HostRecord& record, std::int16_t index, Calculat
   note(index, shareOf(asset, convention, lastsBeyondToday(start, fiscal_year_end)));
 }
 
-/// A blank ends the amounts of an asset as much as the last of them does: `whole` says whether
-/// one of these ends was reached, with all before it in the record.
-void AssetStore::readAmounts(HostRecord& record, CalculateDep& asset, bool& whole) {
-  bool kept = true;
+void AssetStore::readAmounts(HostRecord& record, CalculateDep& asset) {
   const auto read = [&](std::int32_t year) {
-    const StoredValue value = record.Fields().GetValue(amountName(year));
-    whole = kept && value.type() == StoredValue::Type::text && value.asText().empty();
-    const Currency amount = value.asCurrency();
+    const Currency amount = record.Fields().GetValue(amountName(year)).asCurrency();
     asset.DepItem(static_cast<std::int16_t>(year), amount);
-    const auto at = static_cast<std::size_t>(year);
-    kept = kept && at < asset.depItems().size() && asset.depItems()[at] == amount;
   };
-  const bool units_of_production = asset.DepMethod() == "UOP";
-  const std::int32_t last =
-      units_of_production ? 0 : toInteger16HalfEven(asset.DepRecovery() + 1.0);
+  if (asset.DepMethod() == "UOP") {
+    read(0);
+    return;
+  }
+  const std::int32_t last = toInteger16HalfEven(asset.DepRecovery() + 1.0);
   for (std::int32_t y = 0; y <= last; ++y) read(y);
-  whole = kept;
 }
 
 void AssetStore::ReadTableInfo(std::int16_t& StartYr, double& NumYrs, std::int16_t& NumAssets,

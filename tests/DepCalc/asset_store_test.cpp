@@ -318,57 +318,6 @@ TEST_P(AssetStoreOn, GoesOnDeletingWhereASlotHasNoRecord) {
   EXPECT_EQ(shown(2, "AID"), "String C");
 }
 
-TEST_P(AssetStoreOn, DeletesNothingWhereThatWouldLoseWhatWasNotRead) {
-  pair_.openBoth();
-  for (const char* id : {"A", "B", "C"}) pair_.saveNew({.id = id, .convention = "1"});
-  const std::string refusal =
-      "DepCalc::DeleteRecord Error#57: An asset could not be read whole and would lose the rest";
-  const std::string mismatch = "DepCalc::ReadData Error#13: Type mismatch";
-  tamper(2, "ABasis", StoredValue::text("plenty"));
-  for (const std::int16_t deleted : std::vector<std::int16_t>{1, 3}) {
-    pair_.reports.clear();
-    pair_.literal.reports.clear();
-    pair_.remove(deleted);
-    EXPECT_THAT(pair_.reports, ElementsAre(mismatch, refusal)) << "asset 2 would be saved again";
-    EXPECT_EQ(count(), 4);
-  }
-  EXPECT_EQ(shown(2, "Dep0"), "Currency 900");
-  pair_.remove(2);
-  EXPECT_EQ(count(), 3) << "itself it can be deleted";
-  tamper(2, "Dep1", StoredValue::text("much"));
-  pair_.remove(1);
-  EXPECT_EQ(count(), 3);
-  tamper(2, "Dep1", StoredValue::text(""));
-  pair_.remove(1);
-  EXPECT_EQ(count(), 2) << "a blank is the end of an asset's amounts";
-  EXPECT_EQ(shown(1, "AID"), "String C");
-  pair_.saveNew({.id = "D", .method = "UOP", .capacity = "1000"});
-  tamper(2, "DRecovery", StoredValue::real(-3));
-  pair_.remove(1);
-  EXPECT_EQ(count(), 3) << "the record has no place for the rate";
-}
-
-TEST_P(AssetStoreOn, DeletesNothingAfterAReadingThatTheHostFailed) {
-  pair_.openBoth();
-  for (const char* id : {"A", "B", "C"}) pair_.saveNew({.id = id, .convention = "1"});
-  const auto before = testing_support::contentOf(*pair_.host->file());
-  bool failed = true;
-  for (int nth = 1; failed; ++nth) {
-    std::vector<CalculateDepPtr> records{pair_.store.ReadData(1)};
-    *pair_.plan = {.fail_at = nth};
-    records.push_back(pair_.store.ReadData(3));
-    failed = pair_.plan->calls >= nth;
-    *pair_.plan = {};
-    records.emplace_back();
-    pair_.state.CurrentRecord = std::make_shared<CalculateDep>();
-    pair_.store.DeleteRecord(records, 1);
-    EXPECT_EQ(count(), failed ? 4 : 3) << nth;
-    if (failed) {
-      EXPECT_TRUE(testing_support::contentOf(*pair_.host->file()) == before) << nth;
-    }
-  }
-}
-
 TEST_P(AssetStoreOn, MakesTheSavedRecordCurrent) {
   pair_.openBoth();
   pair_.saveNew({.id = "A"});

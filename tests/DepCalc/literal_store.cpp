@@ -1,6 +1,5 @@
 #include "tests/DepCalc/literal_store.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "values/number_text.h"
@@ -164,15 +163,11 @@ void LiteralStore::WriteTableInfo() {
 
 CalculateDepPtr LiteralStore::ReadData(std::int16_t index) {
   auto result = std::make_shared<CalculateDep>();
-  cut_short.insert(result);
   trap("ReadData", [&] {
     OpenTable();
     const bool ok = Exists(index);
     const int n = Count();
-    if (n < 1 || !ok) {
-      cut_short.erase(result);
-      return;
-    }
+    if (n < 1 || !ok) return;
     const Record record = Item(index);
     result->RecIndex(Get(record, "RecIndex").asText());
     result->AssetID(Get(record, "AID").asText());
@@ -192,18 +187,12 @@ CalculateDepPtr LiteralStore::ReadData(std::int16_t index) {
     if (result->DepMethod() != "UOP") {
       const int last = toInteger16HalfEven(result->DepRecovery() + 1);
       for (int y = 0; y <= last; ++y) {
-        const StoredValue amount = Get(record, "Dep" + std::to_string(y));
-        if (amount == StoredValue::text("")) cut_short.erase(result);
-        result->DepItem(static_cast<std::int16_t>(y), amount.asCurrency());
+        result->DepItem(static_cast<std::int16_t>(y),
+                        Get(record, "Dep" + std::to_string(y)).asCurrency());
       }
     } else {
-      const StoredValue rate = Get(record, "Dep0");
-      if (rate == StoredValue::text("")) cut_short.erase(result);
-      result->DepItem(0, rate.asCurrency());
+      result->DepItem(0, Get(record, "Dep0").asCurrency());
     }
-    // With a life below -1 the record has no place for the rate.
-    const bool kept = result->DepMethod() != "UOP" || !result->depItems().empty();
-    if (kept) cut_short.erase(result);
     if (CurrentRecord == nullptr) {
       throw RuntimeError(91, "Object variable or With block variable not set");
     }
@@ -285,12 +274,6 @@ void LiteralStore::DeleteRecord(const std::vector<CalculateDepPtr>& records, std
     }
     const int last = Count() - 1;
     if (!Exists(last)) return;
-    for (int i = std::max(1, int{index}); i <= last - 1; ++i) {
-      const auto element = static_cast<std::size_t>(i - 1);
-      if (element < records.size() && cut_short.contains(records[element])) {
-        throw RuntimeError(57, "An asset could not be read whole and would lose the rest");
-      }
-    }
     const Record gone = Item(last);
     BeginEdit();
     Delete(gone);

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -31,8 +30,6 @@ class LiteralStore {
   std::string TableName;
   int InfoIndex = 0;
   CalculateDepPtr CurrentRecord;
-  /// What was read and then stopped at something else than a blank amount.
-  std::set<CalculateDepPtr> cut_short;
   std::int16_t StartYr = 0;
   double NumYrs = 0;
   std::int16_t NumAssets = 0;

@@ -14,7 +14,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Optional;
 
 const Date today = Date::strict(2024, 6, 1);
 
@@ -110,14 +109,6 @@ TEST_F(CompanyTest, DeletesAsTheRegisterDoes) {
     ASSERT_EQ(deleteAsset(company_, 1), std::nullopt);
     EXPECT_EQ(file_->OpenTable(asset_table_name)->Count(), 0);
   }
-}
-
-TEST_F(CompanyTest, DeletesNothingWhereAnAssetBehindCannotBeReadWhole) {
-  ASSERT_EQ(save({asset("A", 5, "SL"), asset("B", 3, "DDB"), asset("C", 9, "SYD")}), std::nullopt);
-  set(3, "AStart", StoredValue::text("some day"));
-  EXPECT_THAT(deleteAsset(company_, 1), Optional(HasSubstr("DepCalc::DeleteRecord Error#57")));
-  EXPECT_EQ(company_.assetCount(), 3);
-  EXPECT_EQ(get(3, "DMethod"), StoredValue::text("SYD"));
 }
 
 TEST_F(CompanyTest, FindsNothingWrongWithAnyStateThatSavesLeave) {
