@@ -29,8 +29,8 @@ class CheckCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     app.footer(
-        R"(The file's structure, the digest of every record, the assets' numbers and the register's
-summary are checked. Nothing is changed.
+        R"(The file's structure, the digest of every record, the assets' numbers, the types of their
+values and the register's summary are checked. Nothing is changed.
 Exit status: 0 all is well, 1 something is wrong, 2 wrong usage, 3 the file cannot be read,
 4 it is in use.)");
   }

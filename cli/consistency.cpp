@@ -1,10 +1,13 @@
 #include "cli/consistency.h"
 
+#include <array>
 #include <optional>
+#include <utility>
 
 #include "common/report_error.h"
 #include "common/trapped.h"
 #include "values/number_text.h"
+#include "values/text.h"
 
 namespace depcalc {
 namespace {
@@ -34,6 +37,47 @@ void findStrangeIndices(HostTable& table, std::vector<std::string>& found) {
     const std::string text = stored.asText();
     found.push_back("In " + recordName(i) + " RecIndex is " + (text.empty() ? "empty" : text) +
                     ".");
+  }
+}
+
+/// How the store saves an asset's values; its index is looked at above.
+constexpr std::array<std::pair<std::string_view, StoredValue::Type>, 14> saved_types{
+    {{"AID", StoredValue::Type::text},
+     {"AName", StoredValue::Type::text},
+     {"ASerial", StoredValue::Type::text},
+     {"ADept", StoredValue::Type::text},
+     {"AEnd", StoredValue::Type::date},
+     {"ASale", StoredValue::Type::text},
+     {"ABasis", StoredValue::Type::currency},
+     {"AStart", StoredValue::Type::date},
+     {"ASalvage", StoredValue::Type::currency},
+     {"AProdCap", StoredValue::Type::text},
+     {"DRecovery", StoredValue::Type::real},
+     {"DConvention", StoredValue::Type::text},
+     {"FYEnd", StoredValue::Type::date},
+     {"DMethod", StoredValue::Type::text}}};
+
+/// Whether `value` may stand under `name`. What was never set reads as nothing, and a blank in an
+/// amount's place is the end of the amounts.
+bool isSavedType(std::string_view name, const StoredValue& value) {
+  using Type = StoredValue::Type;
+  if (value.type() == Type::empty) return true;
+  for (const auto& [saved_name, type] : saved_types) {
+    if (equalIgnoringCase(name, saved_name)) return value.type() == type;
+  }
+  constexpr std::string_view amount = "Dep";
+  const bool is_amount = name.size() > amount.size() &&
+                         equalIgnoringCase(name.substr(0, amount.size()), amount) &&
+                         name.find_first_not_of("0123456789", amount.size()) == name.npos;
+  return !is_amount || value.type() == Type::currency || value == StoredValue::text("");
+}
+
+void findWrongTypes(HostTable& table, std::vector<std::string>& found) {
+  const std::int32_t count = table.Count();
+  for (std::int32_t i = 1; i < count && i <= INT16_MAX; ++i) {
+    const auto index = static_cast<std::int16_t>(i);
+    if (!table.Exists(index)) continue;
+    for (std::string& line : wrongTypesIn(table, index)) found.push_back(std::move(line));
   }
 }
 
@@ -70,12 +114,26 @@ void compareSummary(Company& company, HostTable& table, std::vector<std::string>
 
 }  // namespace
 
+std::vector<std::string> wrongTypesIn(HostTable& table, std::int16_t index) {
+  const auto record = table.Item(index);
+  const HostFields& fields = record->Fields();
+  std::vector<std::string> found;
+  for (const std::string& name : fields.names()) {
+    const StoredValue value = fields.GetValue(name);
+    if (isSavedType(name, value)) continue;
+    found.push_back("In " + recordName(index) + " " + name + " is of the type " +
+                    std::string(value.typeName()) + ".");
+  }
+  return found;
+}
+
 std::vector<std::string> inconsistenciesOf(Company& company) {
   std::vector<std::string> found;
   const auto table = company.file().OpenTable(asset_table_name);
   findGaps(*table, found);
   const bool dense = found.empty();
   findStrangeIndices(*table, found);
+  findWrongTypes(*table, found);
   if (dense && table->Count() > 0) compareSummary(company, *table, found);
   return found;
 }

@@ -1,6 +1,9 @@
 #include "cli/deletion.h"
 
+#include <algorithm>
 #include <vector>
+
+#include "cli/consistency.h"
 
 namespace depcalc {
 namespace {
@@ -17,9 +20,23 @@ std::vector<CalculateDepPtr> remainingAssets(Company& company, std::int32_t numb
   return assets;
 }
 
+/// Why a deletion would lose something: the assets that move up are saved anew, one that cannot be
+/// read whole as far as it was read.
+std::optional<std::string> whatWouldBeLost(Company& company, std::int32_t number) {
+  const auto table = company.file().OpenTable(asset_table_name);
+  const std::int32_t count = company.assetCount();
+  for (std::int32_t i = std::max(number - 1, 1); i <= count; ++i) {
+    if (i == number) continue;
+    const auto wrong = wrongTypesIn(*table, static_cast<std::int16_t>(i));
+    if (!wrong.empty()) return wrong.front() + " The deletion would lose that";
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::optional<std::string> deleteAsset(Company& company, std::int32_t number) {
+  if (auto loss = whatWouldBeLost(company, number)) return loss;
   return company.changeAtOnce([&] {
     company.store().open();
     const auto assets = remainingAssets(company, number);

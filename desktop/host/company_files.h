@@ -29,6 +29,8 @@ class Company {
   [[nodiscard]] virtual CompanyInfo info() const = 0;
   /// Fails with CompanyFileError, and then changes nothing.
   virtual void setInfo(const CompanyInfo& info) = 0;
+  /// Until the company is opened again nothing in it can be changed.
+  virtual void refuseChanges() = 0;
   /// Why the last write failed, for the user; told once.
   virtual std::optional<std::string> takeTrouble() = 0;
 

@@ -26,6 +26,7 @@ class SqliteCompany final : public Company {
     throw CompanyFileError(trouble.has_value() ? sentence(*trouble)
                                                : path() + " could not be written.");
   }
+  void refuseChanges() override { file_->refuseChanges(); }
   std::optional<std::string> takeTrouble() override {
     const auto trouble = file_->takeTrouble();
     return trouble.has_value() ? std::optional(sentence(*trouble)) : std::nullopt;

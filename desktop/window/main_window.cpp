@@ -13,6 +13,7 @@
 #include "desktop/window/start_page.h"
 #include "host/unit_of_work.h"
 #include "values/locale.h"
+#include "values/runtime_error.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -24,6 +25,15 @@ int errorNumber(std::string_view report) {
   const std::size_t at = report.find("Error#");
   if (at == std::string_view::npos) return 0;
   return qtText(report.substr(at + 6)).section(u':', 0, 0).toInt();
+}
+
+/// Whether an asset may now lack what its record has: the calculator shows it, and saves it, as far
+/// as there was memory for it.
+bool leavesAnAssetInPart(std::string_view report) {
+  const bool of_an_asset = report.starts_with("DepCalc::ReadData ") ||
+                           report.starts_with("DepCalc::Get DepItem ") ||
+                           report.starts_with("DepCalc::Let DepItem ");
+  return of_an_asset && errorNumber(report) == RuntimeError::outOfMemory().number();
 }
 
 /// What an asset's own values can cause; the calculator deals with these.
@@ -227,6 +237,7 @@ void MainWindow::noteChanges() {
 
 void MainWindow::noteFailure(std::string_view report) {
   if (isOfValues(errorNumber(report))) return;
+  if (company() != nullptr && leavesAnAssetInPart(report)) company()->refuseChanges();
   note_label_->setText(tr("A host operation failed"));
   const auto trouble = company() == nullptr ? std::nullopt : company()->takeTrouble();
   note_label_->setToolTip(

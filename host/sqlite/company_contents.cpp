@@ -198,6 +198,12 @@ void CompanyContents::beforeChange() {
     throw FileTrouble(FileTrouble::Kind::read_only,
                       database_->path() + " cannot be written. It was opened for reading.");
   }
+  if (changes_refused_) {
+    throw FileTrouble(FileTrouble::Kind::failed,
+                      database_->path() +
+                          " was not read whole, for want of memory. Nothing in it is changed until "
+                          "it has been opened again.");
+  }
   ++revision_;
 }
 

@@ -27,6 +27,8 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   void info(const CompanyInfo& info);
   [[nodiscard]] std::shared_ptr<StoredTable> table(std::string_view name);
   void close();
+  /// From now on every change is error 57.
+  void refuseChanges() noexcept { changes_refused_ = true; }
 
   /// The trouble that the last write had; empty when it had none or was asked for already.
   std::optional<FileTrouble> takeTrouble();
@@ -71,6 +73,7 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   };
   std::map<std::int64_t, Counted> counted_;
   int depth_ = 0;
+  bool changes_refused_ = false;
   std::uint64_t revision_ = 0;
   std::optional<FileTrouble> trouble_;
   bool readable_ = false;                  ///< what is in memory is what the file says

@@ -181,6 +181,8 @@ const CompanyInfo& SqliteCompanyFile::info() const { return contents_->info(); }
 
 void SqliteCompanyFile::info(const CompanyInfo& info) { contents_->info(info); }
 
+void SqliteCompanyFile::refuseChanges() noexcept { contents_->refuseChanges(); }
+
 std::optional<FileTrouble> SqliteCompanyFile::takeTrouble() { return contents_->takeTrouble(); }
 
 void SqliteCompanyFile::close() {

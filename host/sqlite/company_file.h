@@ -57,6 +57,10 @@ class SqliteCompanyFile final : public HostCompanyFile {
   /// Writes at once. A month that is none is error 5; what the disk says, like Commit.
   void info(const CompanyInfo& info);
 
+  /// For a host whose calculator could not keep all that it read, and might write back the rest
+  /// of it: until the file is opened again every change is error 57.
+  void refuseChanges() noexcept;
+
   /// Why the last write failed, told once.
   std::optional<FileTrouble> takeTrouble();
 

@@ -11,6 +11,7 @@
 namespace depcalc {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -111,6 +112,25 @@ TEST_F(CompanyTest, DeletesAsTheRegisterDoes) {
   }
 }
 
+TEST_F(CompanyTest, DeletesNothingWhereAnAssetThatMovesUpCannotBeReadWhole) {
+  for (const auto& [name, value] : std::vector<std::pair<const char*, StoredValue>>{
+           {"ABasis", StoredValue::text("plenty")}, {"Dep1", StoredValue::text("much")}}) {
+    ASSERT_EQ(save({asset("A", 5, "SL"), asset("B", 3, "DDB"), asset("C", 9, "SYD")}),
+              std::nullopt);
+    set(2, name, value);
+    const std::string wrong = "In record 2 " + std::string(name) + " is of the type String.";
+    for (const std::int32_t deleted : {1, 3}) {
+      EXPECT_EQ(deleteAsset(company_, deleted), wrong + " The deletion would lose that");
+      EXPECT_EQ(company_.assetCount(), 3);
+      EXPECT_EQ(get(2, "DMethod"), StoredValue::text("DDB"));
+    }
+    EXPECT_THAT(inconsistenciesOf(company_), Contains(wrong));
+    EXPECT_EQ(deleteAsset(company_, 2), std::nullopt) << "itself it can be deleted";
+    ASSERT_EQ(deleteAsset(company_, 2), std::nullopt);
+    ASSERT_EQ(deleteAsset(company_, 1), std::nullopt);
+  }
+}
+
 TEST_F(CompanyTest, FindsNothingWrongWithAnyStateThatSavesLeave) {
   EXPECT_THAT(inconsistenciesOf(company_), IsEmpty());
   company_.store().open();
@@ -131,9 +151,10 @@ TEST_F(CompanyTest, FindsEveryInconsistency) {
                           "In the summary NumYears is 5; the assets make it 6."));
 
   set(3, "DRecovery", StoredValue::text("long"));
-  EXPECT_THAT(inconsistenciesOf(company_),
-              ElementsAre("In record 2 RecIndex is 3.",
-                          "The assets cannot be summed up: Summary Error#13: Type mismatch."));
+  EXPECT_THAT(
+      inconsistenciesOf(company_),
+      ElementsAre("In record 2 RecIndex is 3.", "In record 3 DRecovery is of the type String.",
+                  "The assets cannot be summed up: Summary Error#13: Type mismatch."));
 
   file_->OpenTable(asset_table_name)->Item(1)->Delete();
   EXPECT_THAT(inconsistenciesOf(company_),

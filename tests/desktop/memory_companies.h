@@ -13,6 +13,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
   struct Kept {
     std::shared_ptr<MemoryCompanyFile> file;
     CompanyInfo info;
+    bool changes_refused = false;
   };
 
   std::unique_ptr<desktop::Company> create(const std::string& path,
@@ -46,6 +47,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
       kept_.file->fiscalYearStart(Date::strict(2024, info.first_month, 1));
       kept_.file->multiUser(info.multi_user);
     }
+    void refuseChanges() override { kept_.changes_refused = true; }
     std::optional<std::string> takeTrouble() override { return std::nullopt; }
     void close() override { kept_.file->close(); }
 

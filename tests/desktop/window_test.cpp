@@ -324,6 +324,19 @@ TEST_F(Window, AFailedHostOperationIsNotedInTheStatusBar) {
   EXPECT_EQ(status(1), "A host operation failed");
 }
 
+TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) {
+  newCompany();
+  bool& refused = companies.companies.at(path().toStdString()).changes_refused;
+  ReportError("DepCalc::WriteData Error#7: Out of memory");
+  ReportError("DepCalc::ReadData Error#13: Type mismatch");
+  EXPECT_FALSE(refused);
+  for (const char* procedure : {"ReadData", "Get DepItem", "Let DepItem"}) {
+    refused = false;
+    ReportError("DepCalc::" + std::string(procedure) + " Error#7: Out of memory");
+    EXPECT_TRUE(refused) << procedure;
+  }
+}
+
 TEST_F(Window, PreviewsShowEveryScreen) {
   newCompany();
   enterAsset({"TRK-014", "Delivery truck", "1FTYR10D", "Warehouse", "9/15/2023", "April", "5", "",

@@ -141,6 +141,33 @@ TEST_F(CompanyFile, ReadsWhatItMayNotWriteAndSaysSoWhereItShouldWrite) {
   EXPECT_EQ(bytesOf(path_), before);
 }
 
+TEST_F(CompanyFile, ChangesNothingWhereChangesAreRefusedUntilItIsOpenedAgain) {
+  save(create(), 2);
+  const std::string before = bytesOf(path_);
+  {
+    const File file = openOf(SqliteCompanyFile::open(path_, options()));
+    const TableContent content = contentOf(*file);
+    file->refuseChanges();
+    std::vector<std::string> reports;
+    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    StoreState state;
+    state.m_orvcf = file;
+    state.TableName = asset_table_name;
+    state.CurrentRecord = newAsset({.id = "more"});
+    AssetStore store(state, [] { return Date::carrying(2024, 6, 1); });
+    std::int16_t index = 0;
+    store.WriteData(index);
+    store.DeleteRecord({newAsset({.id = "moved up"}), nullptr}, 0);
+    const auto refusal = HasSubstr("Error#57: " + path_ + " was not read whole");
+    EXPECT_THAT(reports, testing::ElementsAre(refusal, refusal));
+    EXPECT_THROW(file->info({.name = "Other", .first_month = 2}), FileTrouble);
+    EXPECT_TRUE(contentOf(*file) == content);
+  }
+  EXPECT_EQ(bytesOf(path_), before);
+  save(openOf(SqliteCompanyFile::open(path_, options())), 1);
+  EXPECT_NE(bytesOf(path_), before);
+}
+
 // --- A disk that fails ---------------------------------------------------------------------------
 
 TEST_F(CompanyFile, ReportsASaveThatTheDiskRefusesAndGoesOnAfterwards) {
