@@ -21,6 +21,7 @@ constexpr int rate_row = 11;
 struct Register : ::testing::Test, testing::RegisterSurroundings {
   std::vector<std::string> column(int number) const {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(table.rows()));
     for (int row = 0; row < table.rows(); ++row) texts.emplace_back(table.text(row, number));
     return texts;
   }

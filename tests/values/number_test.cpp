@@ -26,8 +26,7 @@ TEST(Rounding, AgreesWithTheLibraryEverywhere) {
   std::mt19937_64 random(seed);
   for (int i = 0; i < 200'000; ++i) {
     // Any magnitude, with many exact halves among them.
-    const double whole =
-        static_cast<double>(static_cast<std::int64_t>(random()) >> (random() % 63));
+    const auto whole = static_cast<double>(static_cast<std::int64_t>(random()) >> (random() % 63));
     const double value = whole / (random() % 2 == 0 ? 2.0 : 1000.0);
     ASSERT_EQ(nearestEven(value), std::nearbyint(value)) << value;
   }
@@ -82,6 +81,7 @@ TEST(NumberText, ReadsWhatIsANumber) {
 }
 
 TEST(NumberText, RefusesWhatIsNone) {
+  constexpr const char* no_break_space_and_5 = "\xC2\xA0\x35";
   for (const char* text : {"",
                            " ",
                            "-",
@@ -112,8 +112,7 @@ TEST(NumberText, RefusesWhatIsNone) {
                            "1e999999999999",
                            "inf",
                            "nan",
-                           "\xC2\xA0"
-                           "5",
+                           no_break_space_and_5,
                            "1\n"}) {
     EXPECT_FALSE(isNumeric(text)) << text;
     EXPECT_EQ(errorOf([&] { numberFromText(text); }), 13) << text;

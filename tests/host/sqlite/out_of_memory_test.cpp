@@ -16,7 +16,6 @@
 namespace depcalc {
 namespace {
 
-using testing::AnyOf;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 using namespace testing_support;
