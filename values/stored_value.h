@@ -12,9 +12,9 @@ namespace depcalc {
 
 /// A value that carries its own type: Empty, Integer (16-bit), Double, Currency, Date or String.
 ///
-/// Reading converts: Empty is "" as a text, 0 as a number, and no date as a date. A String that
-/// is not numeric (the empty one included) read as a number or a Currency is error 13; one that
-/// is not a date read as a date is error 13. A number out of the asked type's range is error 6.
+/// Reading converts: Empty is "" as a text, 0 as a number, and no date as a date. A String that is
+/// not numeric (the empty one included) read as a number or a Currency, or that is no date read as
+/// one, is error 13. A number out of the asked type's range is error 6, of a date's error 5.
 class StoredValue {
  public:
   enum class Type { empty, integer, real, currency, date, text };

@@ -237,8 +237,10 @@ void MainWindow::noteChanges() {
 
 void MainWindow::noteFailure(std::string_view report) {
   if (isOfValues(errorNumber(report))) return;
-  if (company() != nullptr && leavesAnAssetInPart(report)) company()->refuseChanges();
-  note_label_->setText(tr("A host operation failed"));
+  const bool in_part = company() != nullptr && leavesAnAssetInPart(report);
+  if (in_part) company()->refuseChanges();
+  note_label_->setText(in_part ? tr("Out of memory: open the company again to change it")
+                               : tr("A host operation failed"));
   const auto trouble = company() == nullptr ? std::nullopt : company()->takeTrouble();
   note_label_->setToolTip(
       toolTipText(qtText(trouble.has_value() ? *trouble : std::string(report))));

@@ -334,6 +334,7 @@ TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) 
     refused = false;
     ReportError("DepCalc::" + std::string(procedure) + " Error#7: Out of memory");
     EXPECT_TRUE(refused) << procedure;
+    EXPECT_EQ(status(1), "Out of memory: open the company again to change it");
   }
 }
 
