@@ -66,9 +66,9 @@ bool isSavedType(std::string_view name, const StoredValue& value) {
     if (equalIgnoringCase(name, saved_name)) return value.type() == type;
   }
   constexpr std::string_view amount = "Dep";
-  const bool is_amount = name.size() > amount.size() &&
-                         equalIgnoringCase(name.substr(0, amount.size()), amount) &&
-                         name.find_first_not_of("0123456789", amount.size()) == name.npos;
+  const bool is_amount =
+      name.size() > amount.size() && equalIgnoringCase(name.substr(0, amount.size()), amount) &&
+      name.find_first_not_of("0123456789", amount.size()) == std::string_view::npos;
   return !is_amount || value.type() == Type::currency || value == StoredValue::text("");
 }
 
