@@ -41,7 +41,7 @@ struct Case {
 
 void expectRecords(const std::vector<Case>& cases) {
   for (const Case& c : cases) {
-    for (const std::size_t piece : {1, 2, 3, 65'536}) {
+    for (const auto piece : std::initializer_list<std::size_t>{1, 2, 3, 65'536}) {
       EXPECT_EQ(readAll(c.text, piece), c.records)
           << testing::PrintToString(c.text) << " in pieces of " << piece;
     }

@@ -151,7 +151,8 @@ class RefusingDisk : public FailingDisk {
       told = true;
       EXPECT_THAT(trouble.description(), HasSubstr(path_));
     }
-    for (const std::string& report : reports) told = told || report.find(path_) != report.npos;
+    for (const std::string& report : reports)
+      told = told || report.find(path_) != std::string::npos;
     const auto trouble = session.file->takeTrouble();
     EXPECT_EQ(trouble.has_value(), told) << "an error is told, and in full";
     std::optional<Whole> shown;

@@ -180,6 +180,9 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
   };
   const std::string numbers =
       "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ";
+  const std::string many_tables =
+      numbers + "30000) INSERT INTO data_table SELECT i + 1, 't' || i, 1, 0 FROM n; " + numbers +
+      "30000) INSERT INTO record SELECT (i + 1) * 65536 + 32767, '{}', 0 FROM n";
   const std::string giant = "CAST(printf('%*c', 100000000, 'x') AS TEXT)";
   for (const Case& each : std::vector<Case>{
            {"blob for a record", "UPDATE record SET fields = CAST(fields AS BLOB) WHERE id % 9 = 1",
@@ -235,11 +238,7 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
            {"many wrong records",
             numbers + "1000000) INSERT INTO record SELECT i * 65536 * 8, '{}', 0 FROM n",
             "damaged"},
-           {"many tables of one record",
-            numbers + "30000) INSERT INTO data_table SELECT i + 1, 't' || i, 1, 0 FROM n; " +
-                numbers +
-                "30000) INSERT INTO record SELECT (i + 1) * 65536 + 32767, '{}', 0 FROM n",
-            "damaged"},
+           {"many tables of one record", many_tables, "damaged"},
        }) {
     restore();
     sql(each.sql);
@@ -288,7 +287,7 @@ TEST_F(HostileCompanyFile, IsRefusedThoughItsPagesLeadInCircles) {
     const std::size_t begin = (page - 1) * page_size;
     for (std::uint32_t i = 0; i < children; ++i) {
       const std::uint32_t cell = static_cast<std::uint32_t>(page_size) - 6 * (i + 1);
-      big(bytes, at + 12 + 2 * i, cell, 2);
+      big(bytes, at + 12 + std::size_t{2} * i, cell, 2);
       big(bytes, begin + cell, child, 4);
       bytes[begin + cell + 5] = static_cast<char>(i % 100);
     }
