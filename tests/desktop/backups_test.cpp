@@ -66,7 +66,7 @@ struct BackupFaults : ::testing::Test {
 
 TEST_F(BackupFaults, NoPartOfACopyIsLeftWhereTheDiskIsFull) {
   const QStringList before = files();
-  for (const rlim_t most : {0, 1, 4'096, 262'144, 300'014}) {
+  for (const auto most : std::initializer_list<rlim_t>{0, 1, 4'096, 262'144, 300'014}) {
     EXPECT_TRUE(withLimit(most, [&] { return !backups.setAside(company); })) << most;
     EXPECT_EQ(files(), before) << most;
     EXPECT_EQ(read(company), changed);
@@ -76,7 +76,7 @@ TEST_F(BackupFaults, NoPartOfACopyIsLeftWhereTheDiskIsFull) {
 TEST_F(BackupFaults, RestoringOnAFullDiskSaysSoAndLeavesTheCompanyAsItIs) {
   const desktop::Backup backup = backups.of(company).front();
   const QStringList before = files();
-  for (const rlim_t most : {0, 4'096, 300'014}) {
+  for (const auto most : std::initializer_list<rlim_t>{0, 4'096, 300'014}) {
     EXPECT_TRUE(withLimit(most, [&] {
       return !backups.restore(backup, company, QDateTime::currentDateTime()).isEmpty();
     })) << most;
