@@ -27,17 +27,13 @@ void findGaps(const HostTable& table, std::vector<std::string>& found) {
                   recordName(first) + " is missing.");
 }
 
-void findStrangeIndices(HostTable& table, std::vector<std::string>& found) {
-  const std::int32_t count = table.Count();
-  for (std::int32_t i = 1; i < count && i <= INT16_MAX; ++i) {
-    const auto index = static_cast<std::int16_t>(i);
-    if (!table.Exists(index)) continue;
-    const StoredValue stored = table.Item(index)->Fields().GetValue("RecIndex");
-    if (stored == StoredValue::integer(index)) continue;
-    const std::string text = stored.asText();
-    found.push_back("In " + recordName(i) + " RecIndex is " + (text.empty() ? "empty" : text) +
-                    ".");
-  }
+void findStrangeIndex(const HostFields& fields, std::int16_t index,
+                      std::vector<std::string>& found) {
+  const StoredValue stored = fields.GetValue("RecIndex");
+  if (stored == StoredValue::integer(index)) return;
+  const std::string text = stored.asText();
+  found.push_back("In " + recordName(index) + " RecIndex is " + (text.empty() ? "empty" : text) +
+                  ".");
 }
 
 /// How the store saves an asset's values; its index is looked at above.
@@ -72,13 +68,27 @@ bool isSavedType(std::string_view name, const StoredValue& value) {
   return !is_amount || value.type() == Type::currency || value == StoredValue::text("");
 }
 
-void findWrongTypes(HostTable& table, std::vector<std::string>& found) {
+void findWrongTypes(const HostFields& fields, std::int16_t index, std::vector<std::string>& found) {
+  for (const std::string& name : fields.names()) {
+    const StoredValue value = fields.GetValue(name);
+    if (isSavedType(name, value)) continue;
+    found.push_back("In " + recordName(index) + " " + name + " is of the type " +
+                    std::string(value.typeName()) + ".");
+  }
+}
+
+/// Every record is fetched once; all the indices are told before the types.
+void findInAssets(HostTable& table, std::vector<std::string>& found) {
+  std::vector<std::string> wrong_types;
   const std::int32_t count = table.Count();
   for (std::int32_t i = 1; i < count && i <= INT16_MAX; ++i) {
     const auto index = static_cast<std::int16_t>(i);
     if (!table.Exists(index)) continue;
-    for (std::string& line : wrongTypesIn(table, index)) found.push_back(std::move(line));
+    const auto record = table.Item(index);
+    findStrangeIndex(record->Fields(), index, found);
+    findWrongTypes(record->Fields(), index, wrong_types);
   }
+  found.insert(found.end(), wrong_types.begin(), wrong_types.end());
 }
 
 /// The summary of the assets as the store forms it; nothing, and a line, where it cannot.
@@ -115,15 +125,8 @@ void compareSummary(Company& company, HostTable& table, std::vector<std::string>
 }  // namespace
 
 std::vector<std::string> wrongTypesIn(HostTable& table, std::int16_t index) {
-  const auto record = table.Item(index);
-  const HostFields& fields = record->Fields();
   std::vector<std::string> found;
-  for (const std::string& name : fields.names()) {
-    const StoredValue value = fields.GetValue(name);
-    if (isSavedType(name, value)) continue;
-    found.push_back("In " + recordName(index) + " " + name + " is of the type " +
-                    std::string(value.typeName()) + ".");
-  }
+  findWrongTypes(table.Item(index)->Fields(), index, found);
   return found;
 }
 
@@ -132,8 +135,7 @@ std::vector<std::string> inconsistenciesOf(Company& company) {
   const auto table = company.file().OpenTable(asset_table_name);
   findGaps(*table, found);
   const bool dense = found.empty();
-  findStrangeIndices(*table, found);
-  findWrongTypes(*table, found);
+  findInAssets(*table, found);
   if (dense && table->Count() > 0) compareSummary(company, *table, found);
   return found;
 }
