@@ -17,9 +17,9 @@
 namespace depcalc {
 
 /// Shows an asset's schedules side by side and writes the chosen one into the record at once.
-/// What the record had on entry is kept, so that leaving without saving puts it back. Painted for
-/// the first time after it was shown, or after a button has acted, it fetches the record anew,
-/// calculates and fills itself.
+/// What the record had on entry is kept, so that leaving without saving puts it back. Shown, or
+/// painted for the first time after a button has acted, it fetches the record anew, calculates and
+/// fills itself.
 class DepCalcDisplayCtl : public UserControl {
  public:
   DepCalcDisplayCtl(UserControl& parent, std::string name, DepCalcDisplayCtlEvents& events);
@@ -51,6 +51,7 @@ class DepCalcDisplayCtl : public UserControl {
  private:
   using Amounts = std::vector<Currency>;
 
+  void Show() override;
   void Paint() override;
   void Resize() override;
   void Hide() override;

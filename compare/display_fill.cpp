@@ -38,6 +38,8 @@ int firstFiscalYear(Date start, Date fiscal_year_end) {
 
 }  // namespace
 
+void DepCalcDisplayCtl::Show() { Paint(); }
+
 void DepCalcDisplayCtl::Paint() {
   trapped("DepCalcDisplay::Paint", [this] {
     if (painted_) return;

@@ -15,8 +15,8 @@
 namespace depcalc {
 
 /// Edits one asset in place, field by field: a field goes into the record when it loses the
-/// focus. Painted for the first time after it was shown, or after a button has acted, the form
-/// fetches the record anew and fills itself.
+/// focus. Shown, or painted for the first time after a button has acted, the form fetches the
+/// record anew and fills itself.
 class DepCalcCtl : public UserControl {
  public:
   DepCalcCtl(UserControl& parent, std::string name, DepCalcCtlEvents& events);
@@ -75,6 +75,7 @@ class DepCalcCtl : public UserControl {
     bool capacity = false;
   };
 
+  void Show() override;
   void Paint() override;
   void Hide() override;
 

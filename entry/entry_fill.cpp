@@ -6,6 +6,10 @@
 
 namespace depcalc {
 
+/// Not left to the paint that follows: where a button of the form itself led here, its action ends
+/// after this and clears the flag, and that paint shows a new asset as a record like any other.
+void DepCalcCtl::Show() { Paint(); }
+
 void DepCalcCtl::Paint() {
   trapped("DepCalcCtl::Paint", [this] {
     if (filled_) return;

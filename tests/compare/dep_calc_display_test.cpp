@@ -185,6 +185,15 @@ TEST_F(Comparison, RowsOfALongerScheduleLeaveNothingBehind) {
   }
 }
 
+TEST_F(Comparison, IsFilledAsSoonAsItIsShown) {
+  container.record = sample();
+  screen.show();
+  EXPECT_EQ(screen.AID.text(), "LAT-002");
+  EXPECT_EQ(record().DepMethod(), "SL");
+  stage.pumpPaint();
+  EXPECT_EQ(container.fetched, 1) << "the paint that follows finds it filled";
+}
+
 TEST_F(Comparison, IsFilledOncePerShowing) {
   open(sample());
   stage.expose();

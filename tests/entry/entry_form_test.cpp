@@ -111,6 +111,15 @@ TEST_F(EntryScreen, FillsOncePerShowing) {
   EXPECT_EQ(container.fetched, 2);
 }
 
+TEST_F(EntryScreen, IsFilledAsSoonAsItIsShown) {
+  fillRecord();
+  form.show();
+  EXPECT_EQ(form.NameText.text(), "Delivery truck");
+  EXPECT_TRUE(form.IDText.hasFocus());
+  stage.pumpPaint();
+  EXPECT_EQ(container.fetched, 1) << "the paint that follows finds it filled";
+}
+
 TEST_F(EntryScreen, FillsAgainAfterAButtonHasActed) {
   for (int button = 0; button < 4; ++button) {
     openFilled();
