@@ -8,6 +8,7 @@
 #include "desktop/site/desktop_site.h"
 #include "desktop/widgets/page.h"
 #include "desktop/widgets/surface.h"
+#include "desktop/window/edit_help.h"
 #include "register/dep_calc_view.h"
 
 namespace depcalc::desktop {
@@ -46,6 +47,7 @@ class Calculator {
   CalculatorScreens screens_;
   DepCalcCont container_;
   Surface surface_;
+  EditHelp edit_help_{container_, surface_};
 };
 
 }  // namespace depcalc::desktop
