@@ -83,7 +83,8 @@ class HostCompanyFile {
 
   /// The table called `name`, made when it is not there. The empty name: error 5.
   virtual std::shared_ptr<HostTable> OpenTable(std::string_view name) = 0;
-  /// The first day of the company's current fiscal year.
+  /// The first day of the company's current fiscal year; which one that is, is left to the host
+  /// (host/fiscal_year.h says what ours hand out).
   [[nodiscard]] virtual Date FiscalYearStart() const = 0;
   /// Whether the file is open in multi-user mode.
   [[nodiscard]] virtual bool IsMultiUser() const = 0;

@@ -10,6 +10,7 @@
 #include <system_error>
 #include <utility>
 
+#include "host/fiscal_year.h"
 #include "host/sqlite/company_contents.h"
 #include "host/sqlite/company_path.h"
 #include "host/sqlite/company_schema.h"
@@ -163,9 +164,7 @@ std::shared_ptr<HostTable> SqliteCompanyFile::OpenTable(std::string_view name) {
 }
 
 Date SqliteCompanyFile::FiscalYearStart() const {
-  const Date today = options_.today();
-  const Date start = Date::carrying(today.year(), contents_->info().first_month, 1);
-  return start <= today ? start : start.plusYears(-1);
+  return currentFiscalYearStart(contents_->info().first_month, options_.today());
 }
 
 bool SqliteCompanyFile::IsMultiUser() const { return contents_->info().multi_user; }

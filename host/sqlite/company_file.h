@@ -43,7 +43,7 @@ class SqliteCompanyFile final : public HostCompanyFile {
   ~SqliteCompanyFile() override;
 
   std::shared_ptr<HostTable> OpenTable(std::string_view name) override;
-  /// The first day of the company's first month, this year or last, on or before today.
+  /// What `currentFiscalYearStart` says of the company's first month.
   [[nodiscard]] Date FiscalYearStart() const override;
   [[nodiscard]] bool IsMultiUser() const override;
   [[nodiscard]] std::shared_ptr<const HostPicture> PalettePicture() const override;

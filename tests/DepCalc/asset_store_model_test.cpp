@@ -96,7 +96,7 @@ class RandomSteps {
     const Date first = Date::carrying(2024, 1 + pick(6), 1);
     pair_.host->fiscalYearStart(first);
     pair_.state.m_orvcf = failingCompanyFile(pair_.host->file(), pair_.plan);
-    pair_.literal.fiscal_year_start = first;
+    pair_.literal.fiscal_year_start = pair_.host->file()->FiscalYearStart();
     pair_.both([](auto& side, auto& members) {
       side.ReadTableInfo(members.StartYr, members.NumYrs, members.NumAssets, members.FYEnd);
     });

@@ -105,7 +105,7 @@ std::string describe(const CalculateDepPtr& asset) {
 StorePair::StorePair(const HostKind& kind, Date today, Date fiscal_year_start)
     : host(kind.make(fiscal_year_start)), store(state, [this] { return literal.today; }) {
   literal.today = today;
-  literal.fiscal_year_start = fiscal_year_start;
+  literal.fiscal_year_start = host->file()->FiscalYearStart();
   state.m_orvcf = failingCompanyFile(host->file(), plan);
 }
 

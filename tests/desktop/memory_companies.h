@@ -4,6 +4,7 @@
 #include <map>
 
 #include "desktop/host/company_files.h"
+#include "host/fiscal_year.h"
 #include "host/memory/memory_host.h"
 
 namespace depcalc::testing {
@@ -19,8 +20,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
   std::unique_ptr<desktop::Company> create(const std::string& path,
                                            const CompanyInfo& info) override {
     Kept& kept = companies[path];
-    kept = {std::make_shared<MemoryCompanyFile>(Date::strict(2024, info.first_month, 1),
-                                                MemoryCompanyFile::Units::offered),
+    kept = {std::make_shared<MemoryCompanyFile>(firstDay(info), MemoryCompanyFile::Units::offered),
             info};
     return std::make_unique<Open>(path, kept);
   }
@@ -35,6 +35,11 @@ class MemoryCompanies : public desktop::CompanyFiles {
   std::map<std::string, Kept> companies;
 
  private:
+  /// In the middle of a leap year.
+  static Date firstDay(const CompanyInfo& info) {
+    return currentFiscalYearStart(info.first_month, Date::strict(2024, 6, 15));
+  }
+
   class Open : public desktop::Company {
    public:
     Open(std::string path, Kept& kept) : path_(std::move(path)), kept_(kept) {}
@@ -44,7 +49,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
     [[nodiscard]] CompanyInfo info() const override { return kept_.info; }
     void setInfo(const CompanyInfo& info) override {
       kept_.info = info;
-      kept_.file->fiscalYearStart(Date::strict(2024, info.first_month, 1));
+      kept_.file->fiscalYearStart(firstDay(info));
       kept_.file->multiUser(info.multi_user);
     }
     void refuseChanges() override { kept_.changes_refused = true; }

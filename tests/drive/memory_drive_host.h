@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "host/fiscal_year.h"
 #include "host/memory/memory_host.h"
 #include "tests/drive/drive_host.h"
 #include "values/runtime_error.h"
@@ -12,7 +13,8 @@ namespace depcalc::drive {
 /// A file comes into being when it is first opened, and is there again when it is opened anew.
 class MemoryDriveHost : public DriveHost {
  public:
-  explicit MemoryDriveHost(Date fiscal_year_start) : fiscal_year_start_(fiscal_year_start) {}
+  explicit MemoryDriveHost(Date fiscal_year_start)
+      : fiscal_year_start_(currentFiscalYearStart(fiscal_year_start.month(), fiscal_year_start)) {}
 
   std::shared_ptr<HostApplication> application() override { return application_; }
 

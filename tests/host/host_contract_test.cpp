@@ -199,6 +199,13 @@ TEST_P(EveryHost, TellsItsFiscalYearAndMode) {
   EXPECT_NE(host_->file()->PalettePicture(), nullptr);
 }
 
+TEST_P(EveryHost, HandsOutNoFiscalYearWhoseEveIsALeapDay) {
+  host_->fiscalYearStart(Date::strict(2024, 3, 1));
+  EXPECT_EQ(host_->file()->FiscalYearStart(), Date::strict(2023, 3, 1));
+  host_->fiscalYearStart(Date::strict(2025, 3, 1));
+  EXPECT_EQ(host_->file()->FiscalYearStart(), Date::strict(2025, 3, 1));
+}
+
 TEST_P(EveryHost, AnswersNothingOnceClosed) {
   store(0, "A", StoredValue::integer(1));
   const auto file = host_->file();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/failing/failing_host.h"
+#include "host/fiscal_year.h"
 #include "host/memory/memory_host.h"
 #include "host/sqlite/company_file.h"
 #include "tests/support/temporary_directory.h"
@@ -10,17 +11,21 @@
 namespace depcalc::testing_support {
 namespace {
 
+/// On the day on which a fiscal year begins.
+Date handedOut(Date first_day) { return currentFiscalYearStart(first_day.month(), first_day); }
+
 class MemoryTestHost final : public TestHost {
  public:
   MemoryTestHost(Date fiscal_year_start, MemoryCompanyFile::Units units, bool behind_failing)
-      : memory_(std::make_shared<MemoryCompanyFile>(fiscal_year_start, units)), file_(memory_) {
+      : memory_(std::make_shared<MemoryCompanyFile>(handedOut(fiscal_year_start), units)),
+        file_(memory_) {
     if (behind_failing) file_ = failingCompanyFile(memory_, std::make_shared<FailurePlan>());
   }
 
   std::shared_ptr<HostCompanyFile> file() override { return file_; }
   void close() override { memory_->close(); }
   void reopen() override { memory_->reopen(); }
-  void fiscalYearStart(Date first_day) override { memory_->fiscalYearStart(first_day); }
+  void fiscalYearStart(Date first_day) override { memory_->fiscalYearStart(handedOut(first_day)); }
 
  private:
   std::shared_ptr<MemoryCompanyFile> memory_;

@@ -18,8 +18,8 @@ class TestHost {
   [[nodiscard]] virtual std::shared_ptr<HostCompanyFile> file() = 0;
   virtual void close() = 0;
   virtual void reopen() = 0;
-  /// The first day of the fiscal year becomes `first_day`, the first of a month; closes and
-  /// reopens the file where that takes it.
+  /// The company's fiscal year begins on `first_day`, the first of a month, and that is today;
+  /// closes and reopens the file where that takes it.
   virtual void fiscalYearStart(Date first_day) = 0;
 };
 
