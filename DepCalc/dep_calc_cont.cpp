@@ -79,13 +79,15 @@ void DepCalcCont::SaveCurrent() {
   writeCurrent();
 }
 
+MessageBox DepCalcCont::leavingQuestion() {
+  return {"You have not saved your changes to this asset. Would you like to save your changes now?",
+          BoxButtons::yesNo, "Save Changes"};
+}
+
 void DepCalcCont::LostFocus() {
   trapped("DepCalc::lostfocus", [&] {
-    if (state_.m_orvcf == nullptr || !CheckforChanges()) return;
-    const BoxAnswer answer = messageBox(
-        "You have not saved your changes to this asset. Would you like to save your changes now?",
-        BoxButtons::yesNo, "Save Changes");
-    if (answer != BoxAnswer::yes) return;
+    if (!asksWhenLeft()) return;
+    if (stage().messageBox(leavingQuestion()) != BoxAnswer::yes) return;
     const bool entry_form_showing = !DisplayShown_ && !ViewShown_;
     entry_form_showing ? SaveCurrent() : writeCurrent();
     state_.CurrentRecord = store_.ReadData(currentIndex());

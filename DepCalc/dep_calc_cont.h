@@ -49,6 +49,9 @@ class DepCalcCont final : public UserControl,
   /// Whether the current record differs from what is saved of it, or holds anything when nothing
   /// is. An error answers no.
   bool CheckforChanges();
+  /// Whether the loss of the focus would now ask `leavingQuestion`.
+  bool asksWhenLeft() { return state_.m_orvcf != nullptr && CheckforChanges(); }
+  static MessageBox leavingQuestion();
   /// Writes the current record. Where an input of the calculation differs from the saved copy a
   /// message says so first; it stops nothing.
   void SaveCurrent();

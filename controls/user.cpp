@@ -175,7 +175,11 @@ void User::clickCell(Grid& grid, int row, int column) {
 }
 
 void User::leave() {
-  stage_.validateFocused();
+  validateFocused();
+  loseFocus();
+}
+
+void User::loseFocus() {
   for (UserControl* root : stage_.roots()) {
     root->traceEvent("LostFocus");
     root->LostFocus();

@@ -62,6 +62,10 @@ class User {
   /// The focus leaves the calculator for something of the host's: the control that has it
   /// validates (a refusal stops nothing), then the outermost controls lose the focus.
   void leave();
+  /// `leave` in two steps, for a host that asks the user between them. Returns whether the control
+  /// agreed.
+  bool validateFocused() { return stage_.validateFocused(); }
+  void loseFocus();
 
  private:
   void moveOption(bool backwards);

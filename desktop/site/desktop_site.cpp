@@ -46,9 +46,21 @@ DesktopSite::DesktopSite(QWidget& window, double dpi, Today today, MakePrinter m
       make_printer_(std::move(make_printer)) {}
 
 BoxAnswer DesktopSite::showBox(const MessageBox& box) {
+  return given_.has_value() && given_->first == box ? given_->second : ask(box);
+}
+
+void DesktopSite::answerWhile(const MessageBox& question, BoxAnswer answer,
+                              const std::function<void()>& act) {
+  given_.emplace(question, answer);
+  act();
+  given_.reset();
+}
+
+BoxAnswer DesktopSite::ask(const MessageBox& box, const QString& note) {
   QMessageBox shown(QMessageBox::NoIcon, qtText(box.title), qtText(box.text),
                     qtButtons(box.buttons), &window_);
   shown.setTextFormat(Qt::PlainText);
+  shown.setInformativeText(note);
   shown.setObjectName(QStringLiteral("CalculatorBox"));
   tidyBox(shown);
   // A question over an hourglass could not be answered.

@@ -1,8 +1,11 @@
 // What surrounds the calculator on a desktop.
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "controls/site.h"
 #include "desktop/widgets/scale.h"
@@ -21,6 +24,11 @@ class DesktopSite : public Site {
   DesktopSite(QWidget& window, double dpi, Today today, MakePrinter make_printer);
 
   BoxAnswer showBox(const MessageBox& box) override;
+  /// While `act` runs, `question` is answered so and not shown: the user has been asked already.
+  void answerWhile(const MessageBox& question, BoxAnswer answer, const std::function<void()>& act);
+  /// A box of the host's own; `note` stands below its text.
+  BoxAnswer ask(const MessageBox& box, const QString& note = {});
+
   void beep() override;
   void setPointer(Pointer pointer) override;
   Date today() override { return today_(); }
@@ -35,6 +43,7 @@ class DesktopSite : public Site {
   MakePrinter make_printer_;
   std::unique_ptr<Printer> printer_;
   bool hourglass_ = false;
+  std::optional<std::pair<MessageBox, BoxAnswer>> given_;  ///< by the user, before it is asked for
 };
 
 /// The day by the computer's clock, where it stands.

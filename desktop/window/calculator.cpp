@@ -20,10 +20,21 @@ DepCalcView* Calculator::assetRegister() {
   return dynamic_cast<DepCalcView*>(container_.child("DepCalcView1"));
 }
 
-void Calculator::loseFocus() {
+bool Calculator::entersAnAsset() {
   const UserControl* const screen = container_.visibleScreen();
-  if (screen == nullptr || screen == assetRegister()) return;
-  surface_.act([](User& user) { user.leave(); });
+  return screen != nullptr && screen != assetRegister();
+}
+
+bool Calculator::validateField() {
+  bool agreed = true;
+  if (entersAnAsset()) surface_.act([&](User& user) { agreed = user.validateFocused(); });
+  return agreed;
+}
+
+bool Calculator::asksWhenLeft() { return entersAnAsset() && container_.asksWhenLeft(); }
+
+void Calculator::loseFocus() {
+  if (entersAnAsset()) surface_.act([](User& user) { user.loseFocus(); });
 }
 
 void Calculator::showMainHelp() {

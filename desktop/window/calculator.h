@@ -23,9 +23,16 @@ class Calculator {
   void start();
   void showOn(Page& page) { page.showControl(container_, surface_); }
 
-  /// The host takes the focus away for good. Only the steps of entering an asset hear of it: on
-  /// the register the current record may be blank and carry the selected asset's index, and a
-  /// question about it could only do harm.
+  // The host takes the focus away for good. Only the steps of entering an asset hear of it: on the
+  // register the current record may be blank and carry the selected asset's index, and a question
+  // about it could only do harm.
+
+  /// The field that has the focus validates, so that what was just typed counts. Returns whether it
+  /// agreed.
+  bool validateField();
+  /// Whether the loss of the focus would ask about changes.
+  [[nodiscard]] bool asksWhenLeft();
+  /// The field has validated already.
   void loseFocus();
 
   void showMainHelp();
@@ -43,6 +50,8 @@ class Calculator {
   [[nodiscard]] std::optional<int> assetCount();
 
  private:
+  [[nodiscard]] bool entersAnAsset();
+
   Stage stage_;
   CalculatorScreens screens_;
   DepCalcCont container_;

@@ -1,7 +1,6 @@
 #include "desktop/window/main_window.h"
 
 #include <QActionGroup>
-#include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
@@ -83,7 +82,7 @@ QString MainWindow::companyTitle() const {
 
 bool MainWindow::openCompany(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (isOpen(absolute)) leaveCompany();
+  if (isOpen(absolute) && !leaveCompany()) return false;
   bool copied = false;
   try {
     // What a crash left half done is put right first, so that the copy is whole.
@@ -93,7 +92,12 @@ bool MainWindow::openCompany(const QString& path) {
     copied = around_.backups.setAside(absolute);
     auto company = around_.files.open(absolute.toStdString());
     around_.backups.opened(absolute);
-    leaveCompany();
+    // It may be damaged or in use: only now is there a reason to leave the one that is open.
+    if (!leaveCompany()) {
+      company->close();
+      around_.backups.drop(absolute);
+      return false;
+    }
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     around_.backups.drop(absolute);
@@ -119,11 +123,13 @@ void MainWindow::openCompanyWhenPainted(const QString& path) {
 
 bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
+  if (!mayLeave()) return false;
   try {
     auto company = around_.files.create(absolute.toStdString(), info);
-    leaveCompany();
+    endCompany();
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
+    may_leave_ = false;
     tell(qtText(error.what()));
     return false;
   }
@@ -141,31 +147,14 @@ void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& pa
   showStatus();
 }
 
-void MainWindow::closeCompany() {
-  leaveCompany();
-  around_.settings.setLastCompany({});
-}
-
-/// The calculator may ask about unsaved changes first, and its answer reaches the open file.
-void MainWindow::leaveCompany() {
-  if (calculator_ != nullptr) calculator_->loseFocus();
-  noteChanges();
-  const QString path = companyPath();
-  application_->setCompany(nullptr);
-  endCalculator();
-  if (!path.isEmpty()) around_.backups.drop(path);
-  note_label_->clear();
-  showPlaceholder();
-  showStatus();
-}
-
 void MainWindow::endCalculator() {
   page_->clear();
   calculator_ = nullptr;
+  may_leave_ = false;
 }
 
 void MainWindow::startCalculator() {
-  if (calculator_ != nullptr) calculator_->loseFocus();
+  if (!mayLeave()) return;
   endCalculator();
   calculator_ = std::make_unique<Calculator>(site_, application_, scale(), Colours(palette()));
   calculator_->showOn(*page_);
@@ -173,6 +162,7 @@ void MainWindow::startCalculator() {
   // What start-up refreshes is no change of the user's.
   if (!backup_kept_) kept_revision_ = revision().value_or(0);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
+    may_leave_ = false;
     noteChanges();
     showStatus();
   });
@@ -184,8 +174,7 @@ void MainWindow::startCalculator() {
 }
 
 void MainWindow::setMultiUser(bool on) {
-  if (company() == nullptr) return;
-  if (calculator_ != nullptr) calculator_->loseFocus();
+  if (company() == nullptr || !mayLeave()) return;
   endCalculator();
   CompanyInfo info = company()->info();
   info.multi_user = on;
@@ -207,7 +196,7 @@ void MainWindow::setCompanyInfo(const CompanyInfo& info) {
 
 bool MainWindow::restoreBackup(const Backup& backup) {
   const QString path = companyPath();
-  leaveCompany();
+  if (!leaveCompany()) return false;
   const QString problem = around_.backups.restore(backup, path, QDateTime::currentDateTime());
   if (!problem.isEmpty()) tell(tr("The backup could not be restored: %1").arg(problem));
   return openCompany(path) && problem.isEmpty();
@@ -298,14 +287,6 @@ void MainWindow::fillPage() {
   } else {
     openCompany(path);
   }
-}
-
-void MainWindow::closeEvent(QCloseEvent* event) {
-  const QString open = companyPath();
-  leaveCompany();
-  around_.settings.setLastCompany(open);
-  around_.settings.setGeometry(saveGeometry());
-  event->accept();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

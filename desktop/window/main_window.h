@@ -41,6 +41,12 @@ class MainWindow : public QMainWindow {
   /// says until then which company it opens.
   void openCompanyWhenPainted(const QString& path);
   bool createCompany(const QString& path, const CompanyInfo& info);
+  /// Whether the calculator may now be taken away. The field that has the focus validates first;
+  /// where it refuses its text, and where the user cancels the question about unsaved changes,
+  /// everything stays as it is. Once the user has answered, the question is not repeated until
+  /// something is done to the calculator.
+  bool mayLeave();
+  // Leaves the calculator: where the user cancels that, these change nothing.
   void closeCompany();
   void setMultiUser(bool on);
   void setCompanyInfo(const CompanyInfo& info);
@@ -83,7 +89,10 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
 
   void fillPage();
-  void leaveCompany();
+  // main_window_leaving.cpp
+  bool leaveCompany();
+  void endCompany();
+
   [[nodiscard]] bool isOpen(const QString& path) const;
   void endCalculator();
   void takeCompany(std::unique_ptr<Company> company, const QString& path);
@@ -104,6 +113,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<Calculator> calculator_;
   std::uint64_t kept_revision_ = 0;
   bool backup_kept_ = false;
+  bool leaving_ = false;    ///< the user is being asked
+  bool may_leave_ = false;  ///< and has agreed
   bool painted_ = false;
   QString awaiting_paint_;  ///< the company to open then
 

@@ -1,5 +1,5 @@
-// What the host promises: every rule of every field by keyboard, when the calculator hears that it
-// loses the focus, dialogs, what is remembered, names for assistive tools on every screen.
+// What the host promises: every rule of every field by keyboard, dialogs, what is remembered, names
+// for assistive tools on every screen.
 #include <QAccessible>
 #include <QClipboard>
 #include <QDialog>
@@ -17,44 +17,6 @@ using ::testing::IsEmpty;
 
 struct Promises : WindowTest {
   Promises() { newCompany(); }
-
-  void goTo(const std::string& field) {
-    for (int i = 0; i < 12 && focused() != field; ++i) key(Qt::Key_Tab);
-    ASSERT_EQ(focused(), field);
-  }
-  void enterTruck() {
-    enterAsset({"TRK-014", "Delivery truck", "1FTYR10D", "Warehouse", "9/15/2023", "April", "5",
-                "Half Year", "38450", "4000", "150000"});
-  }
-  void compareTruck() {
-    enterTruck();
-    key(Qt::Key_C, Qt::AltModifier);
-    ASSERT_EQ(shown(), "DepCalcDisplayCtl1");
-  }
-  void saveTruck() {
-    enterTruck();
-    key(Qt::Key_S, Qt::AltModifier);
-    ASSERT_EQ(shown(), "DepCalcView1");
-  }
-  /// Runs `look` on the dialog that `open` brings up, and closes it.
-  template <typename Open, typename Look>
-  void onDialog(Open open, Look look) {
-    bool seen = false;
-    boxes.answering = false;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr || !dialog->isVisible() || seen) return;
-      seen = true;
-      look(*dialog);
-      if (dialog->isVisible()) dialog->reject();
-    });
-    timer.start(20);
-    open();
-    EXPECT_TRUE(seen);
-    boxes.answering = true;
-    settle();
-  }
 };
 
 // A field's rules -------------------------------------------------------------------------------
@@ -184,69 +146,6 @@ TEST_F(Promises, TheQuestionAboutChangesIsAnsweredByKeyboard) {
   EXPECT_EQ(shown(), "DepCalcView1");
   EXPECT_EQ(assets().AssetViewTable.columns(), 2) << "saved";
 }
-
-// Loss of focus ---------------------------------------------------------------------------------
-
-/// Whatever takes the company or its mode away asks while an asset is entered or compared.
-struct LossOfFocus : Promises, ::testing::WithParamInterface<int> {
-  void leave() {
-    switch (GetParam()) {
-      case 0:
-        window.closeCompany();
-        break;
-      case 1:
-        ASSERT_TRUE(window.createCompany(path("other"), {"Other", 1}));
-        break;
-      case 2:
-        action("Switch to Multi-user Mode").trigger();
-        break;
-      case 3:
-        window.restoreBackup({"/nowhere", QDateTime(), 0});
-        break;
-      case 4:
-        action("Depreciation Calculator").trigger();
-        break;
-      case 5:
-        window.close();
-        break;
-    }
-    settle();
-  }
-  /// The boxes that are about the changes.
-  int questions() {
-    int count = 0;
-    for (const std::string& box : boxes.take()) count += box.starts_with("Save Changes") ? 1 : 0;
-    return count;
-  }
-};
-
-TEST_P(LossOfFocus, AsksWhileAnAssetIsEntered) {
-  enterTruck();
-  boxes.answers = {QMessageBox::No};
-  leave();
-  EXPECT_EQ(questions(), 1);
-}
-
-TEST_P(LossOfFocus, AsksWhileMethodsAreCompared) {
-  compareTruck();
-  boxes.answers = {QMessageBox::No};
-  leave();
-  EXPECT_EQ(questions(), 1);
-}
-
-/// There the current record is blank and carries the selected asset's index, after an opening.
-TEST_P(LossOfFocus, AsksNothingOnTheRegister) {
-  saveTruck();
-  window.closeCompany();
-  ASSERT_TRUE(window.openCompany(path()));
-  settle();
-  clickCell(0, 1);
-  ASSERT_TRUE(calculator().container().CheckforChanges());
-  leave();
-  EXPECT_EQ(questions(), 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(Ways, LossOfFocus, ::testing::Range(0, 6));
 
 // Dialogs, menus, what is remembered --------------------------------------------------------------
 

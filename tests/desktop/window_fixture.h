@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStatusBar>
@@ -98,6 +99,43 @@ struct WindowTest : ::testing::Test {
   }
   void enterAsset(std::initializer_list<const char*> fields) {
     for (const char* text : fields) fill(text);
+  }
+  void goTo(const std::string& field) {
+    for (int i = 0; i < 12 && focused() != field; ++i) key(Qt::Key_Tab);
+    ASSERT_EQ(focused(), field);
+  }
+  void enterTruck() {
+    enterAsset({"TRK-014", "Delivery truck", "1FTYR10D", "Warehouse", "9/15/2023", "April", "5",
+                "Half Year", "38450", "4000", "150000"});
+  }
+  void compareTruck() {
+    enterTruck();
+    key(Qt::Key_C, Qt::AltModifier);
+    ASSERT_EQ(shown(), "DepCalcDisplayCtl1");
+  }
+  void saveTruck() {
+    enterTruck();
+    key(Qt::Key_S, Qt::AltModifier);
+    ASSERT_EQ(shown(), "DepCalcView1");
+  }
+  /// Runs `look` on the dialog that `open` brings up, and closes it.
+  template <typename Open, typename Look>
+  void onDialog(Open open, Look look) {
+    bool seen = false;
+    boxes.answering = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr || !dialog->isVisible() || seen) return;
+      seen = true;
+      look(*dialog);
+      if (dialog->isVisible()) dialog->reject();
+    });
+    timer.start(20);
+    open();
+    EXPECT_TRUE(seen);
+    boxes.answering = true;
+    settle();
   }
   QAction& action(const char* text) {
     for (QAction* found : window.findChildren<QAction*>()) {

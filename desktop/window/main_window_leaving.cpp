@@ -1,0 +1,60 @@
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScopedValueRollback>
+
+#include "desktop/window/main_window.h"
+
+namespace depcalc::desktop {
+
+/// The host asks in the calculator's own words, with a way back; the calculator's question, which
+/// has none, is then answered for the user.
+bool MainWindow::mayLeave() {
+  if (calculator_ == nullptr || may_leave_) return true;
+  if (leaving_) return false;
+  const QScopedValueRollback leaving(leaving_, true);
+  if (!calculator_->validateField()) return false;
+  const MessageBox question = DepCalcCont::leavingQuestion();
+  BoxAnswer answer = BoxAnswer::no;
+  if (calculator_->asksWhenLeft()) {
+    answer = site_.ask({question.text, BoxButtons::yesNoCancel, question.title});
+    if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return false;
+  }
+  site_.answerWhile(question, answer, [this] { calculator_->loseFocus(); });
+  may_leave_ = true;
+  return true;
+}
+
+/// Every way of leaving an open company comes through here. Returns whether it was left.
+bool MainWindow::leaveCompany() {
+  if (!mayLeave()) return false;
+  endCompany();
+  return true;
+}
+
+void MainWindow::endCompany() {
+  noteChanges();
+  const QString path = companyPath();
+  application_->setCompany(nullptr);
+  endCalculator();
+  if (!path.isEmpty()) around_.backups.drop(path);
+  note_label_->clear();
+  showPlaceholder();
+  showStatus();
+}
+
+void MainWindow::closeCompany() {
+  if (leaveCompany()) around_.settings.setLastCompany({});
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  const QString open = companyPath();
+  if (!leaveCompany()) {
+    event->ignore();
+    return;
+  }
+  around_.settings.setLastCompany(open);
+  around_.settings.setGeometry(saveGeometry());
+  event->accept();
+}
+
+}  // namespace depcalc::desktop
