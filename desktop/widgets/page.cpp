@@ -101,11 +101,4 @@ void Page::resizeEvent(QResizeEvent* event) {
   if (surface_ != nullptr) emit surface_->scrolled();
 }
 
-void Page::showEvent(QShowEvent* event) {
-  QScrollArea::showEvent(event);
-  if (surface_ == nullptr || !event->spontaneous()) return;
-  surface_->stage().expose();
-  surface_->paintAtIdle();
-}
-
 }  // namespace depcalc::desktop

@@ -293,10 +293,6 @@ void MainWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange && calculator_ != nullptr) {
     calculator_->surface().setColours(Colours(palette()));
   }
-  if (event->type() == QEvent::WindowStateChange && calculator_ != nullptr && !isMinimized()) {
-    calculator_->stage().expose();
-    calculator_->surface().paintAtIdle();
-  }
   QMainWindow::changeEvent(event);
 }
 
