@@ -101,6 +101,8 @@ bool MainWindow::openCompany(const QString& path) {
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     around_.backups.drop(absolute);
+    showPlaceholder();
+    showStatus();
     tell(qtText(error.what()));
     return false;
   }
@@ -238,16 +240,23 @@ void MainWindow::noteFailure(std::string_view report) {
 void MainWindow::showPlaceholder() {
   if (calculator_ != nullptr) return;
   const bool multi_user = company() != nullptr && application_->CompanyFile()->IsMultiUser();
-  QString text = tr("Open a company file, then select the Depreciation Calculator.");
-  if (company() != nullptr) {
-    text = multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
-                           "single-user mode.")
-                            .arg(companyTitle())
-                      : tr("%1 is open.").arg(companyTitle());
+  if (company() == nullptr) {
+    auto* const start =
+        new StartPage(tr("Open a company, or create a new one, to work with its assets."),
+                      {new_company_, open_company_});
+    start->offer(around_.settings.recent());
+    // Queued: what opens replaces the page that was clicked.
+    connect(start, &StartPage::chosen, this, &MainWindow::openCompany, Qt::QueuedConnection);
+    page_->showPlaceholder(start);
+    return;
   }
-  page_->showPlaceholder(company() == nullptr ? new StartPage(text, {new_company_, open_company_})
-                         : multi_user         ? new StartPage(text, {to_single_user_})
-                                              : new StartPage(text, {}));
+  const QString text =
+      multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
+                      "single-user mode.")
+                       .arg(companyTitle())
+                 : tr("%1 is open.").arg(companyTitle());
+  page_->showPlaceholder(multi_user ? new StartPage(text, {to_single_user_})
+                                    : new StartPage(text, {}));
 }
 
 void MainWindow::showStatus() {

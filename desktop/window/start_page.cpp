@@ -1,11 +1,34 @@
 #include "desktop/window/start_page.h"
 
 #include <QAction>
+#include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
+#include "desktop/widgets/text_block.h"
+
 namespace depcalc::desktop {
+namespace {
+
+/// The folder as its owner calls it.
+QString folderOf(const QString& path) {
+  const QString folder = QDir::toNativeSeparators(QFileInfo(path).absolutePath());
+  const QString home = QDir::homePath();
+  const bool inside = folder == home || folder.startsWith(home + u'/');
+  return inside ? u'~' + folder.mid(home.size()) : folder;
+}
+
+QString captionOf(const QString& path, const QFontMetrics& metrics) {
+  constexpr int characters = 50;
+  const QString folder =
+      metrics.elidedText(folderOf(path), Qt::ElideMiddle, metrics.averageCharWidth() * characters);
+  QString caption = QFileInfo(path).completeBaseName() + QStringLiteral("  –  ") + folder;
+  return caption.replace(u'&', QStringLiteral("&&"));
+}
+
+}  // namespace
 
 StartPage::StartPage(const QString& text, std::initializer_list<QAction*> actions) {
   setObjectName(QStringLiteral("StartPage"));
@@ -36,7 +59,29 @@ StartPage::StartPage(const QString& text, std::initializer_list<QAction*> action
   column->addStretch(2);
   column->addWidget(label);
   column->addLayout(buttons);
+  offers_ = new QVBoxLayout;
+  offers_->setSpacing(room / 3);
+  auto* const centred = new QHBoxLayout;
+  centred->addStretch();
+  centred->addLayout(offers_);
+  centred->addStretch();
+  column->addLayout(centred);
   column->addStretch(3);
+}
+
+void StartPage::offer(const QStringList& paths) {
+  if (paths.isEmpty()) return;
+  auto* const heading = new QLabel(tr("Recent companies"), this);
+  offers_->addWidget(heading, 0, Qt::AlignHCenter);
+  for (const QString& path : paths) {
+    auto* const button = new QPushButton(captionOf(path, fontMetrics()), this);
+    button->setAutoDefault(true);
+    const int room = fontMetrics().height();
+    button->setMinimumSize(button->sizeHint().width() + room * 2, room * 7 / 4);
+    button->setToolTip(toolTipText(path));
+    connect(button, &QPushButton::clicked, this, [this, path] { emit chosen(path); });
+    offers_->addWidget(button);
+  }
 }
 
 }  // namespace depcalc::desktop

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 class QAction;
+class QVBoxLayout;
 
 namespace depcalc::desktop {
 
@@ -14,6 +15,15 @@ class StartPage : public QWidget {
 
  public:
   StartPage(const QString& text, std::initializer_list<QAction*> actions);
+
+  /// A button for each of these companies, too.
+  void offer(const QStringList& paths);
+
+ signals:
+  void chosen(const QString& path);
+
+ private:
+  QVBoxLayout* offers_;
 };
 
 }  // namespace depcalc::desktop
