@@ -83,8 +83,7 @@ std::string RegisterPage::print(Printer& printer) {
 }
 
 int RegisterPage::assetsLeftOut(Printer& printer) const {
-  const PageRoom room = pageRoomBelow(measureScheduleHeading(printer), printer);
-  return PrintPages::of(table(), room).columnsLeftOut(table());
+  return assetsOnNoPage(table(), pageRoomBelow(measureScheduleHeading(printer), printer));
 }
 
 }  // namespace depcalc

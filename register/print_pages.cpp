@@ -47,6 +47,10 @@ PageRoom pageRoomBelow(int heading_height, Printer& printer) {
   return {printer.printableWidth(), printer.printableHeight() - heading_height};
 }
 
+PageRoom turnedPageRoomBelow(int heading_height, Printer& printer) {
+  return {printer.printableHeight(), printer.printableWidth() - heading_height};
+}
+
 PrintPages PrintPages::of(const Grid& grid, PageRoom room) {
   PrintPages pages;
   pages.columns = columnsThatFit(grid, room.width);
@@ -56,6 +60,10 @@ PrintPages PrintPages::of(const Grid& grid, PageRoom room) {
   if (grid.rows() >= pages.rows - 3) pages.rows -= 3;
   pages.down = pagesDown(grid.rows(), pages.rows);
   return pages;
+}
+
+int assetsOnNoPage(const Grid& register_table, PageRoom room) {
+  return PrintPages::of(register_table, room).columnsLeftOut(register_table);
 }
 
 }  // namespace depcalc

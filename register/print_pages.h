@@ -21,8 +21,9 @@ inline constexpr const char* schedule_heading = "Depreciation Schedule";
 /// they take from each page.
 int measureScheduleHeading(Printer& printer);
 
-/// What that leaves of a page.
+/// What that leaves of a page, and of one that is turned by a quarter.
 PageRoom pageRoomBelow(int heading_height, Printer& printer);
+PageRoom turnedPageRoomBelow(int heading_height, Printer& printer);
 
 /// Column 0, the captions, stands on every page; the other columns and all rows are dealt out
 /// slice by slice.
@@ -52,5 +53,9 @@ struct PrintPages {
     return across <= 1 ? 0 : std::max(0, grid.columns() - 1 - across * columns);
   }
 };
+
+/// How many of the last assets of a register are on none of the pages that it is printed on. What
+/// `PrintPages::of` refuses it refuses, too.
+int assetsOnNoPage(const Grid& register_table, PageRoom room);
 
 }  // namespace depcalc

@@ -85,9 +85,20 @@ void DesktopSite::setPointer(Pointer pointer) {
 }
 
 Printer& DesktopSite::systemPrinter() {
-  printer_ = make_printer_ ? make_printer_() : nullptr;
-  if (printer_ == nullptr) throw noPrinter();
+  if (!taken_ && takePrinter() == nullptr) throw noPrinter();
+  taken_ = false;
   return *printer_;
+}
+
+Printer* DesktopSite::takePrinter() {
+  printer_ = make_printer_ ? make_printer_() : nullptr;
+  taken_ = printer_ != nullptr;
+  return printer_.get();
+}
+
+void DesktopSite::dropPrinter() {
+  printer_ = nullptr;
+  taken_ = false;
 }
 
 double DesktopSite::twipsPerPixel() { return measure_.twips(1); }

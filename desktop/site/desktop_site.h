@@ -33,6 +33,10 @@ class DesktopSite : public Site {
   void setPointer(Pointer pointer) override;
   Date today() override { return today_(); }
   Printer& systemPrinter() override;
+  /// Makes the printer now: the next job that asks for one takes it. Nothing where none is given.
+  Printer* takePrinter();
+  /// The printer of the last job is needed no more.
+  void dropPrinter();
   double twipsPerPixel() override;
   TextExtent textExtent(std::string_view text, const Font& font, int wrap_width) override;
 
@@ -42,6 +46,7 @@ class DesktopSite : public Site {
   Today today_;
   MakePrinter make_printer_;
   std::unique_ptr<Printer> printer_;
+  bool taken_ = false;  ///< and not asked for yet
   bool hourglass_ = false;
   std::optional<std::pair<MessageBox, BoxAnswer>> given_;  ///< by the user, before it is asked for
 };

@@ -1,9 +1,23 @@
 #include "desktop/window/calculator.h"
 
 #include "common/trapped.h"
+#include "desktop/window/missing_assets.h"
 #include "help/dep_calc_popup.h"
 
 namespace depcalc::desktop {
+namespace {
+
+bool isCollapsed(const Grid& table) {
+  for (int column = 0; column < table.columns(); ++column) {
+    if (table.columnWidth(column) == 0) return true;
+  }
+  for (int row = 0; row < table.rows(); ++row) {
+    if (table.rowHeight(row) == 0) return true;
+  }
+  return false;
+}
+
+}  // namespace
 
 Calculator::Calculator(Site& site, std::shared_ptr<HostApplication> host, const Scale& scale,
                        const Colours& colours)
@@ -54,11 +68,36 @@ void Calculator::print(Printer& printer) {
   DepCalcView* const view = assetRegister();
   if (view == nullptr) return;
   trapped("DepCalcDesktop::print", [&] {
-    container_.ShowView(emv_ViewAll);
-    stage_.pumpPaint();
+    showRegister();
     view->GetPrintPictures(printer);
     printer.endJob();
   });
+  readCollapsedRegister();
+}
+
+QString Calculator::missingOnPaper(Printer& printer) {
+  const DepCalcView* const view = assetRegister();
+  if (view == nullptr) return {};
+  showRegister();
+  return missingAssetsNote(view->AssetViewTable, printer);
+}
+
+void Calculator::showRegister() {
+  container_.ShowView(emv_ViewAll);
+  stage_.pumpPaint();
+}
+
+void Calculator::readCollapsedRegister() {
+  DepCalcView* const view = assetRegister();
+  if (view == nullptr || !isCollapsed(view->AssetViewTable)) return;
+  Grid& table = view->AssetViewTable;
+  const int row = table.row();
+  const int column = table.column();
+  view->hide();
+  showRegister();
+  if (column > 0 && column < table.columns() && row < table.rows()) {
+    surface_.act([&](User& user) { user.clickCell(table, row, column); });
+  }
 }
 
 std::optional<int> Calculator::assetCount() {

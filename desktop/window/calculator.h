@@ -41,6 +41,11 @@ class Calculator {
 
   /// Prints the register as its Print button would.
   void print(Printer& printer);
+  /// What that would leave out on this printer's paper, for the user to read; "" for nothing.
+  [[nodiscard]] QString missingOnPaper(Printer& printer);
+  /// A print run that failed leaves rows and columns of the register collapsed until it is read
+  /// again. Where there are some, that happens now; the asset that was selected stays so.
+  void readCollapsedRegister();
 
   [[nodiscard]] Surface& surface() { return surface_; }
   [[nodiscard]] Stage& stage() { return stage_; }
@@ -51,6 +56,7 @@ class Calculator {
 
  private:
   [[nodiscard]] bool entersAnAsset();
+  void showRegister();
 
   Stage stage_;
   CalculatorScreens screens_;

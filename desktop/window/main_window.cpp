@@ -153,12 +153,14 @@ void MainWindow::endCalculator() {
   page_->clear();
   calculator_ = nullptr;
   may_leave_ = false;
+  print_help_ = nullptr;
 }
 
 void MainWindow::startCalculator() {
   if (!mayLeave()) return;
   endCalculator();
   calculator_ = std::make_unique<Calculator>(site_, application_, scale(), Colours(palette()));
+  print_help_ = std::make_unique<PrintHelp>(*calculator_, site_, *this);
   calculator_->showOn(*page_);
   calculator_->start();
   // What start-up refreshes is no change of the user's.

@@ -8,6 +8,7 @@
 #include "desktop/host/backups.h"
 #include "desktop/host/desktop_application.h"
 #include "desktop/window/calculator.h"
+#include "desktop/window/print_help.h"
 #include "desktop/window/settings.h"
 
 class QAction;
@@ -111,6 +112,7 @@ class MainWindow : public QMainWindow {
   Page* page_;
   DesktopSite site_;
   std::unique_ptr<Calculator> calculator_;
+  std::unique_ptr<PrintHelp> print_help_;
   std::uint64_t kept_revision_ = 0;
   bool backup_kept_ = false;
   bool leaving_ = false;    ///< the user is being asked

@@ -8,6 +8,7 @@
 #include "desktop/window/main_window.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/restore_dialog.h"
+#include "desktop/window/warning_box.h"
 #include "help/help_topics.h"
 
 namespace depcalc::desktop {
@@ -19,14 +20,14 @@ QString filter() {
   return QCoreApplication::translate("MainWindow", "Company files (*.company);;All files (*)");
 }
 
+ScheduleJob jobOf(Calculator& calculator) {
+  return {[&calculator](Printer& printer) { return calculator.missingOnPaper(printer); },
+          [&calculator](Printer& printer) { calculator.print(printer); }};
+}
+
 }  // namespace
 
-void MainWindow::tell(const QString& text) {
-  QMessageBox box(QMessageBox::Warning, tr("Depreciation Calculator"), text, QMessageBox::Ok, this);
-  box.setTextFormat(Qt::PlainText);
-  tidyBox(box);
-  box.exec();
-}
+void MainWindow::tell(const QString& text) { warn(text, this); }
 
 void MainWindow::askNewCompany() {
   QString path = QFileDialog::getSaveFileName(this, tr("New Company"), {}, filter(), nullptr,
@@ -96,15 +97,14 @@ void MainWindow::print() {
   // The register as it is in the file, whatever screen shows.
   Calculator printed(site_, application_, scale(), Colours(palette()));
   printed.start();
-  const QString chosen = printThroughDialog(
-      around_.settings.printer(), [&printed](Printer& printer) { printed.print(printer); }, this);
+  const QString chosen = printThroughDialog(around_.settings.printer(), jobOf(printed), this);
   if (!chosen.isEmpty()) around_.settings.setPrinter(chosen);
 }
 
 void MainWindow::previewPrint() {
   Calculator printed(site_, application_, scale(), Colours(palette()));
   printed.start();
-  showPrintPreview([&printed](Printer& printer) { printed.print(printer); }, this);
+  showPrintPreview(jobOf(printed), this);
 }
 
 }  // namespace depcalc::desktop

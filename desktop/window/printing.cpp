@@ -3,9 +3,13 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGraphicsView>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -14,11 +18,16 @@
 #include <QToolButton>
 
 #include "desktop/printing/page_printer.h"
+#include "desktop/widgets/dialog_looks.h"
+#include "desktop/window/file_names.h"
+#include "desktop/window/missing_assets.h"
+#include "desktop/window/warning_box.h"
 
 namespace depcalc::desktop {
 namespace {
 
 constexpr double margin_inches = 0.5;
+const QString pdf_suffix = QStringLiteral(".pdf");
 
 void setMargins(QPrinter& device) {
   device.setPageMargins({margin_inches, margin_inches, margin_inches, margin_inches},
@@ -72,41 +81,100 @@ void nameControls(QPrintPreviewDialog& dialog) {
   }
 }
 
+/// Below the pages.
+QLabel* addNote(QDialog& dialog) {
+  auto* const note = new QLabel(&dialog);
+  note->setObjectName(QStringLiteral("MissingAssets"));
+  note->setTextFormat(Qt::PlainText);
+  note->setWordWrap(true);
+  const int room = note->fontMetrics().height() / 2;
+  note->setContentsMargins(room, room, room, room);
+  QFont bold = note->font();
+  bold.setBold(true);
+  note->setFont(bold);
+  note->hide();
+  dialog.layout()->addWidget(note);
+  return note;
+}
+
+bool mayReplace(const QString& path, QWidget* window) {
+  QMessageBox box(
+      QMessageBox::Warning, QObject::tr("Replace File"),
+      QObject::tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
+      QMessageBox::Yes | QMessageBox::No, window);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(QMessageBox::No);
+  tidyBox(box);
+  return box.exec() == QMessageBox::Yes;
+}
+
+/// Its name ends in ".pdf", and that is the name which the user is asked about where it is taken.
+QString askPdfFile(QWidget* window) {
+  QString path = QObject::tr("Depreciation Schedule.pdf");
+  for (;;) {
+    path = QFileDialog::getSaveFileName(
+        window, QObject::tr("No printer is set up: print to a PDF file"), path,
+        QObject::tr("PDF documents (*.pdf)"), nullptr, QFileDialog::DontConfirmOverwrite);
+    if (path.isEmpty()) return {};
+    path = withSuffix(path, pdf_suffix);
+    if (const QString trouble = folderTrouble(path); !trouble.isEmpty()) {
+      warn(trouble, window);
+    } else if (!QFileInfo::exists(path) || mayReplace(path, window)) {
+      return path;
+    }
+  }
+}
+
+/// The toolkit's dialog takes any name for a file to print to, and asks about that one.
+bool endsInPdf(QPrinter& device, QWidget* window) {
+  const QString named = device.outputFileName();
+  if (device.outputFormat() != QPrinter::PdfFormat || named.isEmpty()) return true;
+  const QString path = withSuffix(named, pdf_suffix);
+  if (path != named && QFileInfo::exists(path) && !mayReplace(path, window)) return false;
+  device.setOutputFileName(path);
+  return true;
+}
+
 }  // namespace
 
 std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window) {
   const QPrinterInfo printer = printerCalled(preferred);
   if (!printer.isNull()) return std::make_unique<SystemJob>(printer);
-  const QString path = QFileDialog::getSaveFileName(
-      window, QObject::tr("No printer is set up: print to a PDF file"),
-      QObject::tr("Depreciation Schedule.pdf"), QObject::tr("PDF documents (*.pdf)"));
+  const QString path = askPdfFile(window);
   if (path.isEmpty()) return nullptr;
   return std::make_unique<SystemJob>(path);
 }
 
-QString printThroughDialog(const QString& preferred, const std::function<void(Printer&)>& job,
-                           QWidget* window) {
+QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWidget* window) {
   QPrinter device(printerCalled(preferred), QPrinter::HighResolution);
   device.setDocName(QObject::tr("Depreciation Schedule"));
   setMargins(device);
   QPrintDialog dialog(&device, window);
-  if (dialog.exec() != QDialog::Accepted) return {};
-  PagePrinter printer(device);
-  job(printer);
-  return device.printerName();
+  while (dialog.exec() == QDialog::Accepted) {
+    if (!endsInPdf(device, window)) continue;
+    PagePrinter printer(device);
+    if (!printsAllTheSame(job.missing(printer), QObject::tr("&Back"), window)) continue;
+    job.print(printer);
+    return device.printerName();
+  }
+  return {};
 }
 
-void showPrintPreview(const std::function<void(Printer&)>& job, QWidget* window) {
+void showPrintPreview(const ScheduleJob& job, QWidget* window) {
   QPrinter device(QPrinter::HighResolution);
   setMargins(device);
   QPrintPreviewDialog dialog(&device, window);
   dialog.setObjectName(QStringLiteral("PrintPreview"));
   dialog.resize(window->size());
   nameControls(dialog);
+  QLabel* const note = addNote(dialog);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, window,
-                   [&job](QPrinter* preview) {
+                   [&job, note](QPrinter* preview) {
                      PagePrinter printer(*preview);
-                     job(printer);
+                     const QString missing = job.missing(printer);
+                     note->setText(missing);
+                     note->setVisible(!missing.isEmpty());
+                     job.print(printer);
                    });
   dialog.exec();
 }

@@ -15,10 +15,19 @@ namespace depcalc::desktop {
 /// user may name a PDF file instead; who does not gets none.
 std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window);
 
-/// Asks which printer and how; runs `job` there. Returns the printer's name, "" when cancelled.
-QString printThroughDialog(const QString& preferred, const std::function<void(Printer&)>& job,
-                           QWidget* window);
+/// A schedule to be printed.
+struct ScheduleJob {
+  /// What it would leave out on a printer's paper, for the user to read; "" for nothing.
+  std::function<QString(Printer&)> missing;
+  std::function<void(Printer&)> print;
+};
 
-void showPrintPreview(const std::function<void(Printer&)>& job, QWidget* window);
+/// Asks which printer and how, and prints there. Where the paper would leave something out it says
+/// so first, and the user may go back and choose another. Returns the printer's name, "" when
+/// cancelled.
+QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWidget* window);
+
+/// Shows the pages, and below them what the paper chosen there leaves out.
+void showPrintPreview(const ScheduleJob& job, QWidget* window);
 
 }  // namespace depcalc::desktop

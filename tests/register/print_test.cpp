@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 #include "register/print_pages.h"
 #include "tests/support/recording_printer.h"
@@ -236,6 +237,45 @@ TEST_F(Printing, LeavesTheLastAssetsOfSomeWideRegistersUnprinted) {
   const PageRoom room = pageRoomBelow(measureScheduleHeading(printer), printer);
   EXPECT_EQ(PrintPages::of(table, room).columnsLeftOut(table), 8);
   expectFullSizes();
+}
+
+/// Asset columns that a printed picture shows.
+std::set<int> printedAssets(const RecordingPrinter& printer) {
+  std::set<int> assets;
+  for (const RecordingPrinter::Page& page : printer.finished) {
+    for (const int column : page.pictures.at(0).columns) {
+      if (column > 0) assets.insert(column);
+    }
+  }
+  return assets;
+}
+
+TEST_F(Printing, KnowsBeforehandHowManyAssetsWillBeOnNoPage) {
+  constexpr Paper narrow{"narrower than an asset", 2900, 15398};
+  std::vector<Paper> all(std::begin(papers), std::end(papers));
+  all.push_back(narrow);
+  for (const Paper& paper : all) {
+    int first_with_some = 0;
+    for (int assets = 1; assets <= 200; ++assets) {
+      load(assets, 13);
+      RecordingPrinter printer(paper.width, paper.height);
+      const int heading = measureScheduleHeading(printer);
+      const int missing = assetsOnNoPage(table, pageRoomBelow(heading, printer));
+      if (missing > 0 && first_with_some == 0) first_with_some = assets;
+      RecordingPrinter turned(paper.height, paper.width);
+      ASSERT_EQ(assetsOnNoPage(table, turnedPageRoomBelow(heading, turned)), missing);
+      print(printer);
+      const std::set<int> printed = printedAssets(printer);
+      ASSERT_EQ(missing, assets - static_cast<int>(printed.size())) << paper.name << assets;
+      if (!printed.empty()) {
+        ASSERT_EQ(*printed.rbegin(), assets - missing) << "the last ones";
+      }
+    }
+    EXPECT_NE(first_with_some, 0) << paper.name;
+    if (std::string(paper.name) == "A4") {
+      EXPECT_EQ(first_with_some, 50);
+    }
+  }
 }
 
 TEST_F(Printing, PrintsCaptionsAloneWhereNoAssetFits) {

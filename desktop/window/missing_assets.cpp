@@ -1,0 +1,78 @@
+#include "desktop/window/missing_assets.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "common/trapped.h"
+#include "desktop/widgets/dialog_looks.h"
+#include "register/print_pages.h"
+
+namespace depcalc::desktop {
+namespace {
+
+struct Missing {
+  int assets = 0;
+  int of = 0;
+  bool none_if_turned = false;
+  bool wide_paper = false;
+};
+
+/// A printer that fails here fails in the job as well, which says so.
+Missing missingAssets(const Grid& register_table, Printer& printer) {
+  Missing missing;
+  trapped("DepCalcDesktop::missingAssets", [&] {
+    const int heading = measureScheduleHeading(printer);
+    missing.of = register_table.columns() - 1;
+    missing.wide_paper = printer.printableWidth() > printer.printableHeight();
+    missing.assets = assetsOnNoPage(register_table, pageRoomBelow(heading, printer));
+    if (missing.assets == 0) return;
+    missing.none_if_turned =
+        assetsOnNoPage(register_table, turnedPageRoomBelow(heading, printer)) == 0;
+  });
+  return missing;
+}
+
+QString whatIsMissing(const Missing& missing) {
+  if (missing.assets == missing.of) {
+    return QObject::tr("This paper is too narrow: no asset would be on a page.");
+  }
+  if (missing.assets == 1) {
+    return QObject::tr("On this paper the last of the %1 assets would be on no page.")
+        .arg(missing.of);
+  }
+  return QObject::tr("On this paper the last %1 of the %2 assets would be on no page.")
+      .arg(missing.assets)
+      .arg(missing.of);
+}
+
+QString whatMayHelp(const Missing& missing) {
+  if (!missing.none_if_turned) {
+    return QObject::tr("Paper of another size may have room for all of them.");
+  }
+  return missing.wide_paper ? QObject::tr("In portrait there is room for all of them.")
+                            : QObject::tr("In landscape there is room for all of them.");
+}
+
+}  // namespace
+
+QString missingAssetsNote(const Grid& register_table, Printer& printer) {
+  const Missing missing = missingAssets(register_table, printer);
+  if (missing.assets == 0) return {};
+  return whatIsMissing(missing) + u' ' + whatMayHelp(missing);
+}
+
+bool printsAllTheSame(const QString& note, const QString& otherwise, QWidget* window) {
+  if (note.isEmpty()) return true;
+  QMessageBox box(QMessageBox::Warning, QObject::tr("Print"), note, QMessageBox::NoButton, window);
+  box.setTextFormat(Qt::PlainText);
+  box.setObjectName(QStringLiteral("MissingAssets"));
+  QPushButton* const print = box.addButton(QObject::tr("&Print Anyway"), QMessageBox::AcceptRole);
+  QPushButton* const back = box.addButton(otherwise, QMessageBox::RejectRole);
+  box.setDefaultButton(back);
+  box.setEscapeButton(back);
+  tidyBox(box);
+  box.exec();
+  return box.clickedButton() == print;
+}
+
+}  // namespace depcalc::desktop
