@@ -2,10 +2,13 @@
 
 #include <string>
 
+#include "cli/foreign_file.h"
+
 namespace depcalc {
 
-AssetReader::AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules)
-    : csv_(source), header_rules_(header_rules), rules_(rules) {}
+AssetReader::AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules,
+                         const CsvForm& form)
+    : csv_(source, form), separator_(form.separator), header_rules_(header_rules), rules_(rules) {}
 
 AssetReader::Outcome AssetReader::next(CalculateDep& asset) {
   problems_.clear();
@@ -18,6 +21,7 @@ AssetReader::Outcome AssetReader::next(CalculateDep& asset) {
       addCsvProblem();
       break;
     case CsvReader::Outcome::record:
+      line_ = csv_.record().front().place.line;
       if (csv_.record().size() == columns_.width()) {
         readAssetRow(columns_, csv_.record(), rules_, asset, problems_);
       } else {
@@ -28,6 +32,8 @@ AssetReader::Outcome AssetReader::next(CalculateDep& asset) {
 }
 
 bool AssetReader::begin() {
+  addForeignProblem();
+  if (!problems_.empty()) return false;
   switch (csv_.next()) {
     case CsvReader::Outcome::unreadable:
       return false;
@@ -44,7 +50,14 @@ bool AssetReader::begin() {
   return problems_.empty();
 }
 
+/// What can be no asset file at all is told in one line instead of in many.
+void AssetReader::addForeignProblem() {
+  const std::string message = foreignFileMessage(csv_.beginning(), separator_);
+  if (!message.empty()) problems_.push_back({1, "column 1", message, std::nullopt});
+}
+
 void AssetReader::addCsvProblem() {
+  line_ = csv_.problem().place.line;
   const CsvProblem& problem = csv_.problem();
   problems_.push_back({problem.place.line, "column " + std::to_string(problem.place.column),
                        problem.message, std::nullopt});

@@ -21,7 +21,8 @@ class AssetReader {
   };
 
   /// `source` must outlive the reader.
-  AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules);
+  AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules,
+              const CsvForm& form = {});
 
   /// Reads the header row. False when it cannot be used: `problems()` say why, unless the source
   /// failed. Comes first; nothing can be read after a failure.
@@ -30,17 +31,23 @@ class AssetReader {
   /// Reads the next row into `asset`, every property that a row determines.
   Outcome next(CalculateDep& asset);
 
+  /// Where the row that was read last begins.
+  [[nodiscard]] std::size_t line() const { return line_; }
+
   /// What was wrong with the row, in the order of the entry form.
   [[nodiscard]] const std::vector<RowProblem>& problems() const { return problems_; }
 
  private:
   void addCsvProblem();
   void addWidthProblem();
+  void addForeignProblem();
 
   CsvReader csv_;
+  char separator_;
   HeaderRules header_rules_;
   AssetRules rules_;
   AssetColumns columns_;
+  std::size_t line_ = 1;
   std::vector<RowProblem> problems_;
 };
 

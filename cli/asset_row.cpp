@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/data_text.h"
+#include "values/number_text.h"
 #include "values/text.h"
 
 namespace depcalc {
@@ -17,6 +18,16 @@ constexpr std::array<std::string_view, 4> method_names{"SL", "SYD", "DDB", "UOP"
 bool hasShape(std::string_view text, std::string_view pattern) {
   return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(),
                     [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; });
+}
+
+/// Whether a comma stands where no thousands are parted.
+bool hasStrangeComma(std::string_view number) {
+  for (std::size_t at = number.find(','); at != std::string_view::npos; at = number.find(',', at)) {
+    const std::size_t behind = ++at;
+    at = std::min(number.find_first_not_of("0123456789", behind), number.size());
+    if (at - behind != 3) return true;
+  }
+  return false;
 }
 
 bool isSameDayOfYear(Date a, Date b) { return a.month() == b.month() && a.day() == b.day(); }
@@ -39,13 +50,26 @@ class RowReading {
     readSalvage(readBasis());
     readCapacity();
     readMethod();
-    if (dated && lasting) checkLastYear();
+    if (dated && lasting && !(rules_.as_saved && hasNoMethod())) checkLastYear();
   }
 
  private:
   [[nodiscard]] std::string_view text(AssetColumn column) const {
     const CsvField* field = columns_.find(row_, column);
     return field != nullptr ? field->text : std::string_view();
+  }
+
+  [[nodiscard]] bool hasNoMethod() const { return trimmed(text(AssetColumn::method)).empty(); }
+
+  bool refusedForComma(AssetColumn column) {
+    if (!rules_.decimal_commas || !hasStrangeComma(trimmed(text(column)))) return false;
+    refuse(column, "Please put decimals behind a point, as in 1250.50.");
+    return true;
+  }
+
+  /// A 0 that stands there for what was never entered.
+  [[nodiscard]] bool isSavedZero(AssetColumn column) const {
+    return rules_.as_saved && hasNoMethod() && tryNumberFromText(text(column)) == 0.0;
   }
 
   void refuse(AssetColumn column, std::string_view message) {
@@ -66,7 +90,7 @@ class RowReading {
     const std::string_view free_text =
         rules_.raw_texts ? text(column) : unguardedText(text(column));
     // No text has more characters than bytes.
-    if (free_text.size() > most_text_characters &&
+    if (!rules_.as_saved && free_text.size() > most_text_characters &&
         characterCount(free_text) > most_text_characters) {
       refuse(column, "Please enter at most 20 characters.");
     }
@@ -84,23 +108,36 @@ class RowReading {
                           ? placedInServiceRule({date_text}, rules_.today, rules_.date_limit)
                           : Checked<Date>(Rejected{FieldMessage::date_not_valid});
     const auto accepted = take(column, date);
-    if (accepted) asset_.AssetStartDate(*accepted);
-    return accepted.has_value();
+    if (!accepted) return false;
+    // Day 0 is no date, and is saved as today.
+    if (rules_.as_saved && accepted->isNone()) {
+      refuse(column, messageOf(FormMessage::start_date_missing).text);
+    }
+    asset_.AssetStartDate(*accepted);
+    return true;
   }
 
   void readFiscalYearEnd() {
-    const std::string_view month_and_day = trimmed(text(AssetColumn::fiscal_year_end));
+    const std::string_view end = trimmed(text(AssetColumn::fiscal_year_end));
     const Date usual = rules_.fiscal_year_end;
-    const auto date = month_and_day.empty() ? usual : fiscalYearEndFromText(month_and_day);
+    if (end.empty()) return asset_.FYEnd(usual);
+    const auto month_and_day = fiscalYearEndFromText(end);
     // A row that names the usual day gives the same record as one that names none.
-    if (date) return asset_.FYEnd(isSameDayOfYear(*date, usual) ? usual : *date);
-    refuse(AssetColumn::fiscal_year_end, "Please enter a month and a day, such as 12-31.");
+    if (month_and_day && isSameDayOfYear(*month_and_day, usual)) return asset_.FYEnd(usual);
+    if (const auto date = fiscalYearEndFromFile(end)) return asset_.FYEnd(*date);
+    refuse(AssetColumn::fiscal_year_end,
+           "Please enter a month and a day, such as 12-31, or a date.");
   }
 
   bool readLife() {
     if (text(AssetColumn::life).empty()) {
       refuse(AssetColumn::life, messageOf(FormMessage::life_missing).text);
       return false;
+    }
+    if (refusedForComma(AssetColumn::life)) return false;
+    if (isSavedZero(AssetColumn::life)) {
+      asset_.DepRecovery(0);
+      return true;
     }
     const auto life = take(AssetColumn::life, usefulLifeRule({text(AssetColumn::life)}));
     if (life) asset_.DepRecovery(*life);
@@ -123,6 +160,11 @@ class RowReading {
       refuse(AssetColumn::basis, messageOf(FormMessage::basis_missing).text);
       return {};
     }
+    if (refusedForComma(AssetColumn::basis)) return {};
+    if (isSavedZero(AssetColumn::basis)) {
+      asset_.AssetBasis(Currency());
+      return {};
+    }
     const auto basis = take(AssetColumn::basis, basisRule({basis_text}, ""));
     if (!basis) return {};
     asset_.AssetBasis(*basis);
@@ -130,12 +172,14 @@ class RowReading {
   }
 
   void readSalvage(std::string_view basis_text) {
+    if (refusedForComma(AssetColumn::salvage)) return;
     const auto salvage =
         take(AssetColumn::salvage, salvageRule({text(AssetColumn::salvage)}, basis_text));
     if (salvage) asset_.AssetSalvage(*salvage);
   }
 
   void readCapacity() {
+    if (refusedForComma(AssetColumn::capacity)) return;
     const auto capacity =
         take(AssetColumn::capacity, productionCapacityRule({text(AssetColumn::capacity)}));
     if (capacity) asset_.AssetProdCap(*capacity);
@@ -174,6 +218,10 @@ std::optional<Date> fiscalYearEndFromText(std::string_view text) {
   if (!hasShape(text, "99-99")) return std::nullopt;
   // Any leap year will do, so that 02-29 exists.
   return Date::tryFromText("2000-" + std::string(text), Date());
+}
+
+std::optional<Date> fiscalYearEndFromFile(std::string_view text) {
+  return looksLikeFileDate(text) ? Date::tryFromText(text, Date()) : fiscalYearEndFromText(text);
 }
 
 bool looksLikeFileDate(std::string_view text) {

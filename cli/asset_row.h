@@ -17,8 +17,18 @@ struct AssetRules {
   Date today;
   DateLimit date_limit = DateLimit::fifty_years;
   bool raw_texts = false;  ///< texts are as they stand, an apostrophe before a formula included
-  Date fiscal_year_end;    ///< of the assets that name none; only month and day count
+  /// Takes whatever the calculator can have saved: texts of any length, and for an asset without
+  /// a method a life and a basis of 0.
+  bool as_saved = false;
+  /// A comma in a number may be meant for a decimal point, as where it separates no fields: it is
+  /// taken between thousands only.
+  bool decimal_commas = false;
+  Date fiscal_year_end;  ///< of the assets that name none; only month and day count
 };
+
+/// What `list` writes and a spreadsheet may make of it: a date as it stands, or "MM-DD", 02-29
+/// included, as a date of which month and day count.
+std::optional<Date> fiscalYearEndFromFile(std::string_view text);
 
 /// "MM-DD", 02-29 included, as a date whose month and day count.
 std::optional<Date> fiscalYearEndFromText(std::string_view text);

@@ -15,12 +15,13 @@ constexpr std::size_t buffer_size = 65'536;
 constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 
 /// Bytes that stand for one character each and mean nothing more, in a field quoted or not.
-constexpr std::array<bool, 256> plainBytes() {
+std::array<bool, 256> plainBytes(char separator) {
   std::array<bool, 256> plain{};
-  for (std::size_t byte = 0x20; byte < 0x80; ++byte) plain[byte] = byte != ',' && byte != '"';
+  for (std::size_t byte = 0x20; byte < 0x80; ++byte) {
+    plain[byte] = static_cast<char>(byte) != separator && byte != '"';
+  }
   return plain;
 }
-constexpr std::array<bool, 256> is_plain = plainBytes();
 
 struct EncodingMark {
   std::string_view mark;
@@ -58,8 +59,20 @@ std::string grouped(std::size_t count) {
 
 }  // namespace
 
-CsvReader::CsvReader(ByteSource& source, const CsvLimits& limits)
-    : source_(source), limits_(limits), buffer_(std::make_unique<char[]>(buffer_size)) {}
+CsvReader::CsvReader(ByteSource& source, const CsvForm& form)
+    : source_(source),
+      form_(form),
+      is_plain_(plainBytes(form.separator)),
+      buffer_(std::make_unique<char[]>(buffer_size)) {}
+
+std::string_view CsvReader::beginning() {
+  constexpr std::string_view line_ends = "\r\n";
+  const auto held = [this] { return std::string_view(&buffer_[at_], filled_ - at_); };
+  while (held().find_first_of(line_ends) == std::string_view::npos && filled_ - at_ < buffer_size &&
+         fill()) {
+  }
+  return held();
+}
 
 bool CsvReader::fill() {
   if (exhausted_) return false;
@@ -133,8 +146,8 @@ void CsvReader::skipEmptyLines() {
 }
 
 void CsvReader::readField() {
-  if (fields_.size() == limits_.fields) {
-    fail(place_, "The record has more than " + grouped(limits_.fields) + " fields.");
+  if (fields_.size() == form_.limits.fields) {
+    fail(place_, "The record has more than " + grouped(form_.limits.fields) + " fields.");
   }
   if (!failed_) {
     beginning_.push_back(content_.size());
@@ -149,7 +162,7 @@ void CsvReader::readPlain() {
   while (true) {
     keepPlainRun();
     const int next = peek();
-    if (next == ',' || next == '\n' || next == '\r' || next == end_of_text) return;
+    if (endsField(next)) return;
     if (next == '"')
       fail(place_,
            "There is a quote inside a field that does not begin with one; please put the whole "
@@ -172,7 +185,7 @@ void CsvReader::readQuoted() {
     keep({&byte, 1});
   }
   const int next = peek();
-  if (next != ',' && next != '\n' && next != '\r' && next != end_of_text) {
+  if (!endsField(next)) {
     fail(place_,
          "There is text behind the quote that closes the field; please double quotes that stand "
          "inside.");
@@ -182,30 +195,30 @@ void CsvReader::readQuoted() {
 void CsvReader::keepPlainRun() {
   if (!utf8_.atBoundary()) return;
   const std::size_t begin = at_;
-  while (at_ < filled_ && is_plain[static_cast<unsigned char>(buffer_[at_])]) ++at_;
+  while (at_ < filled_ && is_plain_[static_cast<unsigned char>(buffer_[at_])]) ++at_;
   place_.column += at_ - begin;
   keep({&buffer_[begin], at_ - begin});
 }
 
 void CsvReader::keep(std::string_view bytes) {
   if (failed_) return;
-  if (content_.size() - beginning_.back() + bytes.size() > limits_.field_bytes) {
+  if (content_.size() - beginning_.back() + bytes.size() > form_.limits.field_bytes) {
     return fail(fields_.back().place,
-                "The field is longer than " + grouped(limits_.field_bytes) + " bytes.");
+                "The field is longer than " + grouped(form_.limits.field_bytes) + " bytes.");
   }
-  if (content_.size() + bytes.size() > limits_.record_bytes) {
+  if (content_.size() + bytes.size() > form_.limits.record_bytes) {
     return fail(fields_.front().place,
-                "The record is longer than " + grouped(limits_.record_bytes) + " bytes.");
+                "The record is longer than " + grouped(form_.limits.record_bytes) + " bytes.");
   }
   content_.append(bytes);
 }
 
-/// Takes a comma (true) or the end of the record.
+/// Takes a separator (true) or the end of the record.
 bool CsvReader::takeSeparator() {
   const int separator = take();
   if (separator == '\r' && peek() == '\n') take();
   if (separator == end_of_text && !utf8_.atBoundary()) fail(character_, std::string(not_utf8));
-  return separator == ',';
+  return separator == separatorByte();
 }
 
 void CsvReader::endRecord() {

@@ -1,6 +1,7 @@
 // Comma-separated values, read record by record.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -36,9 +37,15 @@ struct CsvLimits {
   std::size_t fields = 1'024;
 };
 
-/// Reads RFC 4180: fields parted by commas, quoted where they hold commas, line ends or quotes
-/// (doubled). Lines end with LF, CRLF or CR, mixed at will; the last may have none. Wholly empty
-/// lines are no records. The text is UTF-8, with or without a byte order mark.
+/// How a text is to be read.
+struct CsvForm {
+  char separator = ',';  ///< one byte that is neither a quote nor a line end
+  CsvLimits limits{};
+};
+
+/// Reads RFC 4180: fields parted by commas (or another separator), quoted where they hold commas,
+/// line ends or quotes (doubled). Lines end with LF, CRLF or CR, mixed at will; the last may have
+/// none. Wholly empty lines are no records. The text is UTF-8, with or without a byte order mark.
 ///
 /// A record that is not well formed is a problem, and the next one is read as usual. A text in
 /// UTF-16 or UTF-32 is one problem, and nothing after it is read.
@@ -52,9 +59,13 @@ class CsvReader {
   };
 
   /// `source` must outlive the reader.
-  explicit CsvReader(ByteSource& source, const CsvLimits& limits = {});
+  explicit CsvReader(ByteSource& source, const CsvForm& form = {});
 
   Outcome next();
+
+  /// What stands before anything was read: the first line and whatever came with it, as far as 64
+  /// KiB hold it. Valid until `next`.
+  [[nodiscard]] std::string_view beginning();
 
   [[nodiscard]] const std::vector<CsvField>& record() const { return fields_; }
   [[nodiscard]] const CsvProblem& problem() const { return problem_; }
@@ -63,6 +74,10 @@ class CsvReader {
   static constexpr int end_of_text = -1;
 
   int peek() { return at_ < filled_ || fill() ? static_cast<unsigned char>(buffer_[at_]) : -1; }
+  [[nodiscard]] int separatorByte() const { return static_cast<unsigned char>(form_.separator); }
+  [[nodiscard]] bool endsField(int next) const {
+    return next == separatorByte() || next == '\n' || next == '\r' || next == end_of_text;
+  }
   bool fill();
   int take();
   void checkCharacter(unsigned char byte);
@@ -81,7 +96,8 @@ class CsvReader {
   void fail(CsvPlace place, std::string message);
 
   ByteSource& source_;
-  CsvLimits limits_;
+  CsvForm form_;
+  std::array<bool, 256> is_plain_;  ///< bytes that stand for one character and mean nothing more
   std::unique_ptr<char[]> buffer_;
   std::size_t at_ = 0;
   std::size_t filled_ = 0;

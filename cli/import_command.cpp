@@ -7,15 +7,20 @@
 #include "cli/company.h"
 #include "cli/importer.h"
 #include "cli/input_file.h"
+#include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/progress.h"
+#include "host/sqlite/database.h"
 #include "values/display_format.h"
 
 namespace depcalc {
 namespace {
 
-std::string assetsText(std::size_t count) {
-  return formatWhole(static_cast<double>(count)) + (count == 1 ? " asset" : " assets");
+/// "1 asset", "2 assets".
+std::string counted(std::size_t count, std::string_view what) {
+  std::string text = formatWhole(static_cast<double>(count));
+  text.append(" ").append(what).append(count == 1 ? "" : "s");
+  return text;
 }
 
 class ImportCommand final : public CompanyCommand {
@@ -31,6 +36,10 @@ class ImportCommand final : public CompanyCommand {
       calculate every asset by its method and save it
   depcalc import --dry-run workshop.company assets.csv
       say what is wrong with the rows, and save nothing
+  depcalc list --format csv old.company | depcalc import --allow-duplicates new.company -
+      take every asset over into another company file
+  depcalc import --separator semicolon workshop.company export.csv
+      read what a spreadsheet writes where a comma is the decimal point
   depcalc import --ignore-unknown workshop.company - < export.csv
       read standard input; other columns do no harm
 )";
@@ -52,14 +61,22 @@ class ImportCommand final : public CompanyCommand {
         ->required()
         ->option_text(" ");
     app.add_flag("--dry-run", dry_run_, "Do everything but save");
+    app.add_flag("--allow-duplicates", allow_duplicates_,
+                 "Take rows whose ID or serial number is there already");
+    addSeparatorOption(app, separator_);
     app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
     app.add_flag("--raw", raw_texts_,
                  "Take texts as they are, as `depcalc list --raw` writes them");
     app.footer(R"(Columns as `depcalc schedule --help` has them, but:
   method             SL, SYD, DDB, UOP, or empty: saved without amounts
-  fiscal_year_end    MM-DD (the company's)
+  fiscal_year_end    MM-DD, or a date of which month and day count (the company's)
+  placed_in_service  any date; those more than 50 years from today are remarked on
+  life, basis        0 is taken, too, where there is no method
+  id, name, serial, department   texts of any length
 
-Every row that cannot be used is reported on standard error, and then nothing is imported.
+Every row that cannot be used is reported on standard error, and then nothing is imported. So is
+a row whose ID or serial number stands in the register or in a line before; empty ones do not
+count. After the 200th such row one line says how many more there are.
 Exit status: 0 done, 1 some rows were refused or are too many, 2 wrong usage, 3 a file cannot be
 read or written, 4 the company file is in use.)");
   }
@@ -67,19 +84,45 @@ read or written, 4 the company file is in use.)");
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     Output& errors = surroundings.errors;
     AssetReader reader(*csv_, {.ignore_unknown = ignore_unknown_, .with_method = true},
-                       {.today = company.today(),
-                        .raw_texts = raw_texts_,
-                        .fiscal_year_end = company.fiscalYearEnd()});
-    const ImportedRows rows = readRows(reader, [&](const RowProblem& problem) {
-      errors.write(problemText(csv_path_, problem) + '\n');
-    });
+                       rulesFor(company), {.separator = separator_, .limits = textLimits()});
+    std::optional<Duplicates> duplicates;
+    if (!allow_duplicates_) duplicates.emplace(company);
+    const ImportedRows rows = readRows(
+        reader, company.today(), duplicates ? &*duplicates : nullptr,
+        [&](const RowProblem& problem) { errors.write(problemText(csv_path_, problem) + '\n'); });
     if (!csv_->failure().empty()) return cannotRead(*csv_, errors);
-    if (rows.any_problem) {
-      complain(company, "Nothing was imported.", errors);
-      return exit_bad_data;
-    }
+    if (rows.bad_header || rows.bad_rows > 0) return refuse(company, rows, errors);
     return hasRoomFor(rows.good_rows, company, errors) ? save(company, rows, surroundings)
                                                        : exit_bad_data;
+  }
+
+  /// What the calculator saves, import takes back.
+  [[nodiscard]] AssetRules rulesFor(const Company& company) const {
+    return {.today = company.today(),
+            .date_limit = DateLimit::none,
+            .raw_texts = raw_texts_,
+            .as_saved = true,
+            .decimal_commas = separator_ != ',',
+            .fiscal_year_end = company.fiscalYearEnd()};
+  }
+
+  /// No text of a company file is longer.
+  static CsvLimits textLimits() {
+    return {.field_bytes = most_text_bytes, .record_bytes = most_text_bytes};
+  }
+
+  ExitStatus refuse(const Company& company, const ImportedRows& rows, Output& errors) const {
+    if (rows.bad_rows > most_reported_rows) {
+      const std::size_t more = rows.bad_rows - most_reported_rows;
+      errors.write("depcalc: " + printableText(csv_path_) + ": " + counted(more, "more row") +
+                   " cannot be used.\n");
+    }
+    std::string message = "Nothing was imported.";
+    if (rows.duplicate_rows > 0) {
+      message += " With --allow-duplicates IDs and serial numbers may be there already.";
+    }
+    complain(company, message, errors);
+    return exit_bad_data;
   }
 
   static bool hasRoomFor(std::size_t added, const Company& company, Output& errors) {
@@ -104,9 +147,21 @@ read or written, 4 the company file is in use.)");
       complain(company, *report + ". Nothing was imported.", surroundings.errors);
       return exit_system;
     }
+    remarkOnDates(company, rows, surroundings.errors);
     surroundings.out.write((dry_run_ ? "Would import " : "Imported ") +
-                           assetsText(rows.assets.size()) + ".\n");
+                           counted(rows.assets.size(), "asset") + ".\n");
     return exit_success;
+  }
+
+  /// A slip in a year should not go unseen.
+  static void remarkOnDates(const Company& company, const ImportedRows& rows, Output& errors) {
+    if (rows.distant_lines.empty()) return;
+    const std::size_t count = rows.distant_lines.size();
+    complain(company,
+             counted(count, "asset") + (count == 1 ? " is" : " are") +
+                 " placed in service more than 50 years from today; see line " +
+                 std::to_string(rows.distant_lines.front()) + ".",
+             errors);
   }
 
   ExitStatus cannotRead(const InputFile& csv, Output& errors) const {
@@ -116,6 +171,8 @@ read or written, 4 the company file is in use.)");
 
   std::string csv_path_;
   bool dry_run_ = false;
+  bool allow_duplicates_ = false;
+  char separator_ = ',';
   bool ignore_unknown_ = false;
   bool raw_texts_ = false;
   std::optional<InputFile> csv_;  ///< while the command runs

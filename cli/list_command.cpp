@@ -20,9 +20,6 @@
 namespace depcalc {
 namespace {
 
-/// The month and day of a fiscal year's end, MM-DD; "" for no date.
-std::string monthAndDay(Date date) { return date.isNone() ? "" : date.toIsoText().substr(5); }
-
 /// What the columns of an asset file hold for `asset`, in their order, in the form that import
 /// reads.
 std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep& asset) {
@@ -32,7 +29,7 @@ std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep&
           asset.ASerial(),
           asset.ADept(),
           start.isNone() ? "" : start.toIsoText(),
-          monthAndDay(asset.FYEnd()),
+          asset.FYEnd().toIsoText(),
           numberToText(asset.DepRecovery()),
           std::string(conventionItem(asset.DepConvention())),
           asset.AssetBasis().toFixed4(),
@@ -113,8 +110,8 @@ class ListCommand final : public CompanyCommand {
   [[nodiscard]] std::string_view examples() const override {
     return R"(  depcalc list workshop.company
       the assets and their numbers
-  depcalc list --format csv old.company | depcalc import new.company -
-      take the assets over into another company file
+  depcalc list --format csv old.company | depcalc import --allow-duplicates new.company -
+      take every asset over into another company file
 )";
   }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/asset_row.h"
+#include "cli/foreign_file.h"
 
 namespace depcalc {
 namespace {
@@ -45,6 +46,20 @@ void addFormatOption(CLI::App& app, OutputFormat& format) {
          "How to write: table (for people), csv or json")
       ->check(CLI::IsMember({"table", "csv", "json"}))
       ->option_text("FORMAT");
+}
+
+void addSeparatorOption(CLI::App& app, char& separator) {
+  app.add_option_function<std::string>(
+         "--separator",
+         [&separator](const std::string& text) { separator = *separatorNamed(text); },
+         "What parts the columns: comma (the default), semicolon, tab or a character")
+      ->option_text("SEPARATOR")
+      ->check([](const std::string& text) {
+        return separatorNamed(text) ? ""
+                                    : "\"" + text +
+                                          "\" is no separator; comma, semicolon and "
+                                          "tab are";
+      });
 }
 
 void addTodayOption(CLI::App& app, std::optional<Date>& today) {

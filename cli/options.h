@@ -19,6 +19,9 @@ enum class OutputFormat : std::uint8_t { table, csv, json };
 /// --format FORMAT into `format`.
 void addFormatOption(CLI::App& app, OutputFormat& format);
 
+/// --separator SEPARATOR into `separator`: one character, or its name.
+void addSeparatorOption(CLI::App& app, char& separator);
+
 /// --today YYYY-MM-DD into `today`.
 void addTodayOption(CLI::App& app, std::optional<Date>& today);
 

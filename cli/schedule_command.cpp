@@ -36,6 +36,7 @@ class ScheduleCommand final : public Command {
     addTodayOption(app, today_);
     addFiscalYearEndOption(app, fiscal_year_end_,
                            "The fiscal year's last day where the file names none, else 12-31");
+    addSeparatorOption(app, separator_);
     app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
     app.add_flag("--no-date-limit", no_date_limit_,
                  "Accept dates more than 50 years before or after today");
@@ -47,7 +48,7 @@ class ScheduleCommand final : public Command {
   basis              cost, above 0 and below 10,000,000
   salvage            residual value, up to the basis (0)
   convention         Full Year, Half Year, Full Month, Half Month, Actual Days, or 0 to 4 (0)
-  fiscal_year_end    MM-DD (12-31)
+  fiscal_year_end    MM-DD, or a date of which month and day count (12-31)
   capacity           units that the asset will produce (0)
   id, name, serial, department   texts of up to 20 characters
 
@@ -77,13 +78,15 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
     return {.today = today_.value_or(clock),
             .date_limit = no_date_limit_ ? DateLimit::none : DateLimit::fifty_years,
             .raw_texts = raw_texts_,
+            .decimal_commas = separator_ != ',',
             .fiscal_year_end = fiscal_year_end_};
   }
 
   /// Whether every row was good.
   bool writeAll(InputFile& file, ScheduleWriter& writer, Surroundings& surroundings) {
     using Outcome = AssetReader::Outcome;
-    AssetReader reader(file, {.ignore_unknown = ignore_unknown_}, rules(surroundings.today));
+    AssetReader reader(file, {.ignore_unknown = ignore_unknown_}, rules(surroundings.today),
+                       {.separator = separator_});
     bool all_good = reader.begin();
     report(reader.problems(), surroundings.errors);
     if (!all_good) return false;
@@ -113,6 +116,7 @@ Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be
   OutputFormat format_ = OutputFormat::table;
   std::optional<Date> today_;
   Date fiscal_year_end_ = Date::strict(2000, 12, 31);
+  char separator_ = ',';
   bool ignore_unknown_ = false;
   bool no_date_limit_ = false;
   bool raw_texts_ = false;

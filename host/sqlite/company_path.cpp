@@ -32,10 +32,16 @@ std::string absolutePath(const std::string& path) {
 
 using Header = std::array<unsigned char, 100>;
 
-std::uint32_t bigEndian(const Header& header, std::size_t at) {
-  return static_cast<std::uint32_t>(header[at]) << 24U |
-         static_cast<std::uint32_t>(header[at + 1]) << 16U |
-         static_cast<std::uint32_t>(header[at + 2]) << 8U | header[at + 3];
+std::string_view textOf(const Header& header) {
+  return {reinterpret_cast<const char*>(header.data()), header.size()};
+}
+
+std::uint32_t bigEndian(std::string_view header, std::size_t at) {
+  std::uint32_t number = 0;
+  for (const char byte : header.substr(at, 4)) {
+    number = number << 8U | static_cast<unsigned char>(byte);
+  }
+  return number;
 }
 
 struct CloseFile {
@@ -132,16 +138,20 @@ std::string resolvedNewPath(const std::string& path) {
   return resolved.string();
 }
 
+bool beginsLikeCompanyFile(std::string_view beginning) {
+  constexpr std::string_view magic("SQLite format 3\0", 16);
+  constexpr std::size_t application_id = 68;
+  return beginning.starts_with(magic) && beginning.size() >= application_id + 4 &&
+         bigEndian(beginning, application_id) == company_application_id;
+}
+
 void requireCompanyHeader(const std::string& path, const std::string& vfs) {
   const Header header = readHeader(path, vfs);
-  constexpr std::string_view magic("SQLite format 3\0", 16);
-  const std::string_view begin(reinterpret_cast<const char*>(header.data()), magic.size());
-  const std::uint32_t application = bigEndian(header, 68);
-  if (begin != magic || application != company_application_id) {
+  if (!beginsLikeCompanyFile(textOf(header))) {
     throw FileTrouble(Kind::not_a_company_file,
                       path + " is not a company file. Company files are made by depcalc.");
   }
-  const std::uint32_t format = bigEndian(header, 60);
+  const std::uint32_t format = bigEndian(textOf(header), 60);
   if (format > company_format) {
     throw FileTrouble(Kind::newer, path + " was written by a newer version of the program (form " +
                                        std::to_string(format) + "; this one reads up to " +

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "host/sqlite/file_trouble.h"
 
@@ -18,6 +19,9 @@ std::string resolvedCompanyPath(const std::string& path);
 
 /// The same for a file to be made: its directory exists, the file does not.
 std::string resolvedNewPath(const std::string& path);
+
+/// Whether a file that begins so is a company file, whatever form it has.
+bool beginsLikeCompanyFile(std::string_view beginning);
 
 /// Throws a FileTrouble unless the file's first bytes are those of a company file of a form that
 /// can be read. Takes no lock and, done by SQLite's own means, drops none that this process has

@@ -34,15 +34,17 @@ TEST_F(CompanyProgram, RefusesAFileThatAnotherHoldsAndSaysWhoUntilThatIsGone) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   // It has the file while it waits for assets.
-  const pid_t holder = start({"import", file_, "-"}, {.in = ends[0], .errors = -1, .first = {}});
+  const pid_t holder = start({"import", "--allow-duplicates", file_, "-"},
+                             {.in = ends[0], .errors = -1, .first = {}});
   ASSERT_TRUE(comesToHold(holder, file_));
   const std::string said = file_ + " is in use by depcalc (process " + std::to_string(holder) + ")";
-  for (const Arguments& arguments : std::vector<Arguments>{{"list", file_},
-                                                           {"check", file_},
-                                                           {"dump", file_},
-                                                           {"register", file_},
-                                                           {"import", file_, one_},
-                                                           {"delete", file_, "1"}}) {
+  for (const Arguments& arguments :
+       std::vector<Arguments>{{"list", file_},
+                              {"check", file_},
+                              {"dump", file_},
+                              {"register", file_},
+                              {"import", "--allow-duplicates", file_, one_},
+                              {"delete", file_, "1"}}) {
     const Ran ran = run(arguments);
     EXPECT_EQ(ran.status, 4) << arguments.front();
     EXPECT_THAT(ran.errors, HasSubstr(said)) << arguments.front();
@@ -80,7 +82,7 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   writeAssets(many_, most + 1);
   ASSERT_EQ(run({"new", file_}).status, 0);
   const std::string empty = bytesOf(file_);
-  const Ran too_many = run({"import", file_, many_, "--today", "2024-06-01"});
+  const Ran too_many = run({"import", "--allow-duplicates", file_, many_, "--today", "2024-06-01"});
   EXPECT_EQ(too_many.status, 1);
   EXPECT_THAT(too_many.errors, HasSubstr("The register holds at most 32,767 assets"));
   EXPECT_EQ(bytesOf(file_), empty);
@@ -88,8 +90,8 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   writeAssets(many_, most);
   int status = -1;
   const auto began = Clock::now();
-  const std::string shown =
-      shownOnTerminal({"import", file_, many_, "--today", "2024-06-01"}, status);
+  const std::string shown = shownOnTerminal(
+      {"import", "--allow-duplicates", file_, many_, "--today", "2024-06-01"}, status);
   const std::chrono::duration<double> seconds = Clock::now() - began;
   EXPECT_EQ(status, 0);
   std::cout << "imported in " << seconds.count() << " s, " << shown.size() << " bytes shown\n";
@@ -103,7 +105,7 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
 
   const std::string full = bytesOf(file_);
   writeAssets(one_, 1);
-  const Ran one_more = run({"import", file_, one_, "--today", "2024-06-01"});
+  const Ran one_more = run({"import", "--allow-duplicates", file_, one_, "--today", "2024-06-01"});
   EXPECT_EQ(one_more.status, 1);
   EXPECT_THAT(one_more.errors, HasSubstr("it has 32,767, and the file has 1 more"));
   EXPECT_EQ(bytesOf(file_), full);
@@ -175,7 +177,7 @@ TEST_F(CompanyProgram, LeavesTheFileAsItWasWhereTheDiskIsFull) {
   if (child == 0) {
     if (!mountSmall(place, before.size() + 65'536)) ::_exit(77);
     std::filesystem::copy_file(base_, file);
-    const Ran import = run({"import", file, many_, "--today", "2024-06-01"});
+    const Ran import = run({"import", "--allow-duplicates", file, many_, "--today", "2024-06-01"});
     const bool told = import.status == 3 && import.errors.find(file) != std::string::npos &&
                       import.errors.find("the disk is full") != std::string::npos;
     const bool unharmed = bytesOf(file) == before && !std::filesystem::exists(file + "-journal");
@@ -203,7 +205,7 @@ TEST_F(CompanyProgram, LeavesTheFileAsItWasWhereFilesMayNotGrow) {
   make(file_, 40);
   writeAssets(many_, 3'000);
   const std::string before = bytesOf(file_);
-  const Ran ran = run({"import", file_, many_, "--today", "2024-06-01"}, [&] {
+  const Ran ran = run({"import", "--allow-duplicates", file_, many_, "--today", "2024-06-01"}, [&] {
     const struct rlimit limit = {before.size() + 65'536, before.size() + 65'536};
     ::setrlimit(RLIMIT_FSIZE, &limit);
   });
@@ -242,8 +244,8 @@ TEST_F(CompanyProgram, ReadsAndDoesNotHarmWhatItMayNotWrite) {
   for (const Case& each : {Case{"file", 0444, 0777}, Case{"directory", 0666, 0555}}) {
     ::chmod(file.c_str(), each.file_mode);
     ::chmod(place.c_str(), each.place_mode);
-    for (const Arguments& arguments :
-         std::vector<Arguments>{{"import", file, one_}, {"delete", file, "1"}}) {
+    for (const Arguments& arguments : std::vector<Arguments>{
+             {"import", "--allow-duplicates", file, one_}, {"delete", file, "1"}}) {
       const Ran ran = run(arguments, becomeNobody);
       EXPECT_EQ(ran.status, 3) << each.what << ", " << arguments.front();
       EXPECT_THAT(ran.errors, HasSubstr(file + " cannot be written")) << each.what;

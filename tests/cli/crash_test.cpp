@@ -34,8 +34,9 @@ TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);
   const TableContent before = contentAt(base_);
-  const std::vector<Arguments> commands{
-      {"import", file_, many_}, {"import", file_, one_}, {"delete", file_, "1"}};
+  const std::vector<Arguments> commands{{"import", "--allow-duplicates", file_, many_},
+                                        {"import", "--allow-duplicates", file_, one_},
+                                        {"delete", file_, "1"}};
   int cut_short = 0;
   for (Arguments command : commands) {
     command.insert(command.end(), {"--today", "2024-06-01"});
@@ -78,7 +79,8 @@ TEST_F(Crash, KeepsEverySaveOfARowThatWasAcknowledged) {
     const pid_t row = ::fork();
     if (row == 0) {
       ::setpgid(0, 0);
-      while (succeeded(start({"import", file_, one_, "--today", "2024-06-01"}))) {
+      while (succeeded(
+          start({"import", "--allow-duplicates", file_, one_, "--today", "2024-06-01"}))) {
         if (::write(ends[1], "s", 1) != 1) ::_exit(1);
       }
       ::_exit(1);

@@ -19,9 +19,10 @@ std::string shown(CsvPlace place) {
 }
 
 /// Everything read from `text`; a problem is a record "!", its place, its message.
-Records readAll(std::string_view text, std::size_t piece = 65'536, CsvLimits limits = {}) {
+Records readAll(std::string_view text, std::size_t piece = 65'536, CsvLimits limits = {},
+                char separator = ',') {
   TextSource source(text, piece);
-  CsvReader reader(source, limits);
+  CsvReader reader(source, {.separator = separator, .limits = limits});
   Records records;
   for (Outcome outcome = reader.next(); outcome != Outcome::end; outcome = reader.next()) {
     auto& record = records.emplace_back();

@@ -65,7 +65,7 @@ every_command() {
   cp ../assets.csv ../plain.csv ../bad.csv .
   run new new $today --name Müller --first-month april w.company
   run import import $today w.company assets.csv
-  run more import $today w.company plain.csv
+  run more import --allow-duplicates $today w.company plain.csv
   run refused import $today w.company bad.csv
   for format in table csv json; do
     run "schedule-$format" schedule $today --ignore-unknown --format "$format" assets.csv

@@ -32,7 +32,7 @@ void checkRecord(const std::vector<CsvField>& record, CsvPlace& last) {
 
 std::string readAll(std::string_view text, std::size_t piece) {
   TextSource source(text, piece);
-  CsvReader reader(source, limits);
+  CsvReader reader(source, {.limits = limits});
   std::string all;
   CsvPlace last{0, 0};
   while (true) {
