@@ -18,7 +18,9 @@ DepCalcCont::DepCalcCont(Stage& stage, ScreenMaker& screens, CreateHost create_h
       DepCalcView1_(screens.makeView(*this, "DepCalcView1", register_answers_)),
       DepCalcCtl1_(screens.makeCtl(*this, "DepCalcCtl1", entry_answers_)),
       DepCalcDisplayCtl1_(screens.makeDisplay(*this, "DepCalcDisplayCtl1", comparison_answers_)),
-      popups_(*this, screens, [this] { return DepCalcDisplayCtl1_->height(); }) {}
+      popups_(
+          *this, screens, [this] { return DepCalcCtl1_->width(); },
+          [this] { return DepCalcDisplayCtl1_->height(); }) {}
 
 void DepCalcCont::ShowView(eMyView view) {
   trapped("DepCalc::ShowView", [&] {

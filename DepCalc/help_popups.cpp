@@ -10,8 +10,8 @@ namespace depcalc {
 namespace {
 
 constexpr int usual_top = 1440;
-constexpr int left_pixels = 50;
-constexpr int second_offset = 360;
+constexpr int overlap_pixels = 50 / 2;  // of a scale unit of 50, half lies on the form's margin
+constexpr int second_gap = 120;         // twips
 constexpr std::string_view topic_at_bottom = "Total";
 
 struct TopicTop {
@@ -63,8 +63,10 @@ class HelpPopups::Second final : public DepCalcPopupEvents {
 };
 
 HelpPopups::HelpPopups(UserControl& container, ScreenMaker& screens,
-                       std::function<int()> comparison_height)
-    : comparison_height_(std::move(comparison_height)) {
+                       std::function<int()> form_width, std::function<int()> comparison_height)
+    : container_(container),
+      form_width_(std::move(form_width)),
+      comparison_height_(std::move(comparison_height)) {
   first_.events = std::make_unique<First>(*this);
   first_.screen = screens.makePopup(container, "DepCalcPopup1", *first_.events);
   second_.events = std::make_unique<Second>(*this);
@@ -102,14 +104,19 @@ int HelpPopups::topFor(const std::string& topic) const {
   return found == topic_tops.end() ? usual_top : found->top;
 }
 
-void HelpPopups::placeFirst() {
-  const double pixel = first_.screen->stage().site().twipsPerPixel();
-  first_.screen->setPosition(static_cast<int>(left_pixels * pixel), topFor(HelpTopic_));
+/// Beside the form, which is explained there, and no further to the right for a register of many
+/// assets.
+int HelpPopups::besideForm() const {
+  const double pixel = container_.stage().site().twipsPerPixel();
+  return std::min(container_.width(), form_width_()) - static_cast<int>(overlap_pixels * pixel);
 }
 
+void HelpPopups::placeFirst() { first_.screen->setPosition(besideForm(), topFor(HelpTopic_)); }
+
+/// Below the first one, whose links go on being of use.
 void HelpPopups::placeSecond() {
-  second_.screen->setPosition(first_.screen->left() + second_offset,
-                              first_.screen->top() + second_offset);
+  second_.screen->setPosition(first_.screen->left(),
+                              first_.screen->top() + first_.screen->height() + second_gap);
 }
 
 }  // namespace depcalc

@@ -11,9 +11,10 @@ namespace depcalc {
 /// The first popup opens on the topic that a screen asks for, the second on a link in the first.
 class HelpPopups {
  public:
-  /// `comparison_height` answers the height of the comparison screen in twips, by which the topic
-  /// "Total" is placed.
-  HelpPopups(UserControl& container, ScreenMaker& screens, std::function<int()> comparison_height);
+  /// In twips, `form_width` answers the width of the entry form, beside which popups stand, and
+  /// `comparison_height` the height of the comparison screen, by which the topic "Total" is placed.
+  HelpPopups(UserControl& container, ScreenMaker& screens, std::function<int()> form_width,
+             std::function<int()> comparison_height);
 
   /// Opens the first popup on a topic, where it stands until it has taken its size.
   void openFromForm(const std::string& topic);        ///< entry form, register, container
@@ -32,12 +33,15 @@ class HelpPopups {
 
   void open(const std::string& topic, const std::function<int()>& top);
   [[nodiscard]] int atBottomEdge() const;
+  [[nodiscard]] int besideForm() const;
   [[nodiscard]] int topFor(const std::string& topic) const;
   void placeFirst();
   void placeSecond();
   void openLink(const std::string& topic);
 
   std::string HelpTopic_;
+  UserControl& container_;
+  std::function<int()> form_width_;
   std::function<int()> comparison_height_;
   Popup first_;
   Popup second_;

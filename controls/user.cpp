@@ -139,7 +139,9 @@ void User::mouseDown(Control& control) {
   if (!control.isShown()) return;
   Control& target = control.pressTarget();
   stage_.pressed_ = &target;
-  for (UserControl* around = target.parent(); around != nullptr; around = around->parent()) {
+  auto* const itself = dynamic_cast<UserControl*>(&target);
+  for (UserControl* around = itself != nullptr ? itself : target.parent(); around != nullptr;
+       around = around->parent()) {
     around->traceEvent("Activate");
     around->Activate();
   }

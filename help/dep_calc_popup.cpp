@@ -10,11 +10,11 @@
 namespace depcalc {
 namespace {
 
-// Twips. The body keeps its width; everything else follows from the texts.
+// Twips. Everything else follows from the texts.
 constexpr int margin = 120;
 constexpr int title_top = 75;
 constexpr int body_top = 525;
-constexpr int body_width = 5000;
+constexpr int widest_body = 5000;
 constexpr int close_size = 195;
 constexpr double title_points = 9;
 constexpr double body_points = 9;
@@ -35,7 +35,7 @@ DepCalcPopup::DepCalcPopup(UserControl& parent, std::string name, DepCalcPopupEv
   HelpTitle.setAutoSize(true);
   HelpTitle.setPosition(margin, title_top);
   HelpLabel.setFont({body_points});
-  HelpLabel.setPlace({margin, body_top, body_width, 0});
+  HelpLabel.setPlace({margin, body_top, widest_body, 0});
   HelpLabel.setWordWrap(true);
   HelpLabel.setAutoSize(true);
   for (std::size_t i = 0; i < link_count; ++i) {
@@ -68,6 +68,15 @@ void DepCalcPopup::setTexts(std::string_view title, std::string_view body, bool 
   }
   HelpTitle.setText(std::string(title));
   HelpLabel.setText(std::string(body));
+  HelpLabel.setWidth(widthOf(HelpLabel));
+}
+
+/// As wide as the longest of the lines that the text is broken into; a pixel more, so that it is
+/// broken at the same words again.
+int DepCalcPopup::widthOf(const Label& body) const {
+  if (body.text().empty()) return 0;
+  const int longest = site().textExtent(body.text(), body.font(), widest_body).width;
+  return std::min(widest_body, longest + pixel_);
 }
 
 void DepCalcPopup::Show() {

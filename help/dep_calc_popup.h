@@ -51,6 +51,7 @@ class DepCalcPopup : public UserControl {
   void setTexts(std::string_view title, std::string_view body, bool with_links);
   void sizeToContent();
   int placeLinks();
+  [[nodiscard]] int widthOf(const Label& body) const;
   [[nodiscard]] int contentBottom(int content_height) const;
   [[nodiscard]] int contentRight() const;
 

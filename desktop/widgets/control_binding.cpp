@@ -6,6 +6,7 @@
 #include "controls/label.h"
 #include "controls/option_button.h"
 #include "controls/picture_button.h"
+#include "desktop/widgets/overhang.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
@@ -82,7 +83,13 @@ ControlBinding::ControlBinding(QWidget& widget, Control& control, Surface& surfa
 
 ControlBinding::~ControlBinding() { surface_.remove(control_); }
 
-void ControlBinding::place() { widget_.setGeometry(scale().rect(control_.place())); }
+void ControlBinding::place() {
+  if (control_.parent() == nullptr) {
+    widget_.resize(scale().rect(placeWithOverhang(static_cast<UserControl&>(control_))).size());
+  } else {
+    widget_.setGeometry(scale().rect(control_.place()));
+  }
+}
 
 void ControlBinding::setVisible() {
   // Qt would look for the next widget to take the focus; here nothing has it until the model says.

@@ -29,12 +29,15 @@ class ControlBinding : public QObject {
   void pressed();
   void released(const QPoint& at);
 
+  /// Puts the widget where the control is. Where the outermost one stands is left to who shows it;
+  /// its widget has room for what reaches beyond its edges.
+  void place();
+
  protected:
   virtual void changed(Aspect aspect);
   [[nodiscard]] QWidget& widget() const { return widget_; }
 
  private:
-  void place();
   void setVisible();
 
   QWidget& widget_;

@@ -29,9 +29,16 @@ void Page::showControl(UserControl& root, Surface& surface) {
   setWidgetResizable(false);
   surface_ = &surface;
   surface.setRestingWidget(this);
+  root_ = &root;
   connect(&surface, &Surface::attention, this, &Page::reveal);
-  setWidget(new UserControlWidget(root, surface, viewport()));
-  widget()->setVisible(root.visible());
+  connect(&surface, &Surface::appeared, this, [this](QWidget* widget) { appeared_ = widget; });
+  connect(&surface, &Surface::painted, this, &Page::revealAppeared);
+  auto* const sheet = new QWidget(viewport());
+  sheet->setAccessibleName(accessibleName());
+  shown_ = new UserControlWidget(root, surface, sheet);
+  shown_->installEventFilter(this);
+  setWidget(sheet);
+  arrange();
   const InputControl* const focused = surface.stage().focused();
   QWidget* const owner = focused == nullptr ? nullptr : surface.widget(*focused);
   (owner != nullptr ? owner : this)->setFocus();
@@ -50,7 +57,33 @@ void Page::clear() {
     surface_->setRestingWidget(nullptr);
   }
   surface_ = nullptr;
+  root_ = nullptr;
+  shown_ = nullptr;
   delete takeWidget();
+}
+
+bool Page::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == shown_ && event->type() == QEvent::Resize) {
+    arrange();
+    emit reshaped();
+  }
+  return QScrollArea::eventFilter(watched, event);
+}
+
+/// In the middle as long as all of it is to be seen.
+void Page::arrange() {
+  if (shown_ == nullptr) return;
+  const int room = viewport()->width();
+  const int middle = (room - surface_->scale().rect(root_->place()).width()) / 2;
+  const int left = std::max(0, std::min(middle, room - shown_->width()));
+  shown_->move(left, 0);
+  widget()->resize(left + shown_->width(), shown_->height());
+  emit surface_->scrolled();
+}
+
+void Page::revealAppeared() {
+  if (appeared_ != nullptr && appeared_->isVisible()) reveal(appeared_, appeared_->rect());
+  appeared_.clear();
 }
 
 void Page::reveal(QWidget* child, const QRect& part) {
@@ -98,7 +131,8 @@ void Page::scrollContentsBy(int right, int down) {
 
 void Page::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);
-  if (surface_ != nullptr) emit surface_->scrolled();
+  arrange();
+  if (surface_ != nullptr) emit reshaped();
 }
 
 }  // namespace depcalc::desktop

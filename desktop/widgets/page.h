@@ -1,14 +1,16 @@
 // The page of the host's window that shows the calculator.
 #pragma once
 
+#include <QPointer>
 #include <QScrollArea>
 
 #include "desktop/widgets/surface.h"
 
 namespace depcalc::desktop {
 
-/// Scrolls around the outermost control of the surface's stage. Takes the keys while no control
-/// has the focus.
+/// Scrolls around the outermost control of the surface's stage. That stands in the middle, and
+/// further to the left where help beside it needs the room. Takes the keys while no control has the
+/// focus.
 class Page : public QScrollArea {
   Q_OBJECT
 
@@ -21,7 +23,12 @@ class Page : public QScrollArea {
   void showPlaceholder(QWidget* placeholder);
   void clear();
 
+ signals:
+  /// The page or what it shows has another size now.
+  void reshaped();
+
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void scrollContentsBy(int right, int down) override;
@@ -30,8 +37,13 @@ class Page : public QScrollArea {
 
  private:
   void reveal(QWidget* child, const QRect& part);
+  void revealAppeared();
+  void arrange();
 
   Surface* surface_ = nullptr;
+  const UserControl* root_ = nullptr;
+  QWidget* shown_ = nullptr;    ///< the outermost control's
+  QPointer<QWidget> appeared_;  ///< to be seen once it is in its place
 };
 
 }  // namespace depcalc::desktop

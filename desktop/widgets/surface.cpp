@@ -33,6 +33,7 @@ void Surface::paintAtIdle() {
   QTimer::singleShot(0, this, [this] {
     paint_scheduled_ = false;
     trapped("DepCalcDesktop::paint", [this] { stage_.pumpPaint(); });
+    emit painted();
   });
 }
 

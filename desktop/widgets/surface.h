@@ -51,6 +51,10 @@ class Surface : public QObject {
   void restyled();
   /// The user did something, and what followed is over.
   void acted();
+  /// The paints that were due are delivered.
+  void painted();
+  /// Something that floats over a screen, or beside it, is shown there now.
+  void appeared(QWidget* widget);
   /// Other parts of the controls are to be seen now.
   void scrolled();
   /// This part of a control should be where the user can see it.

@@ -5,6 +5,7 @@
 
 #include "desktop/widgets/grid_widget.h"
 #include "desktop/widgets/input_widgets.h"
+#include "desktop/widgets/overhang.h"
 #include "desktop/widgets/picture_button_widget.h"
 #include "desktop/widgets/simple_widgets.h"
 
@@ -44,6 +45,19 @@ UserControlWidget::UserControlWidget(UserControl& control, Surface& surface, QWi
   });
   // What is made later lies in front.
   for (Control* child : children) makeWidget(*child, surface, this);
+  if (control.parent() == nullptr) makeRoomFor(children, surface);
+}
+
+/// What stands beside the outermost control's screen is to be seen, too.
+void UserControlWidget::makeRoomFor(const std::vector<Control*>& children, Surface& surface) {
+  for (Control* child : children) {
+    if (child->kind() != ControlKind::userControl) continue;
+    observations_.push_back(child->observe([this, child, &surface](Aspect aspect) {
+      if (aspect != Aspect::place && aspect != Aspect::visible) return;
+      binding_.place();
+      if (child->visible() && floats(*child)) emit surface.appeared(surface.widget(*child));
+    }));
+  }
 }
 
 void UserControlWidget::paintEvent(QPaintEvent* event) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QWidget>
+#include <vector>
 
 #include "controls/user_control.h"
 #include "desktop/widgets/control_binding.h"
@@ -23,8 +24,11 @@ class UserControlWidget : public QWidget {
   bool focusNextPrevChild(bool) override { return false; }
 
  private:
+  void makeRoomFor(const std::vector<Control*>& children, Surface& surface);
+
   UserControl& control_;
   ControlBinding binding_;
+  std::vector<Observation> observations_;
 };
 
 /// The widget of the kind that `control` is.

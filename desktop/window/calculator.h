@@ -9,6 +9,7 @@
 #include "desktop/widgets/page.h"
 #include "desktop/widgets/surface.h"
 #include "desktop/window/edit_help.h"
+#include "desktop/window/help_closer.h"
 #include "register/dep_calc_view.h"
 
 namespace depcalc::desktop {
@@ -63,6 +64,7 @@ class Calculator {
   DepCalcCont container_;
   Surface surface_;
   EditHelp edit_help_{container_, surface_};
+  HelpCloser help_closer_{container_, surface_};
 };
 
 }  // namespace depcalc::desktop

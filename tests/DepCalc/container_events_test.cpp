@@ -312,7 +312,16 @@ TEST_F(Popups, MoveToTheirTopicOnceTheyHaveTheirSize) {
     screens.ctl->events.HelpClick(topic);
     screens.popup1->events.ResizedDisplay();
     EXPECT_EQ(screens.popup1->top(), top) << topic;
-    EXPECT_EQ(screens.popup1->left(), 50 * 15) << topic;
+  }
+}
+
+TEST_F(Popups, StandBesideTheFormWhateverScreenShows) {
+  const int beside = 8000 - 25 * 15;
+  for (const eMyView view : {emv_Calc, emv_Display, emv_ViewAll}) {
+    container.ShowView(view);
+    screens.ctl->events.HelpClick("ID");
+    screens.popup1->events.ResizedDisplay();
+    EXPECT_EQ(screens.popup1->left(), beside) << view;
   }
 }
 
@@ -327,7 +336,9 @@ TEST_F(Popups, OpenLinksOfTheFirstInTheSecond) {
   EXPECT_EQ(topic, "Delete");
   EXPECT_GT(screens.popup2->stacking(), screens.popup1->stacking());
   screens.popup2->events.ResizedDisplay();
-  EXPECT_GT(screens.popup2->top(), screens.popup1->top());
+  EXPECT_EQ(screens.popup2->left(), screens.popup1->left());
+  EXPECT_GT(screens.popup2->top(), screens.popup1->top() + screens.popup1->height())
+      << "it covers no link of the first";
   trace.take();
   screens.popup2->events.OpenNewMe("Print");
   EXPECT_THAT(trace.take(), IsEmpty()) << "nothing opens from the second";

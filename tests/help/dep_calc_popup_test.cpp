@@ -90,6 +90,24 @@ TEST_F(HelpPopup, ShowsEveryTopicOfTheCatalogueInAPanelJustLargeEnough) {
   }
 }
 
+TEST_F(HelpPopup, IsAsWideAsItsLongestLine) {
+  open("Convention");
+  const int widest = popup.width();
+  EXPECT_EQ(popup.HelpLabel.width() + 2 * popup.HelpLabel.left(), widest);
+  for (const char* const topic : {"ID", "Delete", "MainHelp", "Step1"}) {
+    open(topic);
+    int longest = popup.HelpTitle.width() + popup.CloseButton.width();
+    for (const Label& link : popup.LinkLabel) longest = std::max(longest, link.width());
+    const int body = site.textExtent(popup.HelpLabel.text(), popup.HelpLabel.font(), 0).width;
+    longest = std::max(longest, body);
+    EXPECT_LT(popup.width(), widest) << topic;
+    EXPECT_GE(popup.width(), longest) << topic;
+    EXPECT_LT(popup.width(), longest + 500) << topic;
+  }
+  open("Convention");
+  EXPECT_EQ(popup.width(), widest) << "after a narrower one";
+}
+
 TEST_F(HelpPopup, ShowsLinksInsteadOfABodyOnTheMainPage) {
   open("MainHelp");
   EXPECT_EQ(popup.HelpTitle.text(), "Help");
@@ -173,8 +191,8 @@ TEST_F(HelpPopup, ComesToTheFrontWhereverItIsClicked) {
   open("Basis");
   container.take();
   for (Control* part :
-       {static_cast<Control*>(&popup.HelpTitle), static_cast<Control*>(&popup.HelpLabel),
-        static_cast<Control*>(&popup.BorderShape)}) {
+       {static_cast<Control*>(&popup), static_cast<Control*>(&popup.HelpTitle),
+        static_cast<Control*>(&popup.HelpLabel), static_cast<Control*>(&popup.BorderShape)}) {
     user.click(*part);
     EXPECT_THAT(container.take(), ElementsAre("FrontMe"));
   }
