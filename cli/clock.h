@@ -1,5 +1,8 @@
-// Today.
+// What the clocks say.
 #pragma once
+
+#include <chrono>
+#include <functional>
 
 #include "values/date.h"
 
@@ -7,5 +10,8 @@ namespace depcalc {
 
 /// The current date where the computer stands.
 Date todayByTheClock();
+
+/// Says how late it is, for those who wait.
+using Now = std::function<std::chrono::steady_clock::time_point()>;
 
 }  // namespace depcalc

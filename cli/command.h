@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/clock.h"
 #include "cli/output.h"
 #include "values/date.h"
 
@@ -28,6 +29,7 @@ struct Surroundings {
   Output& out;
   Output& errors;
   Date today;  ///< by the clock; commands let --today replace it
+  Now now = std::chrono::steady_clock::now;
 };
 
 class Command {

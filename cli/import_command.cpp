@@ -139,7 +139,7 @@ read or written, 4 the company file is in use.)");
   ExitStatus save(Company& company, const ImportedRows& rows, Surroundings& surroundings) const {
     std::optional<std::string> report;
     {
-      Progress progress(surroundings.errors, "Saving assets", rows.assets.size());
+      Progress progress(surroundings.errors, "Saving assets", rows.assets.size(), surroundings.now);
       report = saveAssets(company, rows.assets, !dry_run_,
                           [&](std::size_t saved) { progress.reached(saved); });
     }

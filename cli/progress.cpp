@@ -4,12 +4,13 @@
 
 namespace depcalc {
 
-Progress::Progress(Output& errors, std::string doing, std::size_t total)
+Progress::Progress(Output& errors, std::string doing, std::size_t total, Now now)
     : errors_(errors),
       doing_(std::move(doing)),
       total_(total),
       wanted_(errors.isTerminal()),
-      next_(Clock::now() + std::chrono::seconds(1)) {}
+      now_(std::move(now)),
+      next_(now_() + std::chrono::seconds(1)) {}
 
 Progress::~Progress() {
   if (!shown_) return;
@@ -18,8 +19,10 @@ Progress::~Progress() {
 }
 
 void Progress::reached(std::size_t done) {
-  if (!wanted_ || Clock::now() < next_) return;
-  next_ = Clock::now() + std::chrono::milliseconds(100);
+  if (!wanted_) return;
+  const auto now = now_();
+  if (now < next_) return;
+  next_ = now + std::chrono::milliseconds(100);
   shown_ = true;
   errors_.write('\r' + doing_ + ": " + std::to_string(done) + " of " + std::to_string(total_));
   errors_.flush();

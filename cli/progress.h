@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 
+#include "cli/clock.h"
 #include "cli/output.h"
 
 namespace depcalc {
@@ -14,7 +15,7 @@ namespace depcalc {
 class Progress {
  public:
   /// `doing` is for example "Saving assets".
-  Progress(Output& errors, std::string doing, std::size_t total);
+  Progress(Output& errors, std::string doing, std::size_t total, Now now);
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
@@ -22,14 +23,13 @@ class Progress {
   void reached(std::size_t done);
 
  private:
-  using Clock = std::chrono::steady_clock;
-
   Output& errors_;
   std::string doing_;
   std::size_t total_;
   bool wanted_;
   bool shown_ = false;
-  Clock::time_point next_;
+  Now now_;
+  std::chrono::steady_clock::time_point next_;
 };
 
 }  // namespace depcalc

@@ -2,17 +2,13 @@
 // full disk, write protection.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <pty.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <iostream>
-#include <thread>
 
-#include "cli/progress.h"
 #include "tests/cli/program.h"
 #include "tests/support/company_lock.h"
 
@@ -60,23 +56,6 @@ TEST_F(CompanyProgram, RefusesAFileThatAnotherHoldsAndSaysWhoUntilThatIsGone) {
 
 // --- The register's capacity ---------------------------------------------------------------------
 
-/// What a terminal shows while the program runs.
-std::string shownOnTerminal(const Arguments& arguments, int& status) {
-  int terminal = -1;
-  int end = -1;
-  EXPECT_EQ(::openpty(&terminal, &end, nullptr, nullptr, nullptr), 0);
-  const pid_t child = start(arguments, {.in = -1, .errors = end, .first = {}});
-  ::close(end);
-  std::string shown;
-  char part[4096];
-  for (ssize_t count = 0; (count = ::read(terminal, part, sizeof part)) > 0;) {
-    shown.append(part, static_cast<std::size_t>(count));
-  }
-  ::close(terminal);
-  status = statusOf(child);
-  return shown;
-}
-
 TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   constexpr int most = 32'767;
   writeAssets(many_, most + 1);
@@ -88,20 +67,7 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   EXPECT_EQ(bytesOf(file_), empty);
 
   writeAssets(many_, most);
-  int status = -1;
-  const auto began = Clock::now();
-  const std::string shown = shownOnTerminal(
-      {"import", "--allow-duplicates", file_, many_, "--today", "2024-06-01"}, status);
-  const std::chrono::duration<double> seconds = Clock::now() - began;
-  EXPECT_EQ(status, 0);
-  std::cout << "imported in " << seconds.count() << " s, " << shown.size() << " bytes shown\n";
-  if (shown.empty()) {
-    EXPECT_LT(seconds.count(), 3) << "saving for longer than a second is shown";
-  } else {
-    EXPECT_THAT(shown, HasSubstr("\rSaving assets: "));
-    EXPECT_THAT(shown, HasSubstr(" of 32767"));
-    EXPECT_TRUE(shown.ends_with("\r\x1B[K")) << "the line is wiped away";
-  }
+  ASSERT_EQ(run({"import", "--allow-duplicates", file_, many_, "--today", "2024-06-01"}).status, 0);
 
   const std::string full = bytesOf(file_);
   writeAssets(one_, 1);
@@ -126,31 +92,6 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   EXPECT_EQ(store.ReadData(INT16_MAX)->AssetID(), "A32766");
   file->close();
   EXPECT_EQ(bytesOf(file_), full);
-}
-
-TEST(ProgressLine, IsShownOnATerminalAfterASecondAndWipedAway) {
-  int terminal = -1;
-  int end = -1;
-  ASSERT_EQ(::openpty(&terminal, &end, nullptr, nullptr, nullptr), 0);
-  Output errors(end);
-  const auto shown = [&] {
-    struct pollfd waiting = {terminal, POLLIN, 0};
-    char part[256];
-    const ssize_t count = ::poll(&waiting, 1, 0) > 0 ? ::read(terminal, part, sizeof part) : 0;
-    return std::string(part, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-  };
-  {
-    Progress progress(errors, "Saving assets", 500);
-    progress.reached(1);
-    EXPECT_EQ(shown(), "");
-    std::this_thread::sleep_for(std::chrono::milliseconds(1'010));
-    progress.reached(2);
-    EXPECT_EQ(shown(), "\rSaving assets: 2 of 500");
-    progress.reached(3);
-    EXPECT_EQ(shown(), "") << "ten times a second at most";
-  }
-  EXPECT_EQ(shown(), "\r\x1B[K");
-  ::close(terminal);
 }
 
 // --- Disks ---------------------------------------------------------------------------------------

@@ -82,7 +82,7 @@ class Program : public testing::Test {
     const std::string errors = directory_.path() + "/errors";
     const int file = ::open(errors.c_str(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     const pid_t child = start(arguments, {.in = -1, .errors = file, .first = [&first] {
-                                            ::alarm(60);
+                                            ::alarm(240);
                                             if (first) first();
                                           }});
     int status = 0;

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -90,9 +89,7 @@ class DesktopCrash : public ::testing::Test {
     const QByteArray said = second_.readAllStandardOutput();
     EXPECT_THAT(said.toStdString(), HasSubstr(std::string("in use by ") + holder + " (process " +
                                               std::to_string(first_.processId()) + ")"));
-    const auto at = said.indexOf("refused ");
-    ASSERT_GE(at, 0) << said.toStdString();
-    EXPECT_LT(said.mid(at + 8).trimmed().toInt(), 1000) << "milliseconds";
+    EXPECT_THAT(said.toStdString(), HasSubstr("refused"));
   }
   static void killNow(QProcess& process) {
     ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
@@ -187,11 +184,8 @@ TEST_F(DesktopCrash, TheStateBeforeTheFirstChangeIsABackupWhateverHappens) {
 
 TEST_F(DesktopCrash, ACommandIsRefusedWhileTheDesktopHoldsTheFile) {
   startDesktop(first_);
-  QElapsedTimer timer;
-  timer.start();
   second_.start(DEPCALC_COMMAND, {"list", company_});
   ASSERT_TRUE(second_.waitForFinished());
-  EXPECT_LT(timer.elapsed(), 1000);
   EXPECT_EQ(second_.exitCode(), 4);
   const std::string said = second_.readAllStandardError().toStdString();
   EXPECT_THAT(said, HasSubstr(company_.toStdString()));

@@ -61,7 +61,7 @@ class HostileCompanyFile : public SampleCompanyFile {
     const double own = ownMegabytes();
     const pid_t child = ::fork();
     if (child == 0) {
-      ::alarm(30);
+      ::alarm(240);
       ::_exit(openAndTell(ends[1]));
     }
     ::close(ends[1]);
