@@ -6,14 +6,18 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "desktop/host/sqlite_companies.h"
 #include "desktop/preview/preview.h"
 #include "desktop/widgets/accessible_controls.h"
 #include "desktop/window/dark_palette.h"
+#include "desktop/window/end_signals.h"
 #include "desktop/window/main_window.h"
+#include "desktop/window/system_end.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -78,6 +82,9 @@ int run(const Options& options) {
   Backups backups(data + QStringLiteral("/backups"));
   MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
   if (previews) return preview(window, options, scratch.path());
+  SystemEnd end(window, SystemEnd::usual_patience, [] { std::_Exit(success); });
+  // A system may send SIGHUP behind SIGTERM at once.
+  const EndSignals end_signals([&end](int signal) { end.hear(signal != SIGHUP); });
   const QString file = options.file.isEmpty() ? settings.lastCompany() : options.file;
   if (!file.isEmpty() && (!options.file.isEmpty() || QFileInfo::exists(file))) {
     window.openCompanyWhenPainted(file);

@@ -47,6 +47,15 @@ class MainWindow : public QMainWindow {
   /// everything stays as it is. Once the user has answered, the question is not repeated until
   /// something is done to the calculator.
   bool mayLeave();
+  /// What the user sees of the program comes to the front.
+  void showToUser();
+  [[nodiscard]] bool hasUnsavedEntry();
+  /// Closes the window because the system wants it; a question says so, and when its time is up.
+  /// Returns whether it is closed.
+  bool closeForSystem(int seconds);
+  /// Closes the company's file and leaves everything else as it stands: the process is to end now,
+  /// wherever it is.
+  void giveUp();
   // Leaves the calculator: where the user cancels that, these change nothing.
   void closeCompany();
   void setMultiUser(bool on);
@@ -93,6 +102,7 @@ class MainWindow : public QMainWindow {
   // main_window_leaving.cpp
   bool leaveCompany();
   void endCompany();
+  void remember(const QString& open);
 
   [[nodiscard]] bool isOpen(const QString& path) const;
   void endCalculator();
@@ -115,6 +125,7 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<PrintHelp> print_help_;
   std::uint64_t kept_revision_ = 0;
   bool backup_kept_ = false;
+  QString leaving_note_;    ///< below the question
   bool leaving_ = false;    ///< the user is being asked
   bool may_leave_ = false;  ///< and has agreed
   bool painted_ = false;

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -16,7 +17,7 @@ bool MainWindow::mayLeave() {
   const MessageBox question = DepCalcCont::leavingQuestion();
   BoxAnswer answer = BoxAnswer::no;
   if (calculator_->asksWhenLeft()) {
-    answer = site_.ask({question.text, BoxButtons::yesNoCancel, question.title});
+    answer = site_.ask({question.text, BoxButtons::yesNoCancel, question.title}, leaving_note_);
     if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return false;
   }
   site_.answerWhile(question, answer, [this] { calculator_->loseFocus(); });
@@ -52,9 +53,43 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  remember(open);
+  event->accept();
+}
+
+void MainWindow::remember(const QString& open) {
   around_.settings.setLastCompany(open);
   around_.settings.setGeometry(saveGeometry());
-  event->accept();
+  around_.settings.write();
+}
+
+void MainWindow::showToUser() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  for (QWidget* shown : {static_cast<QWidget*>(this), QApplication::activeModalWidget()}) {
+    if (shown == nullptr) continue;
+    shown->raise();
+    shown->activateWindow();
+  }
+  QApplication::alert(this);
+}
+
+bool MainWindow::hasUnsavedEntry() { return calculator_ != nullptr && calculator_->asksWhenLeft(); }
+
+bool MainWindow::closeForSystem(int seconds) {
+  const QScopedValueRollback note(
+      leaving_note_, tr("The system is asking this program to close. If there is no answer within "
+                        "%1 seconds, it closes without saving.")
+                         .arg(seconds));
+  return close();
+}
+
+void MainWindow::giveUp() {
+  noteChanges();
+  const QString open = companyPath();
+  // Those who called may hold on to it: it is closed, not destroyed.
+  if (company() != nullptr) company()->close();
+  if (!open.isEmpty()) around_.backups.drop(open);
+  remember(open);
 }
 
 }  // namespace depcalc::desktop

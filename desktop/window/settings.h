@@ -31,6 +31,9 @@ class Settings {
   [[nodiscard]] QString printer() const;
   void setPrinter(const QString& name);
 
+  /// Writes now what otherwise is written when there is time.
+  void write() { store_.sync(); }
+
  private:
   QSettings store_;
 };
