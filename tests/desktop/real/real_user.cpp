@@ -64,11 +64,22 @@ void RealUser::types(const QString& text) {
   settles();
 }
 
-void RealUser::fills(const QString& text) {
-  keys({"ctrl+a"});
-  if (text.isEmpty()) key("Delete");
-  types(text);
-  key("Tab");
+void RealUser::fills(const QString& text) { fillsAll({text}); }
+
+void RealUser::fillsAll(const QStringList& texts) {
+  QStringList words;
+  for (const QString& text : texts) {
+    if (text.isNull()) {
+      words << QStringList{"key", "Tab"};
+      continue;
+    }
+    words << QStringList{"key", "--delay", "8", "ctrl+a"};
+    words << (text.isEmpty() ? QStringList{"key", "Delete"}
+                             : QStringList{"type", "--delay", "4", "--args", "1", "--", text});
+    words << QStringList{"key", "--delay", "8", "Tab"};
+  }
+  runs("xdotool", words);
+  settles();
 }
 
 void RealUser::clicks(QWidget* widget) {
@@ -79,7 +90,8 @@ void RealUser::clicks(QWidget* widget, const QPoint& place, int times) {
   const QPoint at = gui([&] {
     return (QPointF(widget->mapToGlobal(place)) * widget->devicePixelRatioF()).toPoint();
   });
-  runs("xdotool", {"mousemove", "--sync", QString::number(at.x()), QString::number(at.y()), "click",
+  // Not --sync, which waits for the pointer to move and so for long where it is there already.
+  runs("xdotool", {"mousemove", QString::number(at.x()), QString::number(at.y()), "click",
                    "--repeat", QString::number(times), "--delay", "60", "1"});
   settles();
 }

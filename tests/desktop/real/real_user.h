@@ -43,6 +43,8 @@ class RealUser {
   void types(const QString& text);
   /// Types in the place of what the field holds, and goes on to the next one.
   void fills(const QString& text);
+  /// So field after field; a null text leaves one as it is.
+  void fillsAll(const QStringList& texts);
 
   /// Clicks into the middle of a widget, or at a place in it.
   void clicks(QWidget* widget);

@@ -126,13 +126,11 @@ void RealWindow::menu(const char* item) {
 }
 
 void RealWindow::enterAsset(std::initializer_list<const char*> fields) {
+  QStringList texts;
   for (const char* text : fields) {
-    if (*text == '\0') {
-      user.key("Tab");
-    } else {
-      user.fills(QString::fromUtf8(text));
-    }
+    texts << (*text == '\0' ? QString() : QString::fromUtf8(text));
   }
+  user.fillsAll(texts);
 }
 
 int RealWindow::depcalc(const QStringList& arguments) {
