@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/data_text.h"
+#include "host/fiscal_year.h"
 #include "values/number_text.h"
 #include "values/text.h"
 
@@ -29,8 +30,6 @@ bool hasStrangeComma(std::string_view number) {
   }
   return false;
 }
-
-bool isSameDayOfYear(Date a, Date b) { return a.month() == b.month() && a.day() == b.day(); }
 
 class RowReading {
  public:

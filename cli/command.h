@@ -52,6 +52,7 @@ std::unique_ptr<Command> scheduleCommand();
 std::unique_ptr<Command> newCommand();
 std::unique_ptr<Command> importCommand();
 std::unique_ptr<Command> listCommand();
+std::unique_ptr<Command> recalculateCommand();
 std::unique_ptr<Command> deleteCommand();
 std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> registerCommand();

@@ -110,6 +110,7 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(listCommand());
   commands.push_back(registerCommand());
   commands.push_back(printCommand());
+  commands.push_back(recalculateCommand());
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());
   commands.push_back(dumpCommand());

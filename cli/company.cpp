@@ -1,8 +1,6 @@
 #include "cli/company.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iterator>
 #include <variant>
 
 #include "cli/options.h"
@@ -10,72 +8,8 @@
 #include "common/report_error.h"
 #include "common/trapped.h"
 #include "host/sqlite/company_file.h"
-#include "host/unit_of_work.h"
 
 namespace depcalc {
-namespace {
-
-bool isNumbered(std::string_view report, std::string_view number) {
-  return report.find(number) != std::string_view::npos;
-}
-
-/// What the values of an asset can cause. Whatever else cuts a reading short would pass for an
-/// asset of other values.
-bool isOfValues(std::string_view report) {
-  constexpr std::string_view numbers[] = {
-      "Error#5:", "Error#6:", "Error#9:", "Error#11:", "Error#13:"};
-  return std::any_of(std::begin(numbers), std::end(numbers),
-                     [&](std::string_view number) { return isNumbered(report, number); });
-}
-
-RuntimeError errorOf(std::string_view report) {
-  return isNumbered(report, "Error#7:") ? RuntimeError::outOfMemory()
-                                        : RuntimeError(57, std::string(report));
-}
-
-}  // namespace
-
-Company::Company(std::shared_ptr<HostCompanyFile> file, std::string shown_name, Date today)
-    : shown_name_(std::move(shown_name)), today_(today), store_(state_, [today] { return today; }) {
-  state_.m_orvcf = std::move(file);
-  state_.TableName = asset_table_name;
-  // Reading an asset ends by clearing the current record's new flag.
-  state_.CurrentRecord = std::make_shared<CalculateDep>();
-}
-
-std::int32_t Company::assetCount() const {
-  const std::int32_t records = file().OpenTable(asset_table_name)->Count();
-  return records == 0 ? 0 : records - 1;
-}
-
-CalculateDepPtr Company::asset(std::int32_t index) {
-  std::optional<RuntimeError> failure;
-  const ErrorReportHook asset_without_amounts([&](std::string_view report) {
-    if (!isOfValues(report)) failure = errorOf(report);
-  });
-  CalculateDepPtr asset = store_.ReadData(static_cast<std::int16_t>(index));
-  if (failure) throw RuntimeError(*failure);
-  return asset;
-}
-
-std::optional<std::string> Company::changeAtOnce(const std::function<void()>& change, bool keep) {
-  bool failed = false;  // known even where there is no memory to keep why
-  std::optional<std::string> first_report;
-  const ErrorReportHook reports([&](std::string_view report) {
-    failed = true;
-    if (!first_report) first_report = report;
-  });
-  HostUnitOfWork& unit = *file().unitOfWork();
-  unit.begin();
-  trapped("depcalc", change);
-  if (keep && !failed) {
-    unit.end();
-  } else {
-    unit.abandon();
-  }
-  if (failed && !first_report) first_report = "Out of memory";
-  return first_report;
-}
 
 ExitStatus reportTrouble(const FileTrouble& trouble, Output& errors) {
   using Kind = FileTrouble::Kind;
@@ -116,7 +50,7 @@ ExitStatus CompanyCommand::run(Surroundings& surroundings) {
   std::string report;
   bool short_of_memory = false;
   const ErrorReportHook last_report([&](std::string_view text) {
-    short_of_memory = short_of_memory || isNumbered(text, "Error#7:");
+    short_of_memory = short_of_memory || text.find("Error#7:") != std::string_view::npos;
     report = text;
   });
   const bool done = trapped("depcalc", [&] { status = runOn(company, surroundings); });

@@ -1,13 +1,11 @@
 #include "cli/consistency.h"
 
-#include <array>
 #include <optional>
-#include <utility>
 
+#include "DepCalc/saved_types.h"
 #include "common/report_error.h"
 #include "common/trapped.h"
 #include "values/number_text.h"
-#include "values/text.h"
 
 namespace depcalc {
 namespace {
@@ -36,47 +34,6 @@ void findStrangeIndex(const HostFields& fields, std::int16_t index,
                   ".");
 }
 
-/// How the store saves an asset's values; its index is looked at above.
-constexpr std::array<std::pair<std::string_view, StoredValue::Type>, 14> saved_types{
-    {{"AID", StoredValue::Type::text},
-     {"AName", StoredValue::Type::text},
-     {"ASerial", StoredValue::Type::text},
-     {"ADept", StoredValue::Type::text},
-     {"AEnd", StoredValue::Type::date},
-     {"ASale", StoredValue::Type::text},
-     {"ABasis", StoredValue::Type::currency},
-     {"AStart", StoredValue::Type::date},
-     {"ASalvage", StoredValue::Type::currency},
-     {"AProdCap", StoredValue::Type::text},
-     {"DRecovery", StoredValue::Type::real},
-     {"DConvention", StoredValue::Type::text},
-     {"FYEnd", StoredValue::Type::date},
-     {"DMethod", StoredValue::Type::text}}};
-
-/// Whether `value` may stand under `name`. What was never set reads as nothing, and a blank in an
-/// amount's place is the end of the amounts.
-bool isSavedType(std::string_view name, const StoredValue& value) {
-  using Type = StoredValue::Type;
-  if (value.type() == Type::empty) return true;
-  for (const auto& [saved_name, type] : saved_types) {
-    if (equalIgnoringCase(name, saved_name)) return value.type() == type;
-  }
-  constexpr std::string_view amount = "Dep";
-  const bool is_amount =
-      name.size() > amount.size() && equalIgnoringCase(name.substr(0, amount.size()), amount) &&
-      name.find_first_not_of("0123456789", amount.size()) == std::string_view::npos;
-  return !is_amount || value.type() == Type::currency || value == StoredValue::text("");
-}
-
-void findWrongTypes(const HostFields& fields, std::int16_t index, std::vector<std::string>& found) {
-  for (const std::string& name : fields.names()) {
-    const StoredValue value = fields.GetValue(name);
-    if (isSavedType(name, value)) continue;
-    found.push_back("In " + recordName(index) + " " + name + " is of the type " +
-                    std::string(value.typeName()) + ".");
-  }
-}
-
 /// Every record is fetched once; all the indices are told before the types.
 void findInAssets(HostTable& table, std::vector<std::string>& found) {
   std::vector<std::string> wrong_types;
@@ -86,7 +43,8 @@ void findInAssets(HostTable& table, std::vector<std::string>& found) {
     if (!table.Exists(index)) continue;
     const auto record = table.Item(index);
     findStrangeIndex(record->Fields(), index, found);
-    findWrongTypes(record->Fields(), index, wrong_types);
+    const auto wrong = wrongTypesOf(record->Fields(), index);
+    wrong_types.insert(wrong_types.end(), wrong.begin(), wrong.end());
   }
   found.insert(found.end(), wrong_types.begin(), wrong_types.end());
 }
@@ -123,12 +81,6 @@ void compareSummary(Company& company, HostTable& table, std::vector<std::string>
 }
 
 }  // namespace
-
-std::vector<std::string> wrongTypesIn(HostTable& table, std::int16_t index) {
-  std::vector<std::string> found;
-  findWrongTypes(table.Item(index)->Fields(), index, found);
-  return found;
-}
 
 std::vector<std::string> inconsistenciesOf(Company& company) {
   std::vector<std::string> found;

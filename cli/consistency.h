@@ -13,8 +13,4 @@ namespace depcalc {
 /// is well.
 std::vector<std::string> inconsistenciesOf(Company& company);
 
-/// The values of record `index` that are not of the type they are saved as, a line each: an asset
-/// is read up to the first of them.
-std::vector<std::string> wrongTypesIn(HostTable& table, std::int16_t index);
-
 }  // namespace depcalc

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "cli/consistency.h"
+#include "DepCalc/saved_types.h"
 
 namespace depcalc {
 namespace {

@@ -10,18 +10,12 @@
 #include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/progress.h"
+#include "cli/text_columns.h"
 #include "host/sqlite/database.h"
 #include "values/display_format.h"
 
 namespace depcalc {
 namespace {
-
-/// "1 asset", "2 assets".
-std::string counted(std::size_t count, std::string_view what) {
-  std::string text = formatWhole(static_cast<double>(count));
-  text.append(" ").append(what).append(count == 1 ? "" : "s");
-  return text;
-}
 
 class ImportCommand final : public CompanyCommand {
  public:

@@ -35,13 +35,6 @@ ImportedRows readRows(AssetReader& reader, Date today, Duplicates* duplicates,
   return rows;
 }
 
-void calculateChosen(CalculateDep& asset) {
-  if (asset.DepMethod().empty()) return;
-  MethodResults results;
-  calculateAllMethods(asset, results);
-  chooseMethod(asset, std::string(asset.DepMethod()), results);
-}
-
 std::optional<std::string> saveAssets(Company& company, const std::vector<CalculateDepPtr>& assets,
                                       bool keep, const std::function<void(std::size_t)>& reached) {
   const auto save = [&] {

@@ -35,10 +35,6 @@ struct ImportedRows {
 ImportedRows readRows(AssetReader& reader, Date today, Duplicates* duplicates,
                       const std::function<void(const RowProblem&)>& report);
 
-/// Calculates `asset` as the comparison of the methods does and gives it the amounts of its
-/// method; without one it stays without amounts, as one saved from the entry form.
-void calculateChosen(CalculateDep& asset);
-
 /// Saves `assets` through the store, one by one, behind those of the register: all of them or,
 /// where something is reported, none. Without `keep` everything is undone in the end. `reached`
 /// hears how many are saved. Answers what was reported.

@@ -51,20 +51,9 @@ std::string csvRow(const std::array<std::string, asset_column_names.size()>& tex
 
 // --- For people ----------------------------------------------------------------------------------
 
-struct Heading {
-  std::string_view title;
-  bool number = false;  ///< to the right
-};
-
-constexpr std::array<Heading, 9> headings{{{"N", true},
-                                           {"Asset ID"},
-                                           {"Name"},
-                                           {"In service"},
-                                           {"Basis", true},
-                                           {"Salvage", true},
-                                           {"Life", true},
-                                           {"Convention"},
-                                           {"Method"}}};
+constexpr std::array<std::string_view, 9> headings{
+    "N", "Asset ID", "Name", "In service", "Basis", "Salvage", "Life", "Convention", "Method"};
+constexpr std::array<bool, 9> is_number{true, false, false, false, true, true, true, false, false};
 using Row = std::array<std::string, headings.size()>;
 
 Row rowFor(std::int32_t number, const CalculateDep& asset) {
@@ -78,23 +67,6 @@ Row rowFor(std::int32_t number, const CalculateDep& asset) {
           numberToText(asset.DepRecovery()),
           std::string(conventionItem(asset.DepConvention())),
           printableText(asset.DepMethod())};
-}
-
-void writeTable(const std::vector<Row>& rows, Output& out) {
-  std::array<std::size_t, headings.size()> widths{};
-  for (const Row& row : rows) {
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      widths[i] = std::max(widths[i], characterCount(row[i]));
-    }
-  }
-  for (const Row& row : rows) {
-    std::string line;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      line += i == 0 ? "" : "  ";
-      line += headings[i].number ? rightAligned(row[i], widths[i]) : padded(row[i], widths[i]);
-    }
-    out.write(line.erase(line.find_last_not_of(' ') + 1) + '\n');
-  }
 }
 
 // --- The command ---------------------------------------------------------------------------------
@@ -170,9 +142,9 @@ Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 
   static void listTable(Company& company, Output& out) {
     const std::int32_t count = company.assetCount();
     std::vector<Row> rows(1);
-    for (std::size_t i = 0; i < headings.size(); ++i) rows.front()[i] = headings[i].title;
+    for (std::size_t i = 0; i < headings.size(); ++i) rows.front()[i] = headings[i];
     for (std::int32_t i = 1; i <= count; ++i) rows.push_back(rowFor(i, *company.asset(i)));
-    writeTable(rows, out);
+    writeColumns(rows, is_number, out);
   }
 
   OutputFormat format_ = OutputFormat::table;

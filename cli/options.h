@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "values/date.h"
 
@@ -16,8 +17,9 @@ namespace depcalc {
 /// How a command writes what it has to say.
 enum class OutputFormat : std::uint8_t { table, csv, json };
 
-/// --format FORMAT into `format`.
-void addFormatOption(CLI::App& app, OutputFormat& format);
+/// --format FORMAT into `format`, one of the `known` names.
+void addFormatOption(CLI::App& app, OutputFormat& format,
+                     const std::vector<std::string>& known = {"table", "csv", "json"});
 
 /// --separator SEPARATOR into `separator`: one character, or its name.
 void addSeparatorOption(CLI::App& app, char& separator);

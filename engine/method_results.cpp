@@ -43,4 +43,11 @@ void chooseMethod(CalculateDep& asset, std::string_view method, const MethodResu
   asset.DepItem(0, results.rate);
 }
 
+void calculateChosen(CalculateDep& asset) {
+  if (asset.DepMethod().empty()) return;
+  MethodResults results;
+  calculateAllMethods(asset, results);
+  chooseMethod(asset, std::string(asset.DepMethod()), results);
+}
+
 }  // namespace depcalc

@@ -31,4 +31,8 @@ bool isFullYear(const CalculateDep& asset);
 /// written: a missing one is error 9.
 void chooseMethod(CalculateDep& asset, std::string_view method, const MethodResults& results);
 
+/// Calculates `asset` as the comparison of the methods does and gives it the amounts of its
+/// method; without one it stays without amounts, as one saved from the entry form.
+void calculateChosen(CalculateDep& asset);
+
 }  // namespace depcalc

@@ -9,4 +9,6 @@ Date currentFiscalYearStart(int first_month, Date today) {
   return eve.month == 2 && eve.day == 29 ? start.plusYears(-1) : start;
 }
 
+bool isSameDayOfYear(Date a, Date b) { return a.month() == b.month() && a.day() == b.day(); }
+
 }  // namespace depcalc

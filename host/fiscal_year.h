@@ -14,4 +14,7 @@ namespace depcalc {
 /// in one stops at its headers. So the year before is handed out then, which ends on 28 February.
 Date currentFiscalYearStart(int first_month, Date today);
 
+/// Whether fiscal years that end on these days are the same; the year itself does not count.
+bool isSameDayOfYear(Date a, Date b);
+
 }  // namespace depcalc

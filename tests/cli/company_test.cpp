@@ -6,6 +6,7 @@
 #include "cli/consistency.h"
 #include "cli/deletion.h"
 #include "cli/importer.h"
+#include "engine/method_results.h"
 #include "host/memory/memory_host.h"
 
 namespace depcalc {
