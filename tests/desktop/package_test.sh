@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# package_test.sh BUILD: what is installed passes the desktops' validators; the Debian package
-# installs, runs and purges without a trace.
+# package_test.sh BUILD: what is installed passes the desktops' validators; the Debian package passes
+# Debian's, installs, runs and purges without a trace.
 set -euo pipefail
 
 build=$1
@@ -30,6 +30,8 @@ grep -aq 'application/vnd.depcalc.company' "$share/mime/magic" || fail "no magic
 (cd "$place" && cpack --config "$build/CPackConfig.cmake" -B "$place/deb" >"$place/cpack.log") ||
   fail "$(cat "$place/cpack.log")"
 package=$(ls "$place"/deb/*.deb)
+lintian --allow-root --fail-on error,warning "$package" >"$place/lintian" 2>&1 ||
+  fail "$(cat "$place/lintian")"
 root="$place/root"
 mkdir -p "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/info"
 touch "$root/var/lib/dpkg/status"
@@ -37,7 +39,15 @@ dpkg=(dpkg --root="$root" --force-not-root,depends,bad-path,script-chrootless --
 "${dpkg[@]}" --install "$package" >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"
 [[ $("$root/usr/bin/depcalc-desktop" -platform offscreen --version) == depcalc\ * ]] ||
   fail "the installed program does not run"
+for page in depcalc depcalc-desktop; do
+  man -l "$root/usr/share/man/man1/$page.1.gz" | grep -q "^NAME" || fail "no manual page of $page"
+done
 "$root/usr/bin/depcalc" new "$place/joinery.company" >/dev/null
+printf 'id,placed_in_service,life,basis,method\nPC-031,2024-01-20,3,2350,SL\n' |
+  "$root/usr/bin/depcalc" import "$place/joinery.company" - >/dev/null
+"$root/usr/bin/depcalc" print "$place/joinery.company" --output "$place/schedule.pdf"
+[[ $(pdfinfo "$place/schedule.pdf" | awk '$1 == "Pages:" { print $2 }') -gt 0 ]] ||
+  fail "the installed command does not print"
 XDG_RUNTIME_DIR="$place" "$root/usr/bin/depcalc-desktop" --preview "$place/preview" \
   "$place/joinery.company" 2>/dev/null | grep -q 'entry.png' || fail "no preview"
 "${dpkg[@]}" --purge depcalc >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"

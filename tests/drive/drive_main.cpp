@@ -3,7 +3,8 @@
 //
 // Drives the calculator by a script, one command a line (standard input when there is no SCRIPT),
 // and prints what a user would notice. --no-host-file starts without a company file; with --new a
-// company file that is not there is made, its fiscal year beginning in that month.
+// company file that is not there is made, its fiscal year beginning in that month. With
+// DRIVE_EVENTS in the environment each event that the register raises is printed.
 //
 // Exit status: 0 done, 1 a question had no answer, 2 a mistake in the script or the arguments,
 // 3 the company file cannot be opened.
@@ -40,6 +41,7 @@ Date dateOf(const std::string& text) {
 
 Arguments argumentsOf(const std::vector<std::string>& words) {
   Arguments arguments;
+  arguments.options.events = std::getenv("DRIVE_EVENTS") != nullptr;
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
     const bool more = i + 1 < words.size();

@@ -1,5 +1,7 @@
 #include "tests/drive/drive_text.h"
 
+#include <array>
+
 #include "controls/drop_down_list.h"
 #include "controls/label.h"
 #include "controls/option_button.h"
@@ -10,20 +12,6 @@
 
 namespace depcalc::drive {
 namespace {
-
-std::string inOneLine(std::string_view text) {
-  std::string line;
-  for (const char character : text) {
-    if (character == '\n') {
-      line += "\\n";
-    } else if (character == '\t') {
-      line += "\\t";
-    } else if (character != '\r') {
-      line += character;
-    }
-  }
-  return line;
-}
 
 std::string rawTextOf(const Control& control) {
   switch (control.kind()) {
@@ -70,7 +58,32 @@ void printNumbers(std::ostream& out, std::string_view what, const std::vector<in
   }
 }
 
+template <typename Number>
+void printEach(std::ostream& out, std::string_view what, int count, Number number) {
+  out << what;
+  for (int i = 0; i < count; ++i) out << ' ' << number(i);
+  out << '\n';
+}
+
+/// In the order of CellAlignment.
+constexpr std::array<std::string_view, 9> alignment_texts = {"lt", "lc", "lb", "ct", "cc",
+                                                             "cb", "rt", "rc", "rb"};
+
 }  // namespace
+
+std::string inOneLine(std::string_view text) {
+  std::string line;
+  for (const char character : text) {
+    if (character == '\n') {
+      line += "\\n";
+    } else if (character == '\t') {
+      line += "\\t";
+    } else if (character != '\r') {
+      line += character;
+    }
+  }
+  return line;
+}
 
 std::string textOf(const Control& control) { return inOneLine(rawTextOf(control)); }
 
@@ -89,6 +102,34 @@ void printGrid(std::ostream& out, const Grid& grid) {
   for (int row = 0; row < grid.rows(); ++row) {
     for (int column = 0; column < grid.columns(); ++column) {
       out << (column == 0 ? "" : "\t") << inOneLine(grid.text(row, column));
+    }
+    out << '\n';
+  }
+}
+
+void printPlace(std::ostream& out, std::string_view name, const Control& control) {
+  out << "place " << name << ' ' << control.left() << ' ' << control.top() << ' ' << control.width()
+      << ' ' << control.height() << (control.isShown() ? " shown" : " hidden") << " stacking "
+      << control.stacking() << '\n';
+}
+
+void printSizes(std::ostream& out, const Grid& grid) {
+  printEach(out, "widths", grid.columns(), [&](int column) { return grid.columnWidth(column); });
+  printEach(out, "heights", grid.rows(), [&](int row) { return grid.rowHeight(row); });
+  printEach(out, "columndata", grid.columns(), [&](int column) { return grid.columnData(column); });
+  printEach(out, "rowdata", grid.rows(), [&](int row) { return grid.rowData(row); });
+  out << "current " << grid.row() << ' ' << grid.column() << '\n';
+  out << "first " << grid.topRow() << ' ' << grid.leftColumn() << '\n';
+  out << "redraw " << (grid.redraw() ? "on" : "off") << '\n';
+  out << "least " << grid.minimumRowHeight() << '\n';
+}
+
+void printLooks(std::ostream& out, const Grid& grid) {
+  for (int row = 0; row < grid.rows(); ++row) {
+    out << "look " << row;
+    for (int column = 0; column < grid.columns(); ++column) {
+      const auto alignment = static_cast<std::size_t>(grid.alignment(row, column));
+      out << ' ' << alignment_texts[alignment] << (grid.bold(row, column) ? "*" : "");
     }
     out << '\n';
   }

@@ -3,6 +3,7 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
 
 #include "controls/grid.h"
 #include "controls/user_control.h"
@@ -12,7 +13,10 @@
 
 namespace depcalc::drive {
 
-/// The text of a control in one line: line breaks as \n, tabs as \t. A list reads as its choice,
+/// Line breaks as \n, tabs as \t.
+std::string inOneLine(std::string_view text);
+
+/// The text of a control in one line. A list reads as its choice,
 /// an option "(*)" or "( )" and its caption, a grid "4 rows, 3 columns", a picture as its name.
 std::string textOf(const Control& control);
 
@@ -21,6 +25,16 @@ std::string textOf(const Control& control);
 void printScreen(std::ostream& out, const UserControl& screen);
 /// A line for each row, cells separated by tabs.
 void printGrid(std::ostream& out, const Grid& grid);
+/// "place NAME LEFT TOP WIDTH HEIGHT shown|hidden stacking N", in twips; the higher stacking lies
+/// in front.
+void printPlace(std::ostream& out, std::string_view name, const Control& control);
+/// What a grid keeps of its rows and columns, a line each: "widths …", "heights …",
+/// "columndata …", "rowdata …", "current ROW COL", "first ROW COL", "redraw on|off" and "least N",
+/// the minimum row height.
+void printSizes(std::ostream& out, const Grid& grid);
+/// A line for each row: "look ROW" and each cell's alignment, lt lc lb ct cc cb rt rc rb (left,
+/// centre or right; top, centre or bottom), "*" behind that of a bold cell.
+void printLooks(std::ostream& out, const Grid& grid);
 /// A line for each property, "AssetBasis=1000".
 void printRecord(std::ostream& out, const CalculateDep& record);
 /// A line for each value of each record: index, name, type and text, separated by tabs.

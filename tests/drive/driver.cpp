@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/drive/drive_text.h"
+#include "values/number_text.h"
 
 namespace depcalc::drive {
 namespace {
@@ -57,7 +58,8 @@ Driver::Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out,
       out_(out),
       options_(options),
       site_(out, options.today),
-      container_(stage_, screens, [&host] { return host.application(); }) {}
+      events_(screens, options.events ? &out : nullptr),
+      container_(stage_, events_, [&host] { return host.application(); }) {}
 
 void Driver::run(std::string_view line) {
   if (line.empty() || line.front() == '#') return;
@@ -72,7 +74,8 @@ void Driver::run(std::string_view line) {
 
 void Driver::act(const std::string& command, std::string_view rest) {
   const bool known = actOnHost(command, rest) || actByKeyboard(command, rest) ||
-                     actByMouse(command, rest) || look(command, rest);
+                     actByMouse(command, rest) || raiseEvent(command, rest) ||
+                     look(command, rest) || lookAtLayout(command, rest);
   if (!known) throw ScriptError("'" + command + "' is no command");
 }
 
@@ -93,6 +96,10 @@ bool Driver::actOnHost(const std::string& command, std::string_view rest) {
   } else if (command == "printer") {
     site_.setHasPrinter(
         named(std::array{Named<bool>{"on", true}, Named<bool>{"off", false}}, rest));
+  } else if (command == "paper") {
+    setPaper(rest);
+  } else if (command == "failpage") {
+    site_.recorder().failOnPage(takeNumber(rest));
   } else if (command == "company" && rest == "close") {
     host_.close();
   } else if (command == "company" && takeWord(rest) == "open") {
@@ -101,6 +108,12 @@ bool Driver::actOnHost(const std::string& command, std::string_view rest) {
     return false;
   }
   return true;
+}
+
+void Driver::setPaper(std::string_view rest) {
+  const int width = takeNumber(rest);
+  const int height = takeNumber(rest);
+  site_.recorder().setPrintableSize(width, height);
 }
 
 bool Driver::actByKeyboard(const std::string& command, std::string_view rest) {
@@ -160,6 +173,51 @@ void Driver::clickCell(std::string_view rest) {
   user_.clickCell(grid, row, column);
 }
 
+bool Driver::raiseEvent(const std::string& command, std::string_view rest) {
+  if (command == "raise") {
+    raiseButton(rest);
+  } else if (command == "help") {
+    events_.view().HelpClick(std::string(rest));
+  } else if (command == "helpcompare") {
+    events_.compare().HelpClick(std::string(rest));
+  } else if (command == "saverecord") {
+    events_.view().SaveRecord(container_.CurrentRecord());
+  } else if (command == "set") {
+    setProperty(rest);
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void Driver::raiseButton(std::string_view rest) {
+  enum class From { view, entry, compare };
+  constexpr std::array screens = {Named<From>{"view", From::view},
+                                  Named<From>{"entry", From::entry},
+                                  Named<From>{"compare", From::compare}};
+  const From from = named(screens, takeWord(rest));
+  const std::string button(rest);
+  if (from == From::view) events_.view().ButtonClick(button);
+  if (from == From::entry) events_.entry().ButtonClick(button);
+  if (from == From::compare) events_.compare().ButtonClick(button);
+}
+
+void Driver::setProperty(std::string_view rest) {
+  using Set = void (*)(CalculateDep&, std::string_view);
+  constexpr std::array<Named<Set>, 5> properties = {{
+      {"DepMethod",
+       [](CalculateDep& to, std::string_view text) { to.DepMethod(std::string(text)); }},
+      {"DepConvention", [](CalculateDep& to, std::string_view text) { to.DepConvention(text); }},
+      {"DepRecovery",
+       [](CalculateDep& to, std::string_view text) { to.DepRecovery(numberFromText(text)); }},
+      {"RecIndex", [](CalculateDep& to, std::string_view text) { to.RecIndex(text); }},
+      {"AssetProdCap", [](CalculateDep& to, std::string_view text) { to.AssetProdCap(text); }},
+  }};
+  const Set set = named(properties, takeWord(rest));
+  if (container_.CurrentRecord() == nullptr) throw RuntimeError::objectNotSet();
+  set(*container_.CurrentRecord(), rest);
+}
+
 bool Driver::look(const std::string& command, std::string_view rest) {
   if (command == "show") {
     if (container_.visibleScreen() != nullptr) printScreen(out_, *container_.visibleScreen());
@@ -175,6 +233,21 @@ bool Driver::look(const std::string& command, std::string_view rest) {
     printPopups();
   } else if (command == "pages") {
     printPages(out_, site_.recorder().pages());
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool Driver::lookAtLayout(const std::string& command, std::string_view rest) {
+  if (command == "place") {
+    printPlace(out_, rest, anyControl(rest));
+  } else if (command == "sizes") {
+    printSizes(out_, anyGrid(rest));
+  } else if (command == "looks") {
+    printLooks(out_, anyGrid(rest));
+  } else if (command == "jobs") {
+    out_ << "jobs " << site_.recorder().jobs() << '\n';
   } else {
     return false;
   }
@@ -209,6 +282,27 @@ Control& Driver::control(std::string_view name) const {
   if (found == nullptr || !found->isShown()) {
     throw ScriptError("'" + std::string(name) + "' is not shown");
   }
+  return *found;
+}
+
+/// Shown or not: the container, what stands in it, SCREEN.NAME, and NAME on the visible screen.
+const Control& Driver::anyControl(std::string_view name) const {
+  if (name == container_.name()) return container_;
+  const std::size_t dot = name.find('.');
+  const Control* found = container_.child(name.substr(0, dot));
+  if (found == nullptr) {
+    found = visibleScreen().child(name);
+  } else if (dot != std::string_view::npos) {
+    const auto* const screen = dynamic_cast<const UserControl*>(found);
+    found = screen == nullptr ? nullptr : screen->child(name.substr(dot + 1));
+  }
+  if (found == nullptr) throw ScriptError("'" + std::string(name) + "' is not there");
+  return *found;
+}
+
+const Grid& Driver::anyGrid(std::string_view name) const {
+  const auto* const found = dynamic_cast<const Grid*>(&anyControl(name));
+  if (found == nullptr) throw ScriptError("'" + std::string(name) + "' is no grid");
   return *found;
 }
 

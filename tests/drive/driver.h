@@ -11,6 +11,7 @@
 #include "controls/user.h"
 #include "tests/drive/drive_host.h"
 #include "tests/drive/drive_site.h"
+#include "tests/drive/event_tap.h"
 
 namespace depcalc::drive {
 
@@ -23,15 +24,29 @@ class ScriptError : public std::runtime_error {
 struct DriveOptions {
   Date today;
   bool manual_paint = false;  ///< only `idle` delivers pending paints
+  bool events = false;        ///< prints the register's events, as EventTap says
 };
 
-/// start · answer Yes|No|Cancel · focus NAME · type TEXT · paste TEXT · clear · key NAME ·
-/// choose NAME ITEM · click NAME · press NAME · release [NAME] · cell NAME ROW COL · idle ·
-/// expose · leave · company close · company open FILE · mode single|multi · printer on|off ·
-/// show · grid NAME · record · table · popups · pages
+/// What a user does: start · answer Yes|No|Cancel · focus NAME · type TEXT · paste TEXT · clear ·
+/// key NAME · choose NAME ITEM · click NAME · press NAME · release [NAME] · cell NAME ROW COL
 ///
-/// A name is one of the visible screen's; DepCalcPopup1.NAME is one on a popup. Blank lines and
-/// lines that begin with # do nothing.
+/// What the host does: idle · expose · leave · company close · company open FILE ·
+/// mode single|multi · printer on|off · paper W H (what can be printed on, in twips) · failpage N
+/// (printing on the Nth page of a job is error 482; 0: on none)
+///
+/// What is there to see: show · grid NAME · sizes GRID · looks GRID · place NAME · popups ·
+/// pages · jobs ("jobs N": how many have ended)
+///
+/// What is behind it: record · table
+///
+/// What no user can do, for a screen raises any event: raise view|entry|compare TEXT (ButtonClick
+/// with any text) · help TOPIC (HelpClick of the register) · helpcompare TOPIC (HelpClick of the
+/// comparison) · saverecord (SaveRecord with the current record) · set PROPERTY VALUE (DepMethod,
+/// DepConvention, DepRecovery, RecIndex or AssetProdCap of the current record)
+///
+/// A name is one of the visible screen's; DepCalcPopup1.NAME is one on a popup. `place`, `sizes`
+/// and `looks` find what is hidden, too, and whatever is named SCREEN.NAME; `place` knows the
+/// container and everything that stands in it. Blank lines and lines that begin with # do nothing.
 class Driver {
  public:
   Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options);
@@ -50,12 +65,17 @@ class Driver {
   bool actOnHost(const std::string& command, std::string_view rest);
   bool actByKeyboard(const std::string& command, std::string_view rest);
   bool actByMouse(const std::string& command, std::string_view rest);
+  bool raiseEvent(const std::string& command, std::string_view rest);
   bool look(const std::string& command, std::string_view rest);
+  bool lookAtLayout(const std::string& command, std::string_view rest);
 
   void answer(std::string_view rest);
   void pressKey(std::string_view name);
   void choose(std::string_view rest);
   void clickCell(std::string_view rest);
+  void setPaper(std::string_view rest);
+  void raiseButton(std::string_view rest);
+  void setProperty(std::string_view rest);
   void printPopups();
 
   [[nodiscard]] const UserControl& visibleScreen() const;
@@ -63,6 +83,8 @@ class Driver {
   [[nodiscard]] Control& control(std::string_view name) const;
   template <typename Kind>
   Kind& controlOf(std::string_view name) const;
+  [[nodiscard]] const Control& anyControl(std::string_view name) const;
+  [[nodiscard]] const Grid& anyGrid(std::string_view name) const;
 
   DriveHost& host_;
   std::ostream& out_;
@@ -70,6 +92,7 @@ class Driver {
   DriveSite site_;
   Stage stage_{site_, &site_};
   User user_{stage_};
+  EventTap events_;
   DepCalcCont container_;
 };
 

@@ -21,6 +21,8 @@ void readSetting(std::string_view line, GoldenSettings& settings) {
     settings.fiscal_year_start = Date::fromText(line, no_date);
   } else if (line == "# option: --manual-paint") {
     settings.options.manual_paint = true;
+  } else if (line == "# option: DRIVE_EVENTS") {
+    settings.options.events = true;
   } else if (line == "# option: --no-host-file") {
     settings.company_file = false;
   }

@@ -1,6 +1,7 @@
 #include "tests/drive/page_recorder.h"
 
 #include "controls/site.h"
+#include "values/runtime_error.h"
 
 namespace depcalc::drive {
 
@@ -16,12 +17,17 @@ void PageRecorder::setPosition(int x, int y) {
 }
 
 void PageRecorder::print(std::string_view text) {
-  job_.back().texts.push_back({x_, y_, std::string(text)});
+  pageToPrintOn().texts.push_back({x_, y_, std::string(text)});
   setPosition(0, y_ + textHeight(text));
 }
 
 void PageRecorder::paintPicture(const GridPicture& picture, int x, int y) {
-  job_.back().pictures.push_back({x, y, picture});
+  pageToPrintOn().pictures.push_back({x, y, picture});
+}
+
+PageRecorder::Page& PageRecorder::pageToPrintOn() {
+  if (page() == failing_page_) throw RuntimeError(482, "Printer error");
+  return job_.back();
 }
 
 void PageRecorder::newPage() {
@@ -33,6 +39,7 @@ void PageRecorder::endJob() {
   if (job_.back().empty()) job_.pop_back();
   for (Page& page : job_) pages_.push_back(std::move(page));
   job_.assign(1, Page{});
+  ++jobs_;
   setPosition(0, 0);
 }
 

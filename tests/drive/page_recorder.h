@@ -9,8 +9,8 @@
 
 namespace depcalc::drive {
 
-/// A sheet of US Letter with margins of a quarter of an inch. Texts measure as
-/// plainTextExtent says.
+/// A sheet of US Letter with margins of a quarter of an inch, unless another size is set. Texts
+/// measure as plainTextExtent says.
 class PageRecorder : public Printer {
  public:
   struct Text {
@@ -44,15 +44,23 @@ class PageRecorder : public Printer {
 
   void forget() { pages_.clear(); }
   void setPrintableSize(int width, int height);
+  /// Whatever is put on that page of a job is error 482, until another page is named; 0: on none.
+  void failOnPage(int page) { failing_page_ = page; }
+  /// How many jobs have ended, those whose printing failed included.
+  [[nodiscard]] int jobs() const { return jobs_; }
   /// The pages of all jobs ended; a last page on which nothing stands is none.
   [[nodiscard]] const std::vector<Page>& pages() const { return pages_; }
 
  private:
+  Page& pageToPrintOn();
+
   Font font_;
   int width_ = 11520;
   int height_ = 15120;
   int x_ = 0;
   int y_ = 0;
+  int failing_page_ = 0;
+  int jobs_ = 0;
   std::vector<Page> job_{1};
   std::vector<Page> pages_;
 };

@@ -55,6 +55,14 @@ constexpr std::array<std::string_view, 44> texts = {"A1",
                                                     "caf\xC3\xA9 \xE2\x82\xAC"};
 constexpr std::array<std::string_view, 9> keys = {
     "Backspace", "Backspace", "Tab", "Tab", "Shift+Tab", "Left", "Right", "Up", "Down"};
+constexpr std::array<std::string_view, 6> printers = {"printer off",       "printer on",
+                                                      "failpage 2",        "failpage 0",
+                                                      "paper 11520 15120", "paper 15120 7000"};
+/// What no button sends and no link opens, and what is found in a record that others wrote.
+constexpr std::array<std::string_view, 12> oddities = {
+    "raise entry save",  "raise compare New",   "raise view Odd",      "help Nothing",
+    "help Total",        "helpcompare Total",   "helpcompare Step1",   "saverecord",
+    "set DepMethod Uop", "set DepConvention 9", "set DepRecovery 2.5", "set AssetProdCap x"};
 constexpr int many_columns = 8;
 constexpr int too_many_columns = 24;
 
@@ -160,16 +168,18 @@ void Walker::fillForm() {
 }
 
 void Walker::useHost() {
-  switch (below(6)) {
+  switch (below(8)) {
     case 0:
       run("company close");
       return run("company open walk.company");
     case 1:
       return run("expose");
     case 2:
-      return run("printer off");
     case 3:
-      return run("printer on");
+      return run(std::string(oneOf(printers)));
+    case 4:
+    case 5:
+      return run(std::string(oneOf(oddities)));
     default:
       return run("leave");
   }

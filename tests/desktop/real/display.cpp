@@ -53,12 +53,13 @@ Display::~Display() {
   end(server_);
 }
 
+// A server starts anew when its last client has gone, and takes those with it that just came.
 void Display::startServer() {
   int ends[2];
   if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
   const char* const size = std::getenv("DEPCALC_SCREEN");
   server_ = start({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0",
-                   size == nullptr ? "1280x900x24" : size, "-nolisten", "tcp"},
+                   size == nullptr ? "1280x900x24" : size, "-nolisten", "tcp", "-noreset"},
                   ends[1]);
   ::close(ends[1]);
   std::string number;
