@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "host/sqlite/company_info.h"
+#include "host/sqlite/failed_change.h"
+#include "host/sqlite/open_database.h"
 #include "host/sqlite/stored_table.h"
 #include "host/unit_of_work.h"
 
@@ -19,16 +21,22 @@ namespace depcalc {
 class CompanyContents final : public ChangeGate, public HostUnitOfWork {
  public:
   /// Takes a database that is locked, and reads and checks all of it. Damage is thrown as a
-  /// FileTrouble whose details name everything found.
-  explicit CompanyContents(Database database);
+  /// FileTrouble whose details name everything found. `vfs` is the file system layer of copies;
+  /// `failed` may be none.
+  CompanyContents(OpenDatabase open, std::string vfs, FailedChangeHandler failed);
 
-  [[nodiscard]] bool isOpen() const { return database_.has_value(); }
+  [[nodiscard]] bool isOpen() const { return open_.has_value(); }
+  [[nodiscard]] const std::string& path() const { return path_; }
   [[nodiscard]] const CompanyInfo& info() const;
   void info(const CompanyInfo& info);
   [[nodiscard]] std::shared_ptr<StoredTable> table(std::string_view name);
   void close();
   /// From now on every change is error 57.
   void refuseChanges() noexcept { changes_refused_ = true; }
+
+  /// Makes a company file of what is in memory, what waits to be written among it. Where the open
+  /// file is no longer in its place, goes on with the copy. Throws a FileTrouble.
+  void saveCopy(const std::string& path);
 
   /// The trouble that the last write had; empty when it had none or was asked for already.
   std::optional<FileTrouble> takeTrouble();
@@ -53,17 +61,32 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   void readRecords(std::vector<std::string>& problems);
   void compareTables(std::vector<std::string>& problems);
 
+  [[nodiscard]] bool isWaiting() const;
   void writeWaiting();
-  void write();
-  void recover();
-  void writeTable(StoredTable& table);
-  void writeCompany();
+  void writeInPlace();
+  void requireStillOurs();
+  [[nodiscard]] bool fileIsAsKnown();
+  void write(Database& database, StoredTable::Extent extent);
+  void writeTable(Database& database, StoredTable& table, StoredTable::Extent extent);
+  void written() noexcept;
   [[nodiscard]] std::uint64_t companyDigest() const;
 
-  std::optional<Database> database_;
+  [[nodiscard]] bool isMended();
+  [[nodiscard]] bool mend();
+  [[nodiscard]] FailedChange::InFile whatFileHas();
+  void recover();
+  [[nodiscard]] CompanyLock makeCopy(const std::string& place);
+  void goOnWith(const std::string& path);
+
+  std::optional<OpenDatabase> open_;
+  std::string path_;
+  std::string vfs_;
+  FailedChangeHandler change_failed_;
+  bool asking_ = false;  ///< the handler has the word
   CompanyInfo info_;
   bool info_waits_ = false;
-  std::uint64_t read_digest_ = 0;
+  std::uint64_t file_digest_ = 0;     ///< of the company, as the file has it
+  std::uint64_t written_digest_ = 0;  ///< as it was written last, whether or not that counts
   Tables tables_;
   std::map<std::int64_t, std::shared_ptr<StoredTable>> by_id_;
   /// As the data_table rows have them.
@@ -79,8 +102,5 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   bool readable_ = false;                  ///< what is in memory is what the file says
   std::optional<FileTrouble> unreadable_;  ///< why not, where there was memory to keep it
 };
-
-/// Makes the content of a new company file in an empty database.
-void writeNewCompany(Database& database, const CompanyInfo& info);
 
 }  // namespace depcalc

@@ -11,17 +11,20 @@
 #include "host/host.h"
 #include "host/listeners.h"
 #include "host/sqlite/company_info.h"
+#include "host/sqlite/failed_change.h"
 #include "host/sqlite/file_trouble.h"
 
 namespace depcalc {
 
 class CompanyContents;
+class CompanyLock;
 
 /// A company file, open and locked against every other program until it is closed.
 ///
 /// What is committed is on the disk when Commit returns or, inside a unit of work, when the unit
-/// ends. A write that fails leaves the file as it was before; the tables then hold what the file
-/// holds, the error (57, 61, 75) goes to the caller, and `takeTrouble` has it in full.
+/// ends. A write that fails leaves the file as it was before; what is to become of the change says
+/// the handler of the options. Where it is given up, the tables hold what the file holds, the error
+/// (53, 57, 61, 70, 75) goes to the caller, and `takeTrouble` has it in full.
 /// docs/company-file.md describes the file itself.
 class SqliteCompanyFile final : public HostCompanyFile {
  public:
@@ -29,6 +32,8 @@ class SqliteCompanyFile final : public HostCompanyFile {
     std::function<Date()> today;  ///< the current fiscal year follows from it
     bool writable = true;         ///< false: a file that cannot be written is opened all the same
     std::string vfs;              ///< SQLite's file system layer; "" is the usual one
+    /// Asked what becomes of a change that cannot be written; without one it is given up.
+    FailedChangeHandler change_failed = {};
   };
   using Opened = std::variant<std::shared_ptr<SqliteCompanyFile>, FileTrouble>;
 
@@ -51,8 +56,8 @@ class SqliteCompanyFile final : public HostCompanyFile {
   void advise(HostCompanyFileEvents& listener) override { listeners_.add(listener); }
   void unadvise(HostCompanyFileEvents& listener) override { listeners_.remove(listener); }
 
-  /// Absolute and without symbolic links.
-  [[nodiscard]] const std::string& path() const { return path_; }
+  /// Absolute and without symbolic links. Another one after going on with a copy.
+  [[nodiscard]] const std::string& path() const;
   [[nodiscard]] const CompanyInfo& info() const;
   /// Writes at once. A month that is none is error 5; what the disk says, like Commit.
   void info(const CompanyInfo& info);
@@ -64,15 +69,20 @@ class SqliteCompanyFile final : public HostCompanyFile {
   /// Why the last write failed, told once.
   std::optional<FileTrouble> takeTrouble();
 
+  /// Makes a new company file of all that is in this one, which stays the open one; but where it is
+  /// no longer in its place, the copy takes it. Answers what went wrong.
+  std::optional<FileTrouble> saveCopy(const std::string& path);
+
   /// Raises CompanyFileClosing, then closes and gives the lock back.
   void close();
 
  private:
-  SqliteCompanyFile(std::string path, std::shared_ptr<CompanyContents> contents, Options options);
+  SqliteCompanyFile(std::shared_ptr<CompanyContents> contents, std::function<Date()> today);
+  static Opened over(const std::string& path, const Options& options,
+                     std::optional<CompanyLock> held);
 
-  std::string path_;
   std::shared_ptr<CompanyContents> contents_;
-  Options options_;
+  std::function<Date()> today_;
   std::shared_ptr<const HostPicture> picture_;
   Listeners<HostCompanyFileEvents> listeners_;
 };

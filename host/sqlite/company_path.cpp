@@ -1,19 +1,14 @@
 #include "host/sqlite/company_path.h"
 
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <new>
-#include <sstream>
 #include <system_error>
 
 namespace depcalc {
@@ -70,40 +65,6 @@ Header readHeader(const std::string& path, const std::string& vfs_name) {
     throw FileTrouble(Kind::failed, path + " cannot be read. Its permissions must allow it.");
   }
   return header;
-}
-
-std::string programOf(int process) {
-  std::ifstream file("/proc/" + std::to_string(process) + "/comm");
-  std::string name;
-  std::getline(file, name);
-  return name;
-}
-
-/// The process of a line of /proc/locks that locks the file, 0 for other lines:
-/// "1: POSIX  ADVISORY  WRITE 1234 fe:00:12345 1073741824 1073742335".
-int processOf(const std::string& line, const std::string& file_id) {
-  std::istringstream words(line);
-  std::string number;
-  std::string kind;
-  std::string advisory;
-  std::string mode;
-  std::string process;
-  std::string file;
-  words >> number >> kind >> advisory >> mode >> process >> file;
-  int id = 0;
-  if (file == file_id) {
-    std::from_chars(process.data(), process.data() + process.size(), id);
-  }
-  return id;
-}
-
-std::string idInLocks(const struct stat& status) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  const auto hex = [&](unsigned number) {
-    return std::string{digits[(number >> 4U) & 0xFU], digits[number & 0xFU]};
-  };
-  return hex(major(status.st_dev)) + ":" + hex(minor(status.st_dev)) + ":" +
-         std::to_string(status.st_ino);
 }
 
 }  // namespace
@@ -177,23 +138,6 @@ void requireWritableDirectory(const std::string& path) {
   throw FileTrouble(Kind::read_only, path + " cannot be written: no file can be made in " +
                                          directory + " (" + std::generic_category().message(errno) +
                                          "). Both must be writable.");
-}
-
-std::string lockHolder(const std::string& path) {
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) return "";
-  const std::string file_id = idInLocks(status);
-  std::ifstream locks("/proc/locks");
-  std::string line;
-  while (std::getline(locks, line)) {
-    const int process = processOf(line, file_id);
-    if (process <= 0) continue;
-    if (process == ::getpid()) return " by this program";
-    const std::string program = programOf(process);
-    return program.empty() ? " by process " + std::to_string(process)
-                           : " by " + program + " (process " + std::to_string(process) + ")";
-  }
-  return "";
 }
 
 }  // namespace depcalc

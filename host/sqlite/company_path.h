@@ -35,7 +35,4 @@ void requirePlainNeighbours(const std::string& path);
 /// Throws a FileTrouble unless files can be made beside `path`, as saving needs.
 void requireWritableDirectory(const std::string& path);
 
-/// Who holds the lock on the file, as " by NAME (process 123)"; "" when that cannot be told.
-std::string lockHolder(const std::string& path);
-
 }  // namespace depcalc

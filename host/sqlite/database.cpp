@@ -152,6 +152,14 @@ std::string Database::beginning(std::size_t size) {
   return bytes;
 }
 
+void Database::copyFrom(Database& source) {
+  sqlite3_backup* const copy =
+      sqlite3_backup_init(handle_.get(), "main", source.handle_.get(), "main");
+  if (copy == nullptr) fail(sqlite3_extended_errcode(handle_.get()));
+  sqlite3_backup_step(copy, -1);
+  check(sqlite3_backup_finish(copy));
+}
+
 bool Database::readOnly() const { return sqlite3_db_readonly(handle_.get(), "main") == 1; }
 
 bool Database::inTransaction() const { return sqlite3_get_autocommit(handle_.get()) == 0; }

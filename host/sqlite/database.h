@@ -40,6 +40,9 @@ class Database {
   /// locked and so holds no unfinished transaction.
   [[nodiscard]] std::string beginning(std::size_t size);
 
+  /// Takes over all that `source` has committed, in the place of what is here.
+  void copyFrom(Database& source);
+
   [[nodiscard]] bool readOnly() const;
   /// Whether a transaction is under way.
   [[nodiscard]] bool inTransaction() const;

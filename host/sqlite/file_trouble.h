@@ -22,7 +22,9 @@ class FileTrouble : public RuntimeError {
     locked,              ///< held by another program, or by this one
     read_only,           ///< it, or its directory, cannot be written
     disk_full,
-    failed,  ///< anything else that the system reports
+    lost,     ///< it is not where it was opened any more
+    changed,  ///< by another program, while it was open
+    failed,   ///< anything else that the system reports
   };
 
   FileTrouble(Kind kind, std::string message, std::vector<std::string> details = {})
@@ -37,6 +39,7 @@ class FileTrouble : public RuntimeError {
   static int numberOf(Kind kind) {
     switch (kind) {
       case Kind::not_found:
+      case Kind::lost:
         return 53;
       case Kind::exists:
         return 58;

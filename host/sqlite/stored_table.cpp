@@ -1,6 +1,7 @@
 #include "host/sqlite/stored_table.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "host/sqlite/company_schema.h"
@@ -78,7 +79,7 @@ void StoredTable::clear() {
   id_ = 0;
   slots_.clear();
   count_ = 0;
-  tally_ = 0;
+  tally_ = file_tally_ = 0;
   waiting_.clear();
   decoded_ = 0;
 }
@@ -91,36 +92,64 @@ bool StoredTable::read(std::int16_t index, std::string_view text, std::uint64_t 
   slot.digest = digest;
   slot.text = text;
   ++count_;
-  tally_ += digest;
-  return digest == digestOf(text, static_cast<std::uint64_t>(id_ * records_per_table + index));
+  tally_ = file_tally_ += digest;
+  return digest == this->digest(index, text);
 }
 
-void StoredTable::write(Database& database) {
+std::uint64_t StoredTable::digest(std::int64_t index, std::string_view text) const {
+  return digestOf(text, static_cast<std::uint64_t>(id_ * records_per_table + index));
+}
+
+std::int64_t StoredTable::recordsInFile() const {
+  return std::count_if(slots_.begin(), slots_.end(), [](const Slot& slot) { return slot.in_file; });
+}
+
+bool StoredTable::isInFile(std::int64_t index, std::string_view text, std::uint64_t digest) const {
+  const auto at = static_cast<std::size_t>(index);
+  return at < slots_.size() && slots_[at].in_file && slots_[at].digest == digest &&
+         this->digest(index, text) == digest;
+}
+
+std::vector<std::int16_t> StoredTable::indexes(Extent extent) const {
+  std::vector<std::int16_t> indexes = waiting_;
+  if (extent == Extent::all) {
+    indexes.resize(slots_.size());
+    std::iota(indexes.begin(), indexes.end(), std::int16_t{0});
+  }
+  std::sort(indexes.begin(), indexes.end());
+  return indexes;
+}
+
+void StoredTable::write(Database& database, Extent extent) {
   encodeWaiting();
   Statement put_record =
       database.prepare("INSERT OR REPLACE INTO record (id, fields, digest) VALUES (?, ?, ?)");
   Statement remove_record = database.prepare("DELETE FROM record WHERE id = ?");
-  std::sort(waiting_.begin(), waiting_.end());
-  for (const std::int16_t index : waiting_) {
+  tally_ = file_tally_;
+  for (const std::int16_t index : indexes(extent)) {
     Slot& slot = slots_[static_cast<std::size_t>(index)];
+    const std::int64_t id = id_ * records_per_table + index;
     if (slot.in_file) tally_ -= slot.digest;
     if (slot.present) {
-      put(index, slot, put_record);
+      slot.written_digest = digest(index, slot.text);
+      tally_ += slot.written_digest;
+      put_record.bind(1, id).bind(2, std::string_view(slot.text));
+      put_record.bind(3, static_cast<std::int64_t>(slot.written_digest)).run();
     } else if (slot.in_file) {
-      remove_record.bind(1, id_ * records_per_table + index).run();
+      remove_record.bind(1, id).run();
     }
-    slot.in_file = slot.present;
-    slot.waits = false;
   }
-  waiting_.clear();
 }
 
-void StoredTable::put(std::int16_t index, Slot& slot, Statement& statement) {
-  const std::int64_t id = id_ * records_per_table + index;
-  slot.digest = digestOf(slot.text, static_cast<std::uint64_t>(id));
-  tally_ += slot.digest;
-  statement.bind(1, id).bind(2, std::string_view(slot.text));
-  statement.bind(3, static_cast<std::int64_t>(slot.digest)).run();
+void StoredTable::written() noexcept {
+  for (const std::int16_t index : waiting_) {
+    Slot& slot = slots_[static_cast<std::size_t>(index)];
+    slot.in_file = slot.present;
+    slot.digest = slot.written_digest;
+    slot.waits = false;
+  }
+  file_tally_ = tally_;
+  waiting_.clear();
 }
 
 }  // namespace depcalc

@@ -38,7 +38,7 @@ class StoredTable final : public RecordStorage {
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] std::int64_t id() const { return id_; }  ///< 0 while the file does not have it
   void id(std::int64_t id) { id_ = id; }
-  /// Records and the sum of their digests, as they were last read or written.
+  /// Records and the sum of their digests, as they were last read or written anywhere.
   [[nodiscard]] std::int64_t records() const { return count_; }
   [[nodiscard]] std::uint64_t tally() const { return tally_; }
   [[nodiscard]] bool waiting() const { return !waiting_.empty(); }
@@ -47,16 +47,25 @@ class StoredTable final : public RecordStorage {
   void clear();
   /// Takes a record from the file. False when the text is not what was written.
   bool read(std::int16_t index, std::string_view text, std::uint64_t digest);
-  /// Writes what waits. The caller has a transaction open and loses the table's content when
-  /// that fails.
-  void write(Database& database);
+  /// Writes what waits, or all there is. The caller has a transaction open; what it writes counts
+  /// when it says so, and until then can be written again.
+  enum class Extent { waiting, all };
+  void write(Database& database, Extent extent);
+  /// The transaction is in the file.
+  void written() noexcept;
+
+  [[nodiscard]] std::int64_t recordsInFile() const;
+  /// Whether the file had this record when it was last read or written.
+  [[nodiscard]] bool isInFile(std::int64_t index, std::string_view text,
+                              std::uint64_t digest) const;
 
  private:
   struct Slot {
     bool present = false;
     bool waits = false;
     bool in_file = false;
-    std::uint64_t digest = 0;  ///< of the text in the file
+    std::uint64_t digest = 0;          ///< of the text in the file
+    std::uint64_t written_digest = 0;  ///< of the text that was written last
     std::string text;
     std::unique_ptr<RecordValues> values;  ///< newer than the text
   };
@@ -64,7 +73,8 @@ class StoredTable final : public RecordStorage {
   [[nodiscard]] const Slot* find(std::int16_t index) const;
   Slot& change(std::int16_t index);
   void encodeWaiting();
-  void put(std::int16_t index, Slot& slot, Statement& statement);
+  [[nodiscard]] std::vector<std::int16_t> indexes(Extent extent) const;
+  [[nodiscard]] std::uint64_t digest(std::int64_t index, std::string_view text) const;
 
   std::string name_;
   ChangeGate* gate_;
@@ -72,6 +82,7 @@ class StoredTable final : public RecordStorage {
   std::vector<Slot> slots_;
   std::int32_t count_ = 0;
   std::uint64_t tally_ = 0;
+  std::uint64_t file_tally_ = 0;  ///< that of the file
   std::vector<std::int16_t> waiting_;
   std::size_t decoded_ = 0;  ///< slots with values
 };

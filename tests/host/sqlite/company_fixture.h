@@ -75,6 +75,29 @@ class CompanyFile : public testing::Test {
   std::string path_ = directory_.path() + "/acme.company";
 };
 
+/// The store of an open company, to save one asset after the other.
+class OpenStore {
+ public:
+  explicit OpenStore(const File& file) {
+    state_.m_orvcf = file;
+    (void)store_.open();
+  }
+
+  /// Saves a new asset; answers what was reported.
+  std::vector<std::string> save() {
+    std::vector<std::string> reports;
+    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    state_.CurrentRecord = newAsset({.id = "more"});
+    std::int16_t index = 0;
+    store_.WriteData(index);
+    return reports;
+  }
+
+ private:
+  StoreState state_;
+  AssetStore store_{state_, [] { return Date::carrying(2024, 6, 1); }};
+};
+
 /// With twenty assets, to be harmed and put right again.
 class SampleCompanyFile : public CompanyFile {
  protected:
