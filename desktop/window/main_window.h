@@ -113,6 +113,7 @@ class MainWindow : public QMainWindow {
   void showStatus();
   [[nodiscard]] Scale scale() const;
   [[nodiscard]] QString companyPath() const;
+  [[nodiscard]] QString companyFolder() const;
   [[nodiscard]] QString companyTitle() const;
   [[nodiscard]] std::optional<std::uint64_t> revision() const;
 

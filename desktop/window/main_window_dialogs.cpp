@@ -1,10 +1,11 @@
 #include <QApplication>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/company_info_dialog.h"
+#include "desktop/window/file_dialogs.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/restore_dialog.h"
@@ -29,9 +30,15 @@ ScheduleJob jobOf(Calculator& calculator) {
 
 void MainWindow::tell(const QString& text) { warn(text, this); }
 
+/// Where the user keeps companies.
+QString MainWindow::companyFolder() const {
+  const QString last = company() != nullptr ? companyPath() : around_.settings.recent().value(0);
+  return last.isEmpty() ? QString() : QFileInfo(last).absolutePath();
+}
+
 void MainWindow::askNewCompany() {
-  QString path = QFileDialog::getSaveFileName(this, tr("New Company"), {}, filter(), nullptr,
-                                              QFileDialog::DontConfirmOverwrite);
+  QString path = askFileToSave(
+      this, {.title = tr("New Company"), .filter = filter(), .proposed = companyFolder()});
   if (path.isEmpty()) return;
   if (QFileInfo(path).suffix().isEmpty()) path += file_suffix;
   CompanyInfo fresh;
@@ -41,7 +48,8 @@ void MainWindow::askNewCompany() {
 }
 
 void MainWindow::askOpenCompany() {
-  const QString path = QFileDialog::getOpenFileName(this, tr("Open Company"), {}, filter());
+  const QString path = askFileToOpen(
+      this, {.title = tr("Open Company"), .filter = filter(), .proposed = companyFolder()});
   if (!path.isEmpty()) openCompany(path);
 }
 

@@ -2,7 +2,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGraphicsView>
 #include <QLabel>
@@ -19,6 +18,7 @@
 
 #include "desktop/printing/page_printer.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/window/file_dialogs.h"
 #include "desktop/window/file_names.h"
 #include "desktop/window/missing_assets.h"
 #include "desktop/window/warning_box.h"
@@ -112,9 +112,9 @@ bool mayReplace(const QString& path, QWidget* window) {
 QString askPdfFile(QWidget* window) {
   QString path = QObject::tr("Depreciation Schedule.pdf");
   for (;;) {
-    path = QFileDialog::getSaveFileName(
-        window, QObject::tr("No printer is set up: print to a PDF file"), path,
-        QObject::tr("PDF documents (*.pdf)"), nullptr, QFileDialog::DontConfirmOverwrite);
+    path = askFileToSave(window, {.title = QObject::tr("No printer is set up: print to a PDF file"),
+                                  .filter = QObject::tr("PDF documents (*.pdf)"),
+                                  .proposed = path});
     if (path.isEmpty()) return {};
     path = withSuffix(path, pdf_suffix);
     if (const QString trouble = folderTrouble(path); !trouble.isEmpty()) {
