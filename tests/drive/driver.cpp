@@ -48,6 +48,8 @@ constexpr std::array keys = {Named<char32_t>{"Backspace", 8}, Named<char32_t>{"R
 constexpr std::array arrows = {
     Named<Direction>{"Left", Direction::left}, Named<Direction>{"Right", Direction::right},
     Named<Direction>{"Up", Direction::up}, Named<Direction>{"Down", Direction::down}};
+constexpr std::array<std::string_view, 3> screens = {"DepCalcView1", "DepCalcCtl1",
+                                                     "DepCalcDisplayCtl1"};
 constexpr std::array<std::string_view, 2> popups = {"DepCalcPopup1", "DepCalcPopup2"};
 
 }  // namespace
@@ -192,10 +194,10 @@ bool Driver::raiseEvent(const std::string& command, std::string_view rest) {
 
 void Driver::raiseButton(std::string_view rest) {
   enum class From { view, entry, compare };
-  constexpr std::array screens = {Named<From>{"view", From::view},
+  constexpr std::array senders = {Named<From>{"view", From::view},
                                   Named<From>{"entry", From::entry},
                                   Named<From>{"compare", From::compare}};
-  const From from = named(screens, takeWord(rest));
+  const From from = named(senders, takeWord(rest));
   const std::string button(rest);
   if (from == From::view) events_.view().ButtonClick(button);
   if (from == From::entry) events_.entry().ButtonClick(button);
@@ -285,19 +287,30 @@ Control& Driver::control(std::string_view name) const {
   return *found;
 }
 
-/// Shown or not: the container, what stands in it, SCREEN.NAME, and NAME on the visible screen.
+/// Shown or not: the container, what stands in it, SCREEN.NAME, and NAME on a screen.
 const Control& Driver::anyControl(std::string_view name) const {
   if (name == container_.name()) return container_;
   const std::size_t dot = name.find('.');
   const Control* found = container_.child(name.substr(0, dot));
   if (found == nullptr) {
-    found = visibleScreen().child(name);
+    found = onAnyScreen(name);
   } else if (dot != std::string_view::npos) {
     const auto* const screen = dynamic_cast<const UserControl*>(found);
     found = screen == nullptr ? nullptr : screen->child(name.substr(dot + 1));
   }
   if (found == nullptr) throw ScriptError("'" + std::string(name) + "' is not there");
   return *found;
+}
+
+/// The visible screen's, where it has one of that name.
+const Control* Driver::onAnyScreen(std::string_view name) const {
+  const UserControl* const visible = container_.visibleScreen();
+  const Control* found = visible == nullptr ? nullptr : visible->child(name);
+  for (const std::string_view screen : screens) {
+    if (found != nullptr) break;
+    found = static_cast<const UserControl&>(*container_.child(screen)).child(name);
+  }
+  return found;
 }
 
 const Grid& Driver::anyGrid(std::string_view name) const {

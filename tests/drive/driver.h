@@ -45,8 +45,9 @@ struct DriveOptions {
 /// DepConvention, DepRecovery, RecIndex or AssetProdCap of the current record)
 ///
 /// A name is one of the visible screen's; DepCalcPopup1.NAME is one on a popup. `place`, `sizes`
-/// and `looks` find what is hidden, too, and whatever is named SCREEN.NAME; `place` knows the
-/// container and everything that stands in it. Blank lines and lines that begin with # do nothing.
+/// and `looks` also find what is hidden, on the visible screen, on another one, or named
+/// SCREEN.NAME; `place` knows the container and everything that stands in it. Blank lines and lines
+/// that begin with # do nothing.
 class Driver {
  public:
   Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options);
@@ -84,6 +85,7 @@ class Driver {
   template <typename Kind>
   Kind& controlOf(std::string_view name) const;
   [[nodiscard]] const Control& anyControl(std::string_view name) const;
+  [[nodiscard]] const Control* onAnyScreen(std::string_view name) const;
   [[nodiscard]] const Grid& anyGrid(std::string_view name) const;
 
   DriveHost& host_;
