@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "desktop/host/same_company.h"
 #include "desktop/host/sqlite_companies.h"
 #include "desktop/preview/preview.h"
 #include "desktop/widgets/accessible_controls.h"
@@ -79,7 +80,7 @@ int run(const Options& options) {
   const QString data = previews ? scratch.path() : writable(QStandardPaths::AppDataLocation);
   SqliteCompanies files(todayByClock);
   Settings settings(config + QStringLiteral("/depcalc.ini"));
-  Backups backups(data + QStringLiteral("/backups"));
+  Backups backups(data + QStringLiteral("/backups"), sameCompany);
   MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
   if (previews) return preview(window, options, scratch.path());
   SystemEnd end(window, SystemEnd::usual_patience, [] { std::_Exit(success); });

@@ -71,7 +71,8 @@ void Backups::opened(const QString& company_path) {
   if (own.isEmpty()) return;
   for (const QFileInfo& left : QDir(place).entryInfoList({aside_prefix + u'*'}, QDir::Files)) {
     if (left.absoluteFilePath() == QFileInfo(own).absoluteFilePath()) continue;
-    if (sameBytes(left.absoluteFilePath(), own)) {
+    const QString path = left.absoluteFilePath();
+    if (sameBytes(path, own) || (same_ && same_(path, own))) {
       QFile::remove(left.absoluteFilePath());
     } else {
       QFile::rename(left.absoluteFilePath(),

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <QVector>
+#include <functional>
 
 namespace depcalc::desktop {
 
@@ -23,7 +24,10 @@ class Backups {
  public:
   static constexpr int kept = 10;
 
-  explicit Backups(QString root) : root_(std::move(root)) {}
+  /// Whether two files hold the same although their bytes differ.
+  using Same = std::function<bool(const QString&, const QString&)>;
+
+  explicit Backups(QString root, Same same = {}) : root_(std::move(root)), same_(std::move(same)) {}
 
   /// Sets a copy of `company_path` aside. The file must not be open. Returns whether it could.
   bool setAside(const QString& company_path);
@@ -47,6 +51,7 @@ class Backups {
   void removeOldest(const QString& company_path);
 
   QString root_;
+  Same same_;
   QHash<QString, QString> aside_;  ///< of each company's folder
 };
 

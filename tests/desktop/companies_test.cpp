@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include "desktop/host/same_company.h"
 #include "desktop/host/sqlite_companies.h"
 
 namespace depcalc::testing {
@@ -46,6 +47,43 @@ TEST_F(Companies, KeepWhatCompanyInfoSays) {
   EXPECT_TRUE(company->file()->IsMultiUser());
   EXPECT_EQ(company->takeTrouble(), std::nullopt);
   company->close();
+}
+
+TEST_F(Companies, AreTheSameWhereOnlyTheSummaryDiffers) {
+  const auto set = [this](const char* name, std::int16_t record, const char* field, bool adds) {
+    const auto company = files.open(path(name));
+    const auto table = company->file()->OpenTable("ZEM:DepCalc");
+    const auto changed = adds ? table->Add(record) : table->Item(record);
+    changed->BeginEdit();
+    changed->Fields().SetValue(field, StoredValue::text(adds ? "before" : "after"));
+    changed->Modified(true);
+    changed->Commit();
+    company->close();
+  };
+  const auto same = [this](const char* name) {
+    return desktop::sameCompany(directory.filePath("a.company"), directory.filePath(name));
+  };
+  files.create(path("a.company"), {"Sample Joinery", 4})->close();
+  ASSERT_TRUE(QFile::copy(directory.filePath("a.company"), directory.filePath("empty.company")));
+  set("a.company", 0, "Start", true);
+  EXPECT_TRUE(same("empty.company")) << "as the first start of the calculator leaves it";
+  set("a.company", 1, "AID", true);
+  EXPECT_FALSE(same("empty.company"));
+  for (const char* name : {"summary.company", "asset.company", "info.company"}) {
+    ASSERT_TRUE(QFile::copy(directory.filePath("a.company"), directory.filePath(name)));
+    EXPECT_TRUE(same(name));
+  }
+  set("summary.company", 0, "Start", false);
+  EXPECT_TRUE(same("summary.company"));
+  set("asset.company", 1, "AID", false);
+  EXPECT_FALSE(same("asset.company"));
+  const auto company = files.open(path("info.company"));
+  company->setInfo({"Sample Joinery", 5});
+  company->close();
+  EXPECT_FALSE(same("info.company"));
+  write("text.company", "no company file at all");
+  EXPECT_FALSE(same("text.company"));
+  EXPECT_FALSE(same("nowhere.company"));
 }
 
 TEST_F(Companies, NothingIsOverwritten) {

@@ -161,6 +161,18 @@ TEST_F(Ending, ASecondTimeLeavesNothingBehind) {
   EXPECT_EQ(ids().trimmed(), "");
 }
 
+/// The calculator's start alone writes to the file.
+TEST_F(Ending, AnOpeningWithoutAChangeNeverBecomesABackup) {
+  for (int i = 0; i < 3; ++i) {
+    send(SIGKILL);
+    ASSERT_TRUE(program.waitForFinished(20'000));
+    program.start(QStringLiteral(DEPCALC_DESKTOP), {company()});
+    ASSERT_TRUE(sees("^Sample Joinery – Depreciation Calculator$"));
+    EXPECT_THAT(copies().filter(".company"), IsEmpty());
+    EXPECT_EQ(copies().size(), 1);
+  }
+}
+
 /// Half a minute, as a user has it.
 TEST_F(Ending, NoAnswerLeavesNothingBehind) {
   typeAnAsset();
