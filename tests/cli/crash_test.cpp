@@ -43,7 +43,7 @@ TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
     restore();
     const auto began = Clock::now();
     ASSERT_TRUE(succeeded(start(command)));
-    const std::chrono::duration<double> whole = Clock::now() - began;
+    std::chrono::duration<double> whole = Clock::now() - began;
     const TableContent after = contentAt(file_);
     ASSERT_FALSE(before == after);
 
@@ -55,6 +55,7 @@ TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
       ::kill(child, SIGKILL);
       const bool acknowledged = succeeded(child);
       cut_short += acknowledged ? 0 : 1;
+      whole *= acknowledged ? 0.7 : 1.08;  // the machine is faster one moment, slower the next
       const TableContent kept = contentAt(file_);  // the lock is gone at once
       EXPECT_TRUE(kept == after || (!acknowledged && kept == before))
           << command.front() << ", seed " << seed << ", kill " << i
