@@ -44,19 +44,20 @@ struct RandomActions : RealWindow {
   void checkFiles();
   void checkRegister();
   Rows rowsIn(const QString& company);
-  std::vector<std::string> seen();
 
-  // what the user sees
+  // random_gestures.cpp: what the user sees
   bool isOpen() { return !openPath().isEmpty(); }
   QString openPath();
   FormTexts formTexts();
+  /// All of it that an action which concerns none of it must leave alone.
+  std::vector<std::string> seen();
   bool formIsBlank();
   int selectedAsset();
   std::string chosenMethod();
   void bringIntoSight(QWidget* widget);
   void press(const Control& control, const char* key);
 
-  // in the form
+  // … the form
   void typeIntoField();
   void chooseConvention();
   void typeWithoutLeaving();
@@ -66,20 +67,20 @@ struct RandomActions : RealWindow {
   void newFromForm();
   void viewAllFromForm();
 
-  // in the comparison
+  // … the comparison
   void chooseMethod();
   void saveComparison();
   void closeComparison();
   void viewAllFromComparison();
 
-  // in the register
+  // … the register
   void selectAsset();
   void newAsset();
   void editAsset();
   void deleteAsset();
   void printAsset();
 
-  // of the window, and beside it
+  // random_leaving.cpp: the window, and beside it
   void cancelDialog();
   void minimise();
   void resizeWindow();
@@ -87,7 +88,7 @@ struct RandomActions : RealWindow {
   void help();
   void secondProgramTries();
 
-  // leaving
+  // … leaving
   void closeCompany();
   void openOtherCompany();
   void quitAndStartAgain();
