@@ -24,6 +24,8 @@ struct ChangedAmount {
   std::optional<int> fiscal_year;  ///< none for the rate per unit of production
   Currency before;
   Currency after;
+
+  friend bool operator==(const ChangedAmount&, const ChangedAmount&) = default;
 };
 
 /// An asset that stays as it is, and why.

@@ -16,6 +16,12 @@ class QActionGroup;
 class QLabel;
 class QMenu;
 
+namespace depcalc {
+class CompanyAssets;
+enum class FiscalYearEnds;
+struct Recalculation;
+}  // namespace depcalc
+
 namespace depcalc::desktop {
 
 class MainWindow : public QMainWindow {
@@ -60,6 +66,10 @@ class MainWindow : public QMainWindow {
   void closeCompany();
   void setMultiUser(bool on);
   void setCompanyInfo(const CompanyInfo& info);
+  /// The same as the user's wish: where the fiscal year changes, the calculator is left and started
+  /// anew, and the assets that have another one are offered for recalculation. Where the user
+  /// cancels the leaving, nothing changes.
+  void changeCompanyInfo(const CompanyInfo& info);
   bool restoreBackup(const Backup& backup);
   /// A calculator of its own, anew.
   void startCalculator();
@@ -89,7 +99,6 @@ class MainWindow : public QMainWindow {
   // main_window_dialogs.cpp
   void askNewCompany();
   void askOpenCompany();
-  void askCompanyInfo();
   void askBackup();
   void print();
   void previewPrint();
@@ -97,6 +106,14 @@ class MainWindow : public QMainWindow {
   void showHelpTopic(int link);
   void tell(const QString& text);
   [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
+
+  // main_window_recalculation.cpp
+  void askCompanyInfo();
+  void askRecalculation();
+  void recalculate(FiscalYearEnds ends);
+  void saveRecalculated(FiscalYearEnds ends, const Recalculation& seen);
+  [[nodiscard]] QString problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation);
+  [[nodiscard]] bool keepFreshBackup();
 
   void fillPage();
   // main_window_leaving.cpp
@@ -139,6 +156,7 @@ class MainWindow : public QMainWindow {
   QActionGroup* zoom_actions_ = nullptr;
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
+  QAction* recalculate_ = nullptr;
   QAction* to_multi_user_ = nullptr;
   QAction* to_single_user_ = nullptr;
   QList<QAction*> company_actions_;  ///< need an open company

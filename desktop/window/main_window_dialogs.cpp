@@ -53,11 +53,6 @@ void MainWindow::askOpenCompany() {
   if (!path.isEmpty()) openCompany(path);
 }
 
-void MainWindow::askCompanyInfo() {
-  CompanyInfoDialog dialog(company()->info(), this);
-  if (dialog.exec() == QDialog::Accepted) setCompanyInfo(dialog.info());
-}
-
 void MainWindow::askBackup() {
   const QVector<Backup> backups = around_.backups.of(companyPath());
   if (backups.isEmpty()) {

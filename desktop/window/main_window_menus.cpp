@@ -68,6 +68,7 @@ void MainWindow::makeFileMenu() {
 void MainWindow::makeCompanyMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("Co&mpany"));
   company_actions_ << addAction(menu, tr("Company &Info…"), {}, &MainWindow::askCompanyInfo);
+  recalculate_ = addAction(menu, tr("&Recalculate All Assets…"), {}, &MainWindow::askRecalculation);
   // Without a company the calculator itself says what is missing.
   addAction(menu, tr("&Depreciation Calculator"), {}, &MainWindow::startCalculator);
 }
@@ -127,6 +128,7 @@ void MainWindow::enableActions() {
   for (QAction* action : company_actions_) action->setEnabled(open);
   const bool assets = calculator_ != nullptr && calculator_->assetCount().value_or(0) > 0;
   for (QAction* action : print_actions_) action->setEnabled(assets);
+  recalculate_->setEnabled(assets);
   to_multi_user_->setVisible(!multi);
   to_multi_user_->setEnabled(open);
   to_single_user_->setVisible(multi);

@@ -183,7 +183,7 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
        {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Restore Backup…",
         "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…", "Print Preview…",
         "Quit"}},
-      {"Company", {"Company Info…", "Depreciation Calculator"}},
+      {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
       {"View", {"Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
       {"Help",
        {"Using This Calculator", "Comparing depreciation methods",

@@ -1,0 +1,102 @@
+// The company's fiscal year and the assets' amounts.
+#include <QFile>
+#include <QLabel>
+
+#include "DepCalc/recalculation.h"
+#include "common/trapped.h"
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/company_info_dialog.h"
+#include "desktop/window/main_window.h"
+#include "desktop/window/recalculation_dialog.h"
+#include "values/runtime_error.h"
+
+namespace depcalc::desktop {
+namespace {
+
+QString monthAndDay(Date date) {
+  return QStringLiteral("%1 %2").arg(qtText(date.monthName())).arg(date.day());
+}
+
+}  // namespace
+
+void MainWindow::askCompanyInfo() {
+  CompanyInfoDialog dialog(company()->info(), this);
+  if (dialog.exec() == QDialog::Accepted) changeCompanyInfo(dialog.info());
+}
+
+/// The calculator keeps the fiscal year that it was started with, and so does the form that shows.
+void MainWindow::changeCompanyInfo(const CompanyInfo& info) {
+  const bool other_year = info.first_month != company()->info().first_month;
+  if (other_year && !mayLeave()) return;
+  setCompanyInfo(info);
+  if (!other_year || calculator_ == nullptr) return;
+  if (company()->info() != info) {
+    may_leave_ = false;
+    return;
+  }
+  startCalculator();
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  if (calculator_ != nullptr && assetsOfOtherFiscalYears(assets) > 0) {
+    recalculate(FiscalYearEnds::company);
+  }
+}
+
+void MainWindow::askRecalculation() {
+  if (!mayLeave()) return;
+  recalculate(FiscalYearEnds::own);
+}
+
+void MainWindow::recalculate(FiscalYearEnds ends) {
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  RecalculationDialog dialog(
+      {assetsOfOtherFiscalYears(assets), monthAndDay(assets.fiscalYearEnd())}, ends,
+      [&assets](FiscalYearEnds chosen) { return recalculated(assets, chosen); }, this);
+  if (dialog.exec() == QDialog::Accepted) saveRecalculated(dialog.ends(), dialog.recalculation());
+  may_leave_ = false;
+}
+
+/// The file is opened anew, so that the backup is of the company as it is now. What is saved is
+/// what the user has seen.
+void MainWindow::saveRecalculated(FiscalYearEnds ends, const Recalculation& seen) {
+  if (!keepFreshBackup()) return;
+  endCalculator();
+  QString problem;
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  const Recalculation now = recalculated(assets, ends);
+  if (now.changes != seen.changes) {
+    problem =
+        tr("Another program has changed the company meanwhile. Please look at the amounts "
+           "again.");
+  } else {
+    problem = problemOfSaving(assets, now);
+  }
+  startCalculator();
+  if (!problem.isEmpty()) tell(tr("Nothing was changed. %1").arg(problem));
+}
+
+QString MainWindow::problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation) {
+  std::optional<std::string> report;
+  const bool done = trapped("DepCalcDesktop::recalculate", [&] {
+    report = saveRecalculation(assets, recalculation, [](std::size_t) {});
+  });
+  if (done && !report) return {};
+  const auto trouble = company()->takeTrouble();
+  if (trouble) return qtText(*trouble);
+  return report ? qtText(*report) : tr("The file could not be written.");
+}
+
+bool MainWindow::keepFreshBackup() {
+  const QString path = companyPath();
+  const auto newest = [&] {
+    const auto all = around_.backups.of(path);
+    return all.isEmpty() ? QString() : all.front().path;
+  };
+  if (!openCompany(path)) return false;
+  const QString before = newest();
+  backup_kept_ = around_.backups.keep(path, QDateTime::currentDateTime());
+  if (backup_kept_ && (!QFile::exists(path) || newest() != before)) return true;
+  tell(tr("Nothing was changed. No backup could be made in the folder of the backups."));
+  return false;
+}
+
+}  // namespace depcalc::desktop
