@@ -110,7 +110,7 @@ int main(int argc, char** argv) {
   // Qt takes the number format from the environment; ours is the same everywhere.
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setApplicationName(QStringLiteral("depcalc"));
-  QApplication::setApplicationDisplayName(QObject::tr("Depreciation Calculator"));
+  // No display name: the toolkit would add it to the titles of boxes, which are whole as they are.
   QApplication::setApplicationVersion(QStringLiteral(DEPCALC_VERSION));
   QApplication::setDesktopFileName(QStringLiteral("depcalc-desktop"));
   QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("depcalc-desktop")));

@@ -124,11 +124,11 @@ void GridWidget::showStructure() {
   viewport()->update();
 }
 
-/// The model sizes a grid to its cells; a pixel of rounding is no reason to scroll.
+/// The model sizes a grid to its cells and leaves two pixels for the frame, which at a small zoom
+/// are less than the frame takes. That is no reason to scroll: a bar would hide a whole row.
 void GridWidget::showScrollBars() {
-  const int frame = 2 * frameWidth();
-  const bool wide = horizontalHeader()->length() > width() - frame + 2;
-  const bool high = verticalHeader()->length() > height() - frame + 2;
+  const bool wide = horizontalHeader()->length() > width();
+  const bool high = verticalHeader()->length() > height();
   setHorizontalScrollBarPolicy(wide ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(high ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
   updateGeometries();

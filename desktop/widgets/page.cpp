@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyle>
 #include <algorithm>
 
 #include "desktop/widgets/arrow_keys.h"
@@ -31,6 +32,7 @@ void Page::showControl(UserControl& root, Surface& surface) {
   surface.setRestingWidget(this);
   root_ = &root;
   connect(&surface, &Surface::attention, this, &Page::reveal);
+  connect(&surface, &Surface::turned, this, &Page::showTopLeft);
   connect(&surface, &Surface::appeared, this, [this](QWidget* widget) { appeared_ = widget; });
   connect(&surface, &Surface::painted, this, &Page::revealAppeared);
   auto* const sheet = new QWidget(viewport());
@@ -86,10 +88,23 @@ void Page::revealAppeared() {
   appeared_.clear();
 }
 
+void Page::showTopLeft() {
+  horizontalScrollBar()->setValue(0);
+  verticalScrollBar()->setValue(0);
+}
+
+/// A scroll bar that has just become necessary takes its place only at the next idle moment.
+QSize Page::roomInSight() const {
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  const auto comes = [](const QScrollBar& at) { return at.maximum() > 0 && !at.isVisible(); };
+  return viewport()->size() -
+         QSize(comes(*verticalScrollBar()) ? bar : 0, comes(*horizontalScrollBar()) ? bar : 0);
+}
+
 void Page::reveal(QWidget* child, const QRect& part) {
   if (widget() == nullptr || !widget()->isAncestorOf(child)) return;
   const QRect there(child->mapTo(widget(), part.topLeft()), part.size());
-  const QRect view(-widget()->pos(), viewport()->size());
+  const QRect view(-widget()->pos(), roomInSight());
   if (view.contains(there)) return;
   const auto moved = [](int low, int high, int view_low, int view_high) {
     if (low < view_low) return low - view_low - reveal_margin;

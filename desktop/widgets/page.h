@@ -36,6 +36,8 @@ class Page : public QScrollArea {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  [[nodiscard]] QSize roomInSight() const;
+  void showTopLeft();
   void reveal(QWidget* child, const QRect& part);
   void revealAppeared();
   void arrange();

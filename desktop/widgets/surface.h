@@ -55,6 +55,8 @@ class Surface : public QObject {
   void painted();
   /// Something that floats over a screen, or beside it, is shown there now.
   void appeared(QWidget* widget);
+  /// Another screen comes up.
+  void turned();
   /// Other parts of the controls are to be seen now.
   void scrolled();
   /// This part of a control should be where the user can see it.

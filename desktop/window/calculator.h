@@ -10,6 +10,7 @@
 #include "desktop/widgets/surface.h"
 #include "desktop/window/edit_help.h"
 #include "desktop/window/help_closer.h"
+#include "desktop/window/screen_turns.h"
 #include "register/dep_calc_view.h"
 
 namespace depcalc::desktop {
@@ -65,6 +66,7 @@ class Calculator {
   Surface surface_;
   EditHelp edit_help_{container_, surface_};
   HelpCloser help_closer_{container_, surface_};
+  ScreenTurns screen_turns_{container_, surface_};
 };
 
 }  // namespace depcalc::desktop

@@ -7,6 +7,7 @@
 #include "desktop/window/company_info_dialog.h"
 #include "desktop/window/file_dialogs.h"
 #include "desktop/window/main_window.h"
+#include "desktop/window/new_company_file.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/restore_dialog.h"
 #include "desktop/window/warning_box.h"
@@ -14,12 +15,6 @@
 
 namespace depcalc::desktop {
 namespace {
-
-const QString file_suffix = QStringLiteral(".company");
-
-QString filter() {
-  return QCoreApplication::translate("MainWindow", "Company files (*.company);;All files (*)");
-}
 
 ScheduleJob jobOf(Calculator& calculator) {
   return {[&calculator](Printer& printer) { return calculator.missingOnPaper(printer); },
@@ -37,10 +32,8 @@ QString MainWindow::companyFolder() const {
 }
 
 void MainWindow::askNewCompany() {
-  QString path = askFileToSave(
-      this, {.title = tr("New Company"), .filter = filter(), .proposed = companyFolder()});
+  const QString path = askNewCompanyFile(this, companyFolder());
   if (path.isEmpty()) return;
-  if (QFileInfo(path).suffix().isEmpty()) path += file_suffix;
   CompanyInfo fresh;
   fresh.name = QFileInfo(path).completeBaseName().toStdString();
   CompanyInfoDialog dialog(fresh, this);
@@ -49,7 +42,8 @@ void MainWindow::askNewCompany() {
 
 void MainWindow::askOpenCompany() {
   const QString path = askFileToOpen(
-      this, {.title = tr("Open Company"), .filter = filter(), .proposed = companyFolder()});
+      this,
+      {.title = tr("Open Company"), .filter = companyFileFilter(), .proposed = companyFolder()});
   if (!path.isEmpty()) openCompany(path);
 }
 

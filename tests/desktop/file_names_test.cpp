@@ -51,9 +51,9 @@ TEST(FileNames, AFolderThatTakesNoFileIsSaidSo) {
                 "/none. Choose another folder, or make this one first.");
   ASSERT_TRUE(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
   const OrdinaryUser user;
-  EXPECT_EQ(folderTrouble(folder + "/new.company").toStdString(),
-            "You may not add files to the folder " + folder.toStdString() +
-                ". Choose another folder.");
+  EXPECT_EQ(
+      folderTrouble(folder + "/new.company").toStdString(),
+      "You may not add files to the folder " + folder.toStdString() + ". Choose another folder.");
 }
 
 }  // namespace

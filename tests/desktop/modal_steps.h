@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
+#include <QtTest>
 #include <deque>
 #include <functional>
 #include <string>
@@ -39,6 +41,11 @@ class ModalSteps {
       ASSERT_NE(files, nullptr);
       auto* const name = files->findChild<QLineEdit*>("fileNameEdit");
       ASSERT_NE(name, nullptr);
+      // A folder is listed on another thread, and then the name proposed is selected in it.
+      auto* const list = files->findChild<QAbstractItemView*>("listView");
+      ASSERT_NE(list, nullptr);
+      QTest::qWait(100);
+      list->clearSelection();
       name->setText(path);
       QMetaObject::invokeMethod(files, "accept");
     });
@@ -61,7 +68,7 @@ class ModalSteps {
  private:
   void look() {
     auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (dialog == nullptr || !dialog->isVisible()) return;
+    if (at_work_ || dialog == nullptr || !dialog->isVisible()) return;
     if (auto* const box = qobject_cast<QMessageBox*>(dialog)) {
       boxes_.push_back((box->windowTitle() + " | " + box->text()).toStdString());
     }
@@ -72,10 +79,13 @@ class ModalSteps {
     }
     const Step step = std::move(steps_.front());
     steps_.pop_front();
+    at_work_ = true;
     step(*dialog);
+    at_work_ = false;
   }
 
   QTimer timer_;
+  bool at_work_ = false;
   std::deque<Step> steps_;
   std::vector<std::string> boxes_;
 };
