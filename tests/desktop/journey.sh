@@ -98,12 +98,13 @@ keys alt+n
 fields OLD-001 Old '' '' 1/20/2024 '' 3 +0 100 0 ''
 keys alt+s                            # no method: saved without comparing
 
-# Edit the second asset, delete the fourth, print the rest into a file.
-keys Tab Right Right alt+e
+# Edit the second asset, delete the fourth, print the rest into a file. The asset just saved is the
+# one selected.
+keys Left Left alt+e
 keys ctrl+a
 types LAT-003
 keys alt+s
-keys Tab Right Right Right Right alt+d
+keys Right Right alt+d
 await '^Delete an Asset'
 keys alt+y
 await_end '^Delete an Asset'
