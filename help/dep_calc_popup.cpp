@@ -14,7 +14,7 @@ namespace {
 constexpr int margin = 120;
 constexpr int title_top = 75;
 constexpr int body_top = 525;
-constexpr int widest_body = 5000;
+constexpr int widest_body = DepCalcPopup::greatest_width - 2 * margin;
 constexpr int close_size = 195;
 constexpr double title_points = 9;
 constexpr double body_points = 9;

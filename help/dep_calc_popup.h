@@ -20,6 +20,8 @@ namespace depcalc {
 class DepCalcPopup : public UserControl {
  public:
   static constexpr std::size_t link_count = 6;
+  /// In twips; the catalogue has no title and no link so long that it would need more.
+  static constexpr int greatest_width = 5240;
 
   DepCalcPopup(UserControl& parent, std::string name, DepCalcPopupEvents& events);
 

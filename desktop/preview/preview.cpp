@@ -14,6 +14,7 @@
 namespace depcalc::desktop {
 namespace {
 
+constexpr QSize picture_size(940, 640);  // whatever screen there is
 constexpr int page_dpi = 110;
 constexpr double margin_points = 36;
 
@@ -103,6 +104,7 @@ class Walk {
 }  // namespace
 
 QStringList renderPreview(MainWindow& window, const QString& directory) {
+  window.resize(picture_size);
   window.show();
   return Walk(window, directory).run();
 }

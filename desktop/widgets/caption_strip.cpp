@@ -64,4 +64,10 @@ void CaptionStrip::mousePressEvent(QMouseEvent* event) {
   emit clicked(view_.rowAt(at.y()), view_.columnAt(at.x()));
 }
 
+void CaptionStrip::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPoint at = inViewport(event->position().toPoint());
+  emit doubleClicked(view_.rowAt(at.y()), view_.columnAt(at.x()));
+}
+
 }  // namespace depcalc::desktop

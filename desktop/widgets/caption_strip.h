@@ -25,10 +25,12 @@ class CaptionStrip : public QWidget {
 
  signals:
   void clicked(int row, int column);
+  void doubleClicked(int row, int column);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
 
  private:
   /// The cell below a point of the strip, as if nothing had been scrolled.

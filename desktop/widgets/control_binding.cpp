@@ -124,6 +124,12 @@ void ControlBinding::pressed() {
   surface_.act([this](User& user) { user.mouseDown(control_); });
 }
 
+bool ControlBinding::pressedByKey(int key) {
+  if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+  surface_.act([this](User& user) { user.click(control_); });
+  return true;
+}
+
 void ControlBinding::released(const QPoint& at) {
   const bool inside = widget_.isVisible() && widget_.rect().contains(widget_.mapFromGlobal(at));
   surface_.act([this, inside](User& user) { user.mouseUp(inside ? &control_ : nullptr); });
@@ -164,6 +170,10 @@ void InputBinding::followModel() {
   } else if (surface().stage().focused() == nullptr && resting != nullptr) {
     resting->setFocus();
   }
+}
+
+void InputBinding::takeFocusBack() {
+  if (control_.hasFocus() && !widget().hasFocus()) widget().setFocus(Qt::MouseFocusReason);
 }
 
 /// Something other than the model gave the widget the focus, an assistive tool for instance.

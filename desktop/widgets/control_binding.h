@@ -29,6 +29,9 @@ class ControlBinding : public QObject {
   void pressed();
   void released(const QPoint& at);
 
+  /// Space and Enter click the control; returns whether `key` was one of them.
+  bool pressedByKey(int key);
+
   /// Puts the widget where the control is. Where the outermost one stands is left to who shows it;
   /// its widget has room for what reaches beyond its edges.
   void place();
@@ -54,6 +57,13 @@ class InputBinding : public ControlBinding {
   InputBinding(QWidget& widget, InputControl& control, Surface& surface, Apply apply);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+  void pressed() {
+    ControlBinding::pressed();
+    takeFocusBack();
+  }
+  /// The control may have the model's focus while the keys go to a button of the page.
+  void takeFocusBack();
 
  protected:
   void changed(Aspect aspect) override;

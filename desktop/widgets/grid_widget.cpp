@@ -72,6 +72,7 @@ GridWidget::GridWidget(Grid& grid, Surface& surface, QWidget* parent)
        {CaptionStrip::Part::column, CaptionStrip::Part::row, CaptionStrip::Part::corner}) {
     captions_ << new CaptionStrip(part, *this);
     connect(captions_.back(), &CaptionStrip::clicked, this, &GridWidget::clickCell);
+    connect(captions_.back(), &CaptionStrip::doubleClicked, this, &GridWidget::openCell);
   }
   connect(&surface, &Surface::scrolled, this, &GridWidget::keepCaptionsInSight);
   apply(Aspect::colours);
@@ -172,6 +173,12 @@ void GridWidget::clickCell(int row, int column) {
   binding_.surface().act([&](User& user) { user.clickCell(grid_, row, column); });
 }
 
+void GridWidget::openCell(int row, int column) {
+  clickCell(row, column);
+  const bool current = row == grid_.row() && column == grid_.column();
+  if (current && grid_.hasFocus()) emit binding_.surface().opened(grid_);
+}
+
 void GridWidget::keyPressEvent(QKeyEvent* event) {
   const std::optional<Direction> direction = directionOf(event->key());
   if (direction.has_value()) {
@@ -181,6 +188,8 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+      openCell(grid_.row(), grid_.column());
+      break;
     case Qt::Key_Space:
       clickCell(grid_.row(), grid_.column());
       break;
@@ -203,6 +212,12 @@ void GridWidget::mousePressEvent(QMouseEvent* event) {
   } else {
     binding_.surface().act([this](User& user) { user.moveFocus(grid_); });
   }
+  binding_.takeFocusBack();
+}
+
+void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex at = indexAt(event->position().toPoint());
+  if (event->button() == Qt::LeftButton && at.isValid()) openCell(at.row(), at.column());
 }
 
 void GridWidget::focusInEvent(QFocusEvent* event) {

@@ -25,7 +25,7 @@ class GridWidget : public QTableView {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent*) override {}
   void mouseMoveEvent(QMouseEvent*) override {}
-  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -36,6 +36,7 @@ class GridWidget : public QTableView {
   void showCurrent();
   void showScrollBars();
   void clickCell(int row, int column);
+  void openCell(int row, int column);
   void repaintColumn(int column);
   void keepCaptionsInSight();
 

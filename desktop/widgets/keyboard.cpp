@@ -40,6 +40,30 @@ Control* firstShown(const Stage& stage, Wanted wanted) {
   return found == shown.end() ? nullptr : *found;
 }
 
+/// The user controls shown that have no other inside, screens before popups.
+void collectScreens(const UserControl& at, std::vector<const UserControl*>& found) {
+  for (const Control* child : at.children()) {
+    if (child->kind() != ControlKind::userControl || !child->visible()) continue;
+    const auto& inner = static_cast<const UserControl&>(*child);
+    found.push_back(&inner);
+    collectScreens(inner, found);
+  }
+}
+
+std::vector<const UserControl*> shownScreens(const Stage& stage) {
+  std::vector<const UserControl*> found;
+  for (const UserControl* root : stage.roots()) {
+    if (root->visible()) collectScreens(*root, found);
+  }
+  return found;
+}
+
+bool isLink(const Control& control) {
+  if (control.kind() != ControlKind::label) return false;
+  const auto& label = static_cast<const Label&>(control);
+  return label.clickable() && label.target() == nullptr && !label.text().empty();
+}
+
 bool isPressedTwin(const Control& control) {
   return control.kind() == ControlKind::pictureButton &&
          static_cast<const PictureButton&>(control).under() != nullptr;
@@ -67,6 +91,33 @@ Control* helpTarget(const Stage& stage) {
     return control->name() == "HelpLabel" && control->kind() == ControlKind::label &&
            static_cast<const Label*>(control)->clickable();
   });
+}
+
+std::vector<InputControl*> tabFields(const Stage& stage) {
+  std::vector<InputControl*> found;
+  for (const UserControl* screen : shownScreens(stage)) {
+    for (Control* child : screen->children()) {
+      auto* const field = dynamic_cast<InputControl*>(child);
+      if (field != nullptr && field->visible()) found.push_back(field);
+    }
+  }
+  return found;
+}
+
+std::vector<Control*> tabStops(const Stage& stage) {
+  std::vector<Control*> found;
+  for (const UserControl* screen : shownScreens(stage)) {
+    const auto add = [&](auto wanted) {
+      for (Control* child : screen->children()) {
+        if (child->visible() && wanted(*child)) found.push_back(child);
+      }
+    };
+    add([](const Control& control) {
+      return control.kind() == ControlKind::pictureButton && !isPressedTwin(control);
+    });
+    add(isLink);
+  }
+  return found;
 }
 
 Control* closeTarget(const Stage& stage) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "desktop/widgets/arrow_keys.h"
+#include "desktop/widgets/overhang.h"
 #include "desktop/widgets/user_control_widget.h"
 
 namespace depcalc::desktop {
@@ -70,6 +71,12 @@ bool Page::eventFilter(QObject* watched, QEvent* event) {
     emit reshaped();
   }
   return QScrollArea::eventFilter(watched, event);
+}
+
+Place Page::shownPlace() const { return root_ == nullptr ? Place{} : root_->place(); }
+
+Place Page::shownPlaceWithHelp() const {
+  return root_ == nullptr ? Place{} : placeWithOverhang(*root_);
 }
 
 /// In the middle as long as all of it is to be seen.

@@ -23,6 +23,13 @@ class Page : public QScrollArea {
   void showPlaceholder(QWidget* placeholder);
   void clear();
 
+  /// The surface that is shown; null while a placeholder is.
+  [[nodiscard]] Surface* surface() const { return surface_; }
+  /// The place of the outermost control, alone and with what reaches beyond it, in twips; of
+  /// nothing where no control is shown.
+  [[nodiscard]] Place shownPlace() const;
+  [[nodiscard]] Place shownPlaceWithHelp() const;
+
  signals:
   /// The page or what it shows has another size now.
   void reshaped();

@@ -24,7 +24,10 @@ PictureButtonWidget::PictureButtonWidget(PictureButton& button, Surface& surface
     : QAbstractButton(parent),
       button_(button),
       primary_(isPrimary(button)),
-      binding_(*this, button, surface, [this](Aspect) { update(); }) {
+      binding_(*this, button, surface, [this](Aspect) {
+        if (ring_ != nullptr) showRing();
+        update();
+      }) {
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_Hover);
   setCursor(Qt::PointingHandCursor);
@@ -32,6 +35,8 @@ PictureButtonWidget::PictureButtonWidget(PictureButton& button, Surface& surface
   connect(this, &QAbstractButton::clicked, this,
           [this] { binding_.surface().act([this](User& user) { user.click(button_); }); });
 }
+
+PictureButtonWidget::~PictureButtonWidget() { delete ring_; }
 
 void PictureButtonWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -41,6 +46,21 @@ void PictureButtonWidget::paintEvent(QPaintEvent*) {
              {qtText(button_.picture()), caption, mnemonicPosition(caption, named.mnemonic()),
               primary_, underMouse()},
              binding_.colours(), binding_.scale());
+}
+
+void PictureButtonWidget::focusInEvent(QFocusEvent* event) {
+  QAbstractButton::focusInEvent(event);
+  showRing();
+}
+
+void PictureButtonWidget::focusOutEvent(QFocusEvent* event) {
+  QAbstractButton::focusOutEvent(event);
+  showRing();
+}
+
+void PictureButtonWidget::showRing() {
+  delete ring_;
+  if (hasFocus()) ring_ = new FocusRing(*this, rect(), binding_.surface());
 }
 
 void PictureButtonWidget::mousePressEvent(QMouseEvent* event) {

@@ -3,9 +3,11 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QPointer>
 
 #include "controls/picture_button.h"
 #include "desktop/widgets/control_binding.h"
+#include "desktop/widgets/focus_ring.h"
 
 namespace depcalc::desktop {
 
@@ -16,6 +18,7 @@ class PictureButtonWidget : public QAbstractButton {
 
  public:
   PictureButtonWidget(PictureButton& button, Surface& surface, QWidget* parent);
+  ~PictureButtonWidget() override;
 
   [[nodiscard]] QSize sizeHint() const override { return size(); }
 
@@ -24,11 +27,18 @@ class PictureButtonWidget : public QAbstractButton {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+  void keyPressEvent(QKeyEvent* event) override {
+    event->setAccepted(binding_.pressedByKey(event->key()));
+  }
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override { event->ignore(); }
 
  private:
+  void showRing();
+
   PictureButton& button_;
+  QPointer<FocusRing> ring_;
   bool primary_;
   ControlBinding binding_;
 };

@@ -1,9 +1,11 @@
 #include "desktop/widgets/simple_widgets.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 #include "desktop/widgets/text_block.h"
 
@@ -49,10 +51,13 @@ QPainterPath tabOutline(const QRectF& area, double corner) {
 LabelWidget::LabelWidget(Label& label, Surface& surface, QWidget* parent)
     : QWidget(parent), label_(label), binding_(*this, label, surface, [this](Aspect) {
         setCursor(label_.clickable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
+        if (ring_ != nullptr) showRing();
         update();
       }) {
   setCursor(label_.clickable() ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
+
+LabelWidget::~LabelWidget() { delete ring_; }
 
 void LabelWidget::click() {
   binding_.surface().act([this](User& user) { user.click(label_); });
@@ -75,6 +80,35 @@ void LabelWidget::paintEvent(QPaintEvent*) {
     area.setTop(std::round((area.height() - block.height()) / 2));
   }
   block.draw(painter, area, label_.alignment(), mnemonicPosition(text, label_.mnemonic()));
+}
+
+void LabelWidget::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  showRing();
+}
+
+void LabelWidget::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  showRing();
+}
+
+/// Around the text: a label may be wider.
+void LabelWidget::showRing() {
+  delete ring_;
+  if (!hasFocus()) return;
+  QRect part = rect();
+  const TextBlock block(shownText(label_), label_.font(), binding_.scale(),
+                        label_.wordWrap() ? label_.width() : 0);
+  const int spare = std::max(0, part.width() - static_cast<int>(std::ceil(block.width())));
+  if (!isTab(label_)) {
+    if (label_.alignment() == TextAlignment::left) part.setRight(part.right() - spare);
+    if (label_.alignment() == TextAlignment::right) part.setLeft(part.left() + spare);
+  }
+  ring_ = new FocusRing(*this, part, binding_.surface());
+}
+
+void LabelWidget::keyPressEvent(QKeyEvent* event) {
+  event->setAccepted(label_.clickable() && binding_.pressedByKey(event->key()));
 }
 
 void LabelWidget::mousePressEvent(QMouseEvent* event) {

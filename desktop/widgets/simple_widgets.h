@@ -1,12 +1,14 @@
 // Widgets of the controls that are only drawn.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 #include "controls/label.h"
 #include "controls/picture_box.h"
 #include "controls/shape.h"
 #include "desktop/widgets/control_binding.h"
+#include "desktop/widgets/focus_ring.h"
 
 namespace depcalc::desktop {
 
@@ -16,6 +18,7 @@ class LabelWidget : public QWidget {
 
  public:
   LabelWidget(Label& label, Surface& surface, QWidget* parent);
+  ~LabelWidget() override;
 
   [[nodiscard]] Label& control() const { return label_; }
   /// As a click of the mouse.
@@ -25,9 +28,15 @@ class LabelWidget : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  void showRing();
+
   Label& label_;
+  QPointer<FocusRing> ring_;
   ControlBinding binding_;
 };
 

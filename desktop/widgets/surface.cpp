@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 
 #include "common/trapped.h"
 #include "desktop/widgets/keyboard.h"
@@ -23,6 +24,7 @@ void Surface::setColours(const Colours& colours) {
 
 void Surface::act(const std::function<void(User&)>& action) {
   trapped("DepCalcDesktop::act", [&] { action(user_); });
+  restoreKeys();
   paintAtIdle();
   emit acted();
 }
@@ -38,9 +40,56 @@ void Surface::paintAtIdle() {
 }
 
 void Surface::tab(bool backwards) {
-  focus_reason_ = backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason;
-  act([backwards](User& user) { user.tab(backwards); });
-  focus_reason_ = Qt::OtherFocusReason;
+  const std::vector<Control*> stops = tabStops(stage_);
+  const auto at = std::find_if(stops.begin(), stops.end(), [this](const Control* stop) {
+    const QWidget* const its = widget(*stop);
+    return its != nullptr && its->hasFocus();
+  });
+  if (at != stops.end()) {
+    const bool last = at == (backwards ? stops.begin() : stops.end() - 1);
+    last ? tabIntoFields(backwards) : giveKeysTo(backwards ? **(at - 1) : **(at + 1), backwards);
+    return;
+  }
+  const std::vector<InputControl*> fields = tabFields(stage_);
+  const bool leaves =
+      fields.empty() || stage_.focused() == (backwards ? fields.front() : fields.back());
+  if (leaves && !stops.empty()) {
+    giveKeysTo(backwards ? *stops.back() : *stops.front(), backwards);
+  } else {
+    focus_reason_ = backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason;
+    act([backwards](User& user) { user.tab(backwards); });
+    focus_reason_ = Qt::OtherFocusReason;
+  }
+}
+
+/// From the buttons on to the first field, or back to the last. The field that has the model's
+/// focus may keep it, and then gets the keys, too.
+void Surface::tabIntoFields(bool backwards) {
+  const std::vector<InputControl*> fields = tabFields(stage_);
+  if (fields.empty()) {
+    const std::vector<Control*> stops = tabStops(stage_);
+    giveKeysTo(backwards ? *stops.back() : *stops.front(), backwards);
+    return;
+  }
+  InputControl& target = backwards ? *fields.back() : *fields.front();
+  act([&target](User& user) { user.moveFocus(target); });
+  if (stage_.focused() != nullptr) giveKeysTo(*stage_.focused(), backwards);
+}
+
+/// Only so do buttons and links get them: none has a focus policy, or Qt would choose one by itself
+/// where a window has lost its focus.
+void Surface::giveKeysTo(const Control& control, bool backwards) {
+  QWidget* const its = widget(control);
+  if (its == nullptr) return;
+  its->setFocus(backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+  if (control.kind() != ControlKind::grid) emit attention(its, its->rect());
+}
+
+/// What had the keys is gone, a link of help for instance, and the model's focus stayed.
+void Surface::restoreKeys() {
+  const InputControl* const focused = stage_.focused();
+  if (resting_ == nullptr || focused == nullptr || !resting_->hasFocus()) return;
+  if (QWidget* const its = widget(*focused)) its->setFocus();
 }
 
 bool Surface::handleKey(int key, Qt::KeyboardModifiers modifiers) {

@@ -31,7 +31,9 @@ class Surface : public QObject {
   void act(const std::function<void(User&)>& action);
   void paintAtIdle();
 
-  /// Moves the focus along the controls; the widget that gets it is told that it was by Tab.
+  /// Moves the focus along the controls; the widget that gets it is told that it was by Tab. Beyond
+  /// the last field come the buttons and links of the page. Their widgets take the keys; the
+  /// model's focus stays in its field, as it does when the mouse presses them.
   void tab(bool backwards);
   [[nodiscard]] Qt::FocusReason focusReason() const { return focus_reason_; }
 
@@ -51,6 +53,9 @@ class Surface : public QObject {
   void restyled();
   /// The user did something, and what followed is over.
   void acted();
+  /// The user asks for more of the current cell of a grid, which was clicked before: by Enter or a
+  /// double click.
+  void opened(const Grid& grid);
   /// The paints that were due are delivered.
   void painted();
   /// Something that floats over a screen, or beside it, is shown there now.
@@ -64,6 +69,9 @@ class Surface : public QObject {
 
  private:
   bool press(Control* control);
+  void giveKeysTo(const Control& control, bool backwards);
+  void tabIntoFields(bool backwards);
+  void restoreKeys();
 
   Stage& stage_;
   User user_;

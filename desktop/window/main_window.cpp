@@ -1,9 +1,9 @@
 #include "desktop/window/main_window.h"
 
-#include <QActionGroup>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStatusBar>
 #include <filesystem>
 #include <system_error>
@@ -17,7 +17,14 @@
 namespace depcalc::desktop {
 namespace {
 
-constexpr QSize first_size(940, 640);
+constexpr QSize least_first_size(1280, 800);
+
+constexpr QSize window_frame(16, 48);
+
+/// Two thirds of the screen, where that is more.
+QSize firstSize(const QSize& screen) {
+  return least_first_size.expandedTo(screen * 2 / 3).boundedTo(screen - window_frame);
+}
 
 /// The number in "DepCalc::WriteData Error#75: …"; 0 where there is none.
 int errorNumber(std::string_view report) {
@@ -62,14 +69,12 @@ MainWindow::MainWindow(Surroundings surroundings)
   statusBar()->addPermanentWidget(note_label_);
   statusBar()->addPermanentWidget(figures_label_);
   makeMenus();
-  resize(first_size);
+  resize(firstSize(screen()->availableSize()));
   restoreGeometry(around_.settings.geometry());
   showStatus();
 }
 
 MainWindow::~MainWindow() { endCalculator(); }
-
-Scale MainWindow::scale() const { return Scale(logicalDpiX(), around_.settings.zoom()); }
 
 QString MainWindow::companyPath() const {
   return company() == nullptr ? QString() : qtText(company()->path());
@@ -159,12 +164,14 @@ void MainWindow::endCalculator() {
 void MainWindow::startCalculator() {
   if (!mayLeave()) return;
   endCalculator();
-  calculator_ = std::make_unique<Calculator>(site_, application_, scale(), Colours(palette()));
+  calculator_ =
+      std::make_unique<Calculator>(site_, application_, view_menu_->scale(), Colours(palette()));
   print_help_ = std::make_unique<PrintHelp>(*calculator_, site_, *this);
   calculator_->showOn(*page_);
   calculator_->start();
   // What start-up refreshes is no change of the user's.
   if (!backup_kept_) kept_revision_ = revision().value_or(0);
+  connect(&calculator_->surface(), &Surface::opened, asset_menu_, &AssetMenu::cellOpened);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
     may_leave_ = false;
     noteChanges();
@@ -204,14 +211,6 @@ bool MainWindow::restoreBackup(const Backup& backup) {
   const QString problem = around_.backups.restore(backup, path, QDateTime::currentDateTime());
   if (!problem.isEmpty()) tell(tr("The backup could not be restored: %1").arg(problem));
   return openCompany(path) && problem.isEmpty();
-}
-
-void MainWindow::setZoom(int percent) {
-  around_.settings.setZoom(std::clamp(percent, minimum_zoom, maximum_zoom));
-  if (calculator_ != nullptr) calculator_->surface().setScale(scale());
-  for (QAction* action : zoom_actions_->actions()) {
-    action->setChecked(action->data().toInt() == around_.settings.zoom());
-  }
 }
 
 std::optional<std::uint64_t> MainWindow::revision() const {

@@ -7,12 +7,13 @@
 #include "common/report_error.h"
 #include "desktop/host/backups.h"
 #include "desktop/host/desktop_application.h"
+#include "desktop/window/asset_menu.h"
 #include "desktop/window/calculator.h"
 #include "desktop/window/print_help.h"
 #include "desktop/window/settings.h"
+#include "desktop/window/view_menu.h"
 
 class QAction;
-class QActionGroup;
 class QLabel;
 class QMenu;
 
@@ -73,7 +74,7 @@ class MainWindow : public QMainWindow {
   bool restoreBackup(const Backup& backup);
   /// A calculator of its own, anew.
   void startCalculator();
-  void setZoom(int percent);
+  void setZoom(int percent) { view_menu_->setZoom(percent); }
 
   [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
   [[nodiscard]] Company* company() const { return application_->company(); }
@@ -89,7 +90,6 @@ class MainWindow : public QMainWindow {
   void makeMenus();
   void makeFileMenu();
   void makeCompanyMenu();
-  void makeViewMenu();
   void makeHelpMenu();
   QAction* addAction(QMenu& menu, const QString& text, const QKeySequence& key,
                      void (MainWindow::*act)());
@@ -128,7 +128,6 @@ class MainWindow : public QMainWindow {
   void noteFailure(std::string_view report);
   void noteChanges();
   void showStatus();
-  [[nodiscard]] Scale scale() const;
   [[nodiscard]] QString companyPath() const;
   [[nodiscard]] QString companyFolder() const;
   [[nodiscard]] QString companyTitle() const;
@@ -153,7 +152,8 @@ class MainWindow : public QMainWindow {
   QLabel* note_label_;
   QLabel* figures_label_;
   QMenu* recent_menu_ = nullptr;
-  QActionGroup* zoom_actions_ = nullptr;
+  AssetMenu* asset_menu_ = nullptr;
+  ViewMenu* view_menu_ = nullptr;
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
   QAction* recalculate_ = nullptr;

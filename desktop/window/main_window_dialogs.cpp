@@ -92,14 +92,14 @@ std::unique_ptr<Printer> MainWindow::systemPrinter() {
 
 void MainWindow::print() {
   // The register as it is in the file, whatever screen shows.
-  Calculator printed(site_, application_, scale(), Colours(palette()));
+  Calculator printed(site_, application_, view_menu_->scale(), Colours(palette()));
   printed.start();
   const QString chosen = printThroughDialog(around_.settings.printer(), jobOf(printed), this);
   if (!chosen.isEmpty()) around_.settings.setPrinter(chosen);
 }
 
 void MainWindow::previewPrint() {
-  Calculator printed(site_, application_, scale(), Colours(palette()));
+  Calculator printed(site_, application_, view_menu_->scale(), Colours(palette()));
   printed.start();
   showPrintPreview(jobOf(printed), this);
 }

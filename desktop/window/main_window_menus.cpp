@@ -1,4 +1,3 @@
-#include <QActionGroup>
 #include <QApplication>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -8,26 +7,13 @@
 #include "help/help_topics.h"
 
 namespace depcalc::desktop {
-namespace {
-
-constexpr int zoom_steps[] = {75, 100, 125, 150, 175, 200, 250, 300};
-
-int nextZoom(int zoom, bool larger) {
-  int found = larger ? maximum_zoom : minimum_zoom;
-  for (const int step : zoom_steps) {
-    if (larger && step > zoom) return step;
-    if (!larger && step < zoom) found = step;
-  }
-  return found;
-}
-
-}  // namespace
 
 // The letters of the menus are none that the calculator's own buttons and tabs use.
 void MainWindow::makeMenus() {
   makeFileMenu();
   makeCompanyMenu();
-  makeViewMenu();
+  asset_menu_ = new AssetMenu(*menuBar()->addMenu(tr("&Asset")), [this] { return calculator(); });
+  view_menu_ = new ViewMenu(*menuBar()->addMenu(tr("Vie&w")), around_.settings, *page_);
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));
 }
@@ -73,30 +59,6 @@ void MainWindow::makeCompanyMenu() {
   addAction(menu, tr("&Depreciation Calculator"), {}, &MainWindow::startCalculator);
 }
 
-void MainWindow::makeViewMenu() {
-  QMenu& menu = *menuBar()->addMenu(tr("Vie&w"));
-  QMenu& zoom = *menu.addMenu(tr("&Zoom"));
-  zoom_actions_ = new QActionGroup(this);
-  for (const int percent : zoom_steps) {
-    QAction* const action = zoom.addAction(tr("%1 %").arg(percent));
-    action->setCheckable(true);
-    action->setChecked(percent == around_.settings.zoom());
-    action->setData(percent);
-    zoom_actions_->addAction(action);
-    connect(action, &QAction::triggered, this, [this, percent] { setZoom(percent); });
-  }
-  const auto add = [this, &menu](const QString& text, const QKeySequence& key, auto percent) {
-    QAction* const action = menu.addAction(text);
-    action->setShortcut(key);
-    connect(action, &QAction::triggered, this, [this, percent] { setZoom(percent()); });
-  };
-  add(tr("Zoom &In"), QKeySequence::ZoomIn,
-      [this] { return nextZoom(around_.settings.zoom(), true); });
-  add(tr("Zoom &Out"), QKeySequence::ZoomOut,
-      [this] { return nextZoom(around_.settings.zoom(), false); });
-  add(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), [] { return 100; });
-}
-
 void MainWindow::makeHelpMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("&Help"));
   const auto add = [this, &menu](const QString& text, int link) {
@@ -123,6 +85,7 @@ void MainWindow::fillRecentMenu() {
 }
 
 void MainWindow::enableActions() {
+  asset_menu_->enable();
   const bool open = company() != nullptr;
   const bool multi = open && application_->CompanyFile()->IsMultiUser();
   for (QAction* action : company_actions_) action->setEnabled(open);

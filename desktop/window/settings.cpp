@@ -11,6 +11,7 @@ namespace {
 const QString recent_key = QStringLiteral("companies/recent");
 const QString last_key = QStringLiteral("companies/last");
 const QString zoom_key = QStringLiteral("view/zoom");
+const QString fit_width_key = QStringLiteral("view/fit_width");
 const QString geometry_key = QStringLiteral("window/geometry");
 const QString printer_key = QStringLiteral("print/printer");
 
@@ -36,6 +37,11 @@ int Settings::zoom() const {
   return std::clamp(store_.value(zoom_key, 100).toInt(), minimum_zoom, maximum_zoom);
 }
 void Settings::setZoom(int percent) { store_.setValue(zoom_key, percent); }
+
+bool Settings::fitWidth() const {
+  return store_.value(fit_width_key, !store_.contains(zoom_key)).toBool();
+}
+void Settings::setFitWidth(bool on) { store_.setValue(fit_width_key, on); }
 
 QByteArray Settings::geometry() const { return store_.value(geometry_key).toByteArray(); }
 void Settings::setGeometry(const QByteArray& geometry) { store_.setValue(geometry_key, geometry); }

@@ -24,6 +24,9 @@ class Settings {
 
   [[nodiscard]] int zoom() const;
   void setZoom(int percent);
+  /// Whether the zoom follows the window's width, as it does for who has never chosen one.
+  [[nodiscard]] bool fitWidth() const;
+  void setFitWidth(bool on);
 
   [[nodiscard]] QByteArray geometry() const;
   void setGeometry(const QByteArray& geometry);

@@ -15,13 +15,13 @@ using Keyboard = PageTest;
 TEST_F(Keyboard, TabWalksTheFieldsInTheirOrderAndBack) {
   page.setFocus();
   std::vector<std::string> visited;
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < 9; ++i) {
     key(Qt::Key_Tab);
-    visited.push_back(stage.focused()->name());
+    visited.push_back(QApplication::focusWidget()->objectName().toStdString());
   }
   EXPECT_THAT(visited, ElementsAre("NameText", "AmountText", "KindList", "FirstOption",
-                                   "SecondOption", "Table", "NameText"));
-  key(Qt::Key_Backtab, Qt::ShiftModifier);
+                                   "SecondOption", "Table", "GoButton", "HelpLabel", "NameText"));
+  for (int i = 0; i < 3; ++i) key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_EQ(stage.focused()->name(), "Table");
 }
 

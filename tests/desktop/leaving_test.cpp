@@ -105,6 +105,7 @@ TEST_P(WaysOut, SaveOnYes) {
 
 TEST_P(WaysOut, AreClosedByCancelEscapeAndTheCross) {
   enterTruck();
+  goTo("NameText");
   const InputControl* const field = calculator().stage().focused();
   boxes.answers = {QMessageBox::Cancel};
   leave(GetParam());

@@ -84,7 +84,7 @@ TEST_F(Promises, PastedAmountsAreCheckedToo) {
     QApplication::clipboard()->setText(QStringLiteral("-5"));
     key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_THAT(boxes.take(), IsEmpty());
-    key(Qt::Key_Tab);
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_THAT(boxes.take(), ElementsAre(says));
     EXPECT_EQ(focused(), field);
   }
@@ -99,6 +99,7 @@ TEST_F(Promises, WhatFieldsAcceptIsShownAsTheyShowIt) {
   for (const auto& [field, typed, shows] : cases) {
     goTo(field);
     fill(typed);
+    goTo("IDText");
     EXPECT_THAT(boxes.take(), IsEmpty()) << field;
     EXPECT_EQ(dynamic_cast<TextBox&>(*form().child(field)).text(), shows);
   }
@@ -184,14 +185,15 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
         "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…", "Print Preview…",
         "Quit"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
-      {"View", {"Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
+      {"Asset", {"New", "Edit", "Delete", "Calculate", "Save"}},
+      {"View", {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
       {"Help",
        {"Using This Calculator", "Comparing depreciation methods",
         "Entering assets without comparing methods", "Recalculating depreciation expense",
         "Printing the asset record", "Deleting a record", "About"}}};
   const QList<QAction*> found = window.menuBar()->actions();
-  ASSERT_EQ(found.size(), 4);
-  for (int i = 0; i < 4; ++i) {
+  ASSERT_EQ(found.size(), 5);
+  for (int i = 0; i < 5; ++i) {
     std::vector<std::string> texts;
     for (const QAction* item : found[i]->menu()->actions()) {
       if (!item->isSeparator()) texts.push_back(item->text().remove(u'&').toStdString());

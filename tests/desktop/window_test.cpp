@@ -149,6 +149,7 @@ TEST_F(Window, EachCompanyGetsACalculatorOfItsOwn) {
 
 TEST_F(Window, ZoomIsKeptWithinItsBoundsAndRemembered) {
   newCompany();
+  action("Actual Size").trigger();
   const QSize usual = widget(form().IDText).size();
   for (int i = 0; i < 12; ++i) action("Zoom In").trigger();
   EXPECT_EQ(settings.zoom(), 300);
