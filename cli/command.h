@@ -58,6 +58,8 @@ std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> registerCommand();
 std::unique_ptr<Command> printCommand();
 std::unique_ptr<Command> dumpCommand();
+std::unique_ptr<Command> helpCommand();
+std::unique_ptr<Command> completionCommand();
 
 /// Every subcommand, in the order of the help.
 std::vector<std::unique_ptr<Command>> allCommands();

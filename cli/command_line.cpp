@@ -1,8 +1,9 @@
 #include "cli/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
-#include "cli/printable_text.h"
+#include "cli/suggestion.h"
 #include "common/report_error.h"
 #include "common/trapped.h"
 
@@ -16,7 +17,7 @@ constexpr std::string_view overview =
   depcalc import workshop.company assets.csv  save the assets in it
   depcalc list workshop.company               what it holds
   depcalc register workshop.company           the amounts of all assets, year by year
-  depcalc schedule --help                     more of them, for each command
+  depcalc help schedule                       more of them, for each command
 )";
 
 /// Help that begins with what people look for.
@@ -45,6 +46,17 @@ void declareCommands(CLI::App& app, const std::vector<std::unique_ptr<Command>>&
   }
 }
 
+/// Behind the first line of `message`, what an option that there is not may have meant.
+std::string withSuggestion(const CLI::App& app, const CLI::ParseError& error, std::string message) {
+  const auto chosen = app.get_subcommands();
+  if (error.get_exit_code() != static_cast<int>(CLI::ExitCodes::ExtrasError) || chosen.empty())
+    return message;
+  const auto extra = app.remaining(true);
+  if (extra.empty()) return message;
+  return message.insert(std::min(message.find('\n'), message.size()),
+                        meantOption(*chosen.front(), extra.front()));
+}
+
 /// Help and version go to the output; a usage error to the errors.
 ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std::string_view word,
                           Surroundings& surroundings) {
@@ -56,9 +68,8 @@ ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std
   surroundings.errors.write("depcalc: ");
   const bool unknown =
       error.get_name() == "RequiredError" && !word.empty() && app.get_subcommands().empty();
-  surroundings.errors.write(unknown ? "There is no command " + quotedText(word) +
-                                          ".\nRun with --help for more information.\n"
-                                    : errors.str());
+  surroundings.errors.write(unknown ? unknownCommand(app, word)
+                                    : withSuggestion(app, error, errors.str()));
   return exit_usage;
 }
 
@@ -114,6 +125,8 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());
   commands.push_back(dumpCommand());
+  commands.push_back(helpCommand());
+  commands.push_back(completionCommand());
   return commands;
 }
 

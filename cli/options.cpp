@@ -56,12 +56,13 @@ void addSeparatorOption(CLI::App& app, char& separator) {
          [&separator](const std::string& text) { separator = *separatorNamed(text); },
          "What parts the columns: comma (the default), semicolon, tab or a character")
       ->option_text("SEPARATOR")
-      ->check([](const std::string& text) {
-        return separatorNamed(text) ? ""
-                                    : "\"" + text +
-                                          "\" is no separator; comma, semicolon and "
-                                          "tab are";
-      });
+      ->check(CLI::Validator(
+          [](const std::string& text) {
+            return separatorNamed(text)
+                       ? ""
+                       : "\"" + text + "\" is no separator; comma, semicolon and tab are";
+          },
+          "{comma,semicolon,tab}"));
 }
 
 void addTodayOption(CLI::App& app, std::optional<Date>& today) {

@@ -80,7 +80,8 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
       summary_(new QLabel(this)),
       changes_(new QTableView(this)),
       left_label_(new QLabel(tr("These assets cannot be calculated and stay as they are:"), this)),
-      left_(new QListWidget(this)) {
+      left_(new QListWidget(this)),
+      note_(new QLabel(this)) {
   setWindowTitle(tr("Recalculate All Assets"));
   auto* const explanation = new QLabel(this);
   explanation->setWordWrap(true);
@@ -101,14 +102,16 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   changes_->setSelectionBehavior(QAbstractItemView::SelectRows);
   changes_->setTabKeyNavigation(false);
   changes_->verticalHeader()->hide();
+  changes_->verticalHeader()->setDefaultSectionSize(changes_->fontMetrics().height() * 3 / 2);
+  changes_->horizontalHeader()->setMinimumSectionSize(changes_->fontMetrics().averageCharWidth() *
+                                                      9);
   changes_->horizontalHeader()->setHighlightSections(false);
-  changes_->setMinimumHeight(changes_->fontMetrics().height() * 2 * shown_rows);
+  changes_->setMinimumHeight(changes_->fontMetrics().height() * 3 / 2 * shown_rows);
   left_->setObjectName(QStringLiteral("LeftAssets"));
   left_->setAccessibleName(left_label_->text());
   left_->setWordWrap(true);
   left_->setMaximumHeight(left_->fontMetrics().height() * 6);
-  auto* const note =
-      new QLabel(tr("A backup is kept first. All of it is saved, or nothing."), this);
+  note_->setText(tr("A backup is kept first. All of it is saved, or nothing."));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   save_ = buttons->addButton(tr("&Save"), QDialogButtonBox::AcceptRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -117,7 +120,7 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   dropButtonIcons(*this);
   auto* const layout = new QVBoxLayout(this);
   for (QWidget* part : std::initializer_list<QWidget*>{explanation, company_year_, summary_,
-                                                       changes_, left_label_, left_, note}) {
+                                                       changes_, left_label_, left_, note_}) {
     layout->addWidget(part);
   }
   layout->addWidget(buttons);
@@ -149,7 +152,10 @@ void RecalculationDialog::calculate() {
   left_label_->setVisible(any_left);
   left_->setVisible(any_left);
   summary_->setText(summary());
-  save_->setEnabled(!recalculation_.to_save.empty());
+  const bool any_change = !recalculation_.to_save.empty();
+  changes_->setVisible(!recalculation_.changes.empty());
+  note_->setVisible(any_change);
+  save_->setEnabled(any_change);
   save_->setDefault(save_->isEnabled());
 }
 

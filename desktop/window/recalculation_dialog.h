@@ -46,6 +46,7 @@ class RecalculationDialog : public QDialog {
   QTableView* changes_;
   QLabel* left_label_;
   QListWidget* left_;
+  QLabel* note_;
   QPushButton* save_;
 };
 

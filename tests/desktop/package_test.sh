@@ -50,6 +50,12 @@ printf 'id,placed_in_service,life,basis,method\nPC-031,2024-01-20,3,2350,SL\n' |
   fail "the installed command does not print"
 XDG_RUNTIME_DIR="$place" "$root/usr/bin/depcalc-desktop" --preview "$place/preview" \
   "$place/joinery.company" 2>/dev/null | grep -q 'entry.png' || fail "no preview"
+for place_of in bash-completion/completions/depcalc zsh/vendor-completions/_depcalc \
+  fish/vendor_completions.d/depcalc.fish; do
+  [[ -s $root/usr/share/$place_of ]] || fail "no $place_of"
+done
+bash -c 'source "$1" && complete -p depcalc' bash \
+  "$root/usr/share/bash-completion/completions/depcalc" >/dev/null || fail "bash reads no completion"
 "${dpkg[@]}" --purge depcalc >"$place/dpkg.log" 2>&1 || fail "$(cat "$place/dpkg.log")"
 left=$(find "$root" -path "$root/var/lib/dpkg" -prune -o ! -type d -print)
 [[ -z $left ]] || fail "purging leaves $left"
