@@ -13,7 +13,7 @@ namespace {
 std::string modulePath() {
   std::error_code unknown;
   const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
-  return (program.parent_path() / "../lib/depcalc" / desktop::print_module_name).string();
+  return (program.parent_path() / "../lib/depcalc/modules" / desktop::print_module_name).string();
 }
 
 }  // namespace
