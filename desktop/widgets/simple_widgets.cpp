@@ -100,10 +100,8 @@ void LabelWidget::showRing() {
   const TextBlock block(shownText(label_), label_.font(), binding_.scale(),
                         label_.wordWrap() ? label_.width() : 0);
   const int spare = std::max(0, part.width() - static_cast<int>(std::ceil(block.width())));
-  if (!isTab(label_)) {
-    if (label_.alignment() == TextAlignment::left) part.setRight(part.right() - spare);
-    if (label_.alignment() == TextAlignment::right) part.setLeft(part.left() + spare);
-  }
+  if (label_.alignment() == TextAlignment::left) part.setRight(part.right() - spare);
+  if (label_.alignment() == TextAlignment::right) part.setLeft(part.left() + spare);
   ring_ = new FocusRing(*this, part, binding_.surface());
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/window/fit_width.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "controls/page_style.h"
 #include "desktop/widgets/scale.h"
@@ -10,6 +11,16 @@ namespace depcalc::desktop {
 namespace {
 
 constexpr int usual_height = 7650;  // twips: a form and a little more
+constexpr int twips_per_point = 20;
+
+/// The zoom that is no larger and gives the usual text a whole number of pixels: fonts have no
+/// others, and of a text that is larger than its label the last letter would be cut.
+int crisp(int zoom, double pixels_per_twip) {
+  const double text = style::body_points * twips_per_point * pixels_per_twip;
+  const double pixels = std::floor(text * zoom / 100 + 1e-9);
+  const int found = static_cast<int>(std::ceil(100 * pixels / text - 1e-9));
+  return found <= zoom ? found : crisp(zoom - 1, pixels_per_twip);
+}
 
 class Fit {
  public:
@@ -45,10 +56,12 @@ class Fit {
 }  // namespace
 
 int fittingZoom(const Fitting& fitting) {
-  const int zoom = Fit(fitting, fitting.room.width()).zoom();
+  int zoom = Fit(fitting, fitting.room.width()).zoom();
   const double height = fitting.with_help.height * fitting.pixels_per_twip * zoom / 100;
-  if (height <= fitting.room.height()) return zoom;
-  return Fit(fitting, fitting.room.width() - fitting.scroll_bar).zoom();
+  if (height > fitting.room.height()) {
+    zoom = Fit(fitting, fitting.room.width() - fitting.scroll_bar).zoom();
+  }
+  return std::max(minimum_zoom, crisp(zoom, fitting.pixels_per_twip));
 }
 
 }  // namespace depcalc::desktop

@@ -19,7 +19,8 @@ struct Fitting {
 /// The zoom, in percent and within its bounds, at which the width is filled. Every screen has the
 /// same: the one at which the entry form has room, with help beside it where the window is large
 /// enough for that, and none so large that the height would not do. Only what would not fit then
-/// is made smaller; a register that could not be read so is left to be scrolled.
+/// is made smaller; a register that could not be read so is left to be scrolled. At each the usual
+/// text is a whole number of pixels high.
 [[nodiscard]] int fittingZoom(const Fitting& fitting);
 
 }  // namespace depcalc::desktop

@@ -57,6 +57,7 @@ TEST_F(AssetMenu, DoesWhatTheButtonsDoAndNoMore) {
   EXPECT_EQ(boxes.take().size(), 1U) << "the calculator asks for what is missing";
   EXPECT_EQ(shown(), "DepCalcCtl1");
   saveTruck();
+  clickCell(0, 0);  // the captions: no asset
   trigger("Edit");
   EXPECT_THAT(boxes.take(),
               ElementsAre("Edit Assets | Please select an asset to edit by clicking any cell in "

@@ -2,6 +2,7 @@
 #include "desktop/window/fit_width.h"
 
 #include <QScrollBar>
+#include <cmath>
 
 #include "tests/desktop/window_fixture.h"
 
@@ -23,12 +24,12 @@ TEST(FittingZoom, FillsTheWidthAndLeavesRoomForHelp) {
   };
   for (const auto& [room, zoom, with_help] : {
            Case{{640, 500}, 75, 75},      // never below what can be read
-           Case{{800, 500}, 88, 75},      // the form alone
-           Case{{940, 600}, 100, 76},     // not larger for the help to make it smaller
-           Case{{1280, 760}, 102, 102},   // both
-           Case{{2560, 1400}, 204, 204},  //
+           Case{{800, 500}, 84, 75},      // the form alone
+           Case{{940, 600}, 100, 75},     // not larger for the help to make it smaller
+           Case{{1280, 760}, 100, 100},   // both
+           Case{{2560, 1400}, 200, 200},  //
            Case{{5120, 2800}, 300, 300},  // within the bounds
-           Case{{2560, 700}, 137, 137},   // no larger than the height allows
+           Case{{2560, 700}, 134, 134},   // no larger than the height allows
            Case{{2560, 400}, 100, 100},   // which makes nothing smaller
        }) {
     EXPECT_EQ(zoomFor(room, form_place, form_place), zoom) << room.width();
@@ -36,25 +37,31 @@ TEST(FittingZoom, FillsTheWidthAndLeavesRoomForHelp) {
   }
 }
 
-TEST(FittingZoom, IsTheSameAtTwiceTheResolution) {
-  for (const int width : {800, 1280, 2000}) {
-    EXPECT_EQ(zoomFor({width, 700}, form_place, form_place),
-              zoomFor({2 * width, 1400}, form_place, form_place, 192));
+TEST(FittingZoom, GivesTheUsualTextWholePixelsThatItsLabelsHaveRoomFor) {
+  for (const double dpi : {96.0, 120.0, 144.0, 192.0}) {
+    for (int width = 700; width < 4000; width += 7) {
+      const int zoom = zoomFor({width, 3000}, form_place, form_place, dpi);
+      if (zoom == desktop::minimum_zoom) continue;
+      const double text = 9 * dpi / 72 * zoom / 100;
+      EXPECT_LT(text - std::floor(text), text / zoom) << width << " at " << dpi;
+      const int wide = static_cast<int>(form_place.width * dpi / 1440 * zoom / 100);
+      EXPECT_LE(wide, width);
+    }
   }
 }
 
 TEST(FittingZoom, MakesARegisterSmallerOnlyAsLongAsItFits) {
   const auto registerOf = [](int assets) { return Place{0, 0, 2000 + 1200 * assets, 7050}; };
-  EXPECT_EQ(zoomFor({1280, 760}, registerOf(8), registerOf(8)), 102);
-  EXPECT_EQ(zoomFor({1280, 760}, registerOf(16), registerOf(16)), 90);
-  EXPECT_EQ(zoomFor({1280, 760}, registerOf(60), registerOf(60)), 102) << "to be scrolled";
+  EXPECT_EQ(zoomFor({1280, 760}, registerOf(8), registerOf(8)), 100);
+  EXPECT_EQ(zoomFor({1280, 760}, registerOf(16), registerOf(16)), 84);
+  EXPECT_EQ(zoomFor({1280, 760}, registerOf(60), registerOf(60)), 100) << "to be scrolled";
 }
 
 TEST(FittingZoom, KnowsThatAScrollBarTakesRoom) {
   const Place high{0, 0, 20000, 30000};
-  const int zoom = zoomFor({1280, 760}, high, high);
-  EXPECT_LE(20000 * zoom / 100 / 15, 1280 - 14);
-  EXPECT_GT(zoom, zoomFor({1280 - 40, 760}, high, high));
+  const Place low{0, 0, 20000, 7050};
+  EXPECT_EQ(zoomFor({1228, 760}, low, low), 92);
+  EXPECT_EQ(zoomFor({1228, 760}, high, high), 84);
 }
 
 struct FitWidth : WindowTest {
@@ -81,7 +88,7 @@ TEST_F(FitWidth, IsWhatANewUserHas) {
   for (const int width : {800, 1280, 2560}) {
     resize(width, 1200);
     EXPECT_EQ(window.page().horizontalScrollBar()->maximum(), 0) << width;
-    EXPECT_EQ(zoom(), width == 800 ? 88 : width == 1280 ? 102 : 204);
+    EXPECT_EQ(zoom(), width == 800 ? 84 : width == 1280 ? 100 : 200);
   }
 }
 
@@ -94,7 +101,7 @@ TEST_F(FitWidth, AndAStepOfTheZoomExcludeOneAnother) {
   resize(1280, 800);
   EXPECT_EQ(zoom(), 125) << "the window's width is nothing to it";
   action("Fit Width").trigger();
-  EXPECT_EQ(zoom(), 102);
+  EXPECT_EQ(zoom(), 100);
   EXPECT_TRUE(checkedSteps().empty());
   action("Zoom In").trigger();
   EXPECT_EQ(zoom(), 125) << "from what was seen";
