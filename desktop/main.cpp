@@ -106,6 +106,8 @@ bool asksForPreview(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   if (depcalc::desktop::asksForPreview(argc, argv)) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // A limit to the size of files is an error of the file, to be told; it ends nothing.
+  std::signal(SIGXFSZ, SIG_IGN);
   QApplication application(argc, argv);
   // Qt takes the number format from the environment; ours is the same everywhere.
   std::setlocale(LC_NUMERIC, "C");

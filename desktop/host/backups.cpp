@@ -1,11 +1,15 @@
 #include "desktop/host/backups.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QUuid>
+#include <functional>
 
 namespace depcalc::desktop {
 namespace {
@@ -14,8 +18,24 @@ const QString stamp = QStringLiteral("yyyy-MM-dd HH.mm.ss.zzz");
 const QString suffix = QStringLiteral(".company");
 const QString aside_prefix = QStringLiteral("opening-");
 
-/// Whole, or not at all: a copy that was cut off would look like a backup.
-QString copyFile(const QString& from, const QString& to) {
+/// A copy of the program's own is for its user alone.
+void makePrivate(QSaveFile& file) { ::fchmod(file.handle(), S_IRUSR | S_IWUSR); }
+
+/// What takes the place of a file is for those who had that one. A group that cannot be kept gets
+/// no more than anybody.
+void keepAccess(QSaveFile& file, const QString& replaced) {
+  struct stat before {};
+  if (::stat(QFile::encodeName(replaced).constData(), &before) != 0) return;
+  const bool kept = ::fchown(file.handle(), before.st_uid, before.st_gid) == 0 ||
+                    ::fchown(file.handle(), static_cast<uid_t>(-1), before.st_gid) == 0;
+  constexpr mode_t all = S_IRWXU | S_IRWXG | S_IRWXO;
+  ::fchmod(file.handle(), before.st_mode & (kept ? all : all & ~mode_t{S_IRWXG}));
+}
+
+/// Whole, or not at all: a copy that was cut off would look like a backup. `finish` comes last
+/// before the copy has its name.
+QString copyFile(const QString& from, const QString& to,
+                 const std::function<void(QSaveFile&)>& finish = makePrivate) {
   QFile source(from);
   if (!source.open(QIODevice::ReadOnly)) return source.errorString();
   QSaveFile target(to);
@@ -26,7 +46,7 @@ QString copyFile(const QString& from, const QString& to) {
     if (bytes.isEmpty()) return source.errorString();
     if (target.write(bytes) != bytes.size()) return target.errorString();
   }
-  target.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+  finish(target);
   return target.commit() ? QString() : target.errorString();
 }
 
@@ -122,7 +142,13 @@ QString Backups::restore(const Backup& backup, const QString& company_path, cons
       problem = QCoreApplication::translate("Backups", "The present file could not be copied.");
     }
   }
-  if (problem.isEmpty()) problem = copyFile(held, company_path);
+  if (problem.isEmpty()) {
+    problem = copyFile(held, company_path, [&company_path](QSaveFile& file) {
+      keepAccess(file, company_path);
+      // An unfinished change of what stood there would be taken back in the backup.
+      QFile::remove(company_path + QStringLiteral("-journal"));
+    });
+  }
   QFile::remove(held);
   return problem;
 }

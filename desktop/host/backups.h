@@ -43,7 +43,8 @@ class Backups {
   /// The newest first.
   [[nodiscard]] QVector<Backup> of(const QString& company_path) const;
   /// Puts `backup` in the place of the company file, which must not be open, all of it or
-  /// nothing; what stood there becomes a backup itself. Returns what went wrong, "" if nothing.
+  /// nothing, for those who may use that one; what stood there becomes a backup itself. Returns
+  /// what went wrong, "" if nothing.
   QString restore(const Backup& backup, const QString& company_path, const QDateTime& now);
 
  private:

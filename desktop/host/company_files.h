@@ -5,9 +5,11 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "host/host.h"
 #include "host/sqlite/company_info.h"
+#include "host/sqlite/failed_change.h"
 
 namespace depcalc::desktop {
 
@@ -15,7 +17,14 @@ namespace depcalc::desktop {
 /// file.
 class CompanyFileError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit CompanyFileError(const std::string& text, bool is_damage = false)
+      : std::runtime_error(text), is_damage_(is_damage) {}
+
+  /// Whether what is in the file is at fault.
+  [[nodiscard]] bool isDamage() const noexcept { return is_damage_; }
+
+ private:
+  bool is_damage_;
 };
 
 /// A company whose file is open. Its end closes the file.
@@ -34,11 +43,15 @@ class Company {
   /// Why the last write failed, for the user; told once.
   virtual std::optional<std::string> takeTrouble() = 0;
 
+  /// Makes a new company file of all that is in this one, which stays open; but where its file is
+  /// no longer in its place, the new one takes it. Fails with CompanyFileError.
+  virtual void saveCopy(const std::string& path) = 0;
+
   /// Tells the file's listeners that it closes, and closes it.
   virtual void close() = 0;
 };
 
-/// Makes and opens company files. Both fail with CompanyFileError.
+/// Makes and opens company files. Both fail with CompanyFileError, as holding one does.
 class CompanyFiles {
  public:
   virtual ~CompanyFiles() = default;
@@ -46,6 +59,22 @@ class CompanyFiles {
   /// A file that is there already is left alone.
   virtual std::unique_ptr<Company> create(const std::string& path, const CompanyInfo& info) = 0;
   virtual std::unique_ptr<Company> open(const std::string& path) = 0;
+  /// Keeps a company file that is not open from everybody else as long as the answer lives; a file
+  /// that is not there is nobody's.
+  virtual std::shared_ptr<void> hold(const std::string& path) = 0;
+  /// The assets in a company file that is not open; nothing where it cannot be opened.
+  virtual std::optional<int> assetsIn(const std::string& path) = 0;
+
+  /// Who is asked what becomes of a change of any company that cannot be written; none gives it up.
+  void whenChangeFails(FailedChangeHandler handler) { change_failed_ = std::move(handler); }
+
+ protected:
+  [[nodiscard]] FailedChangeAnswer settle(const FailedChange& change) const {
+    return change_failed_ ? change_failed_(change) : GiveUp();
+  }
+
+ private:
+  FailedChangeHandler change_failed_;
 };
 
 }  // namespace depcalc::desktop

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "desktop/host/company_files.h"
+#include "host/sqlite/company_file.h"
 
 namespace depcalc::desktop {
 
@@ -13,8 +14,12 @@ class SqliteCompanies final : public CompanyFiles {
 
   std::unique_ptr<Company> create(const std::string& path, const CompanyInfo& info) override;
   std::unique_ptr<Company> open(const std::string& path) override;
+  std::shared_ptr<void> hold(const std::string& path) override;
+  std::optional<int> assetsIn(const std::string& path) override;
 
  private:
+  [[nodiscard]] SqliteCompanyFile::Options options() const;
+
   std::function<Date()> today_;
 };
 

@@ -26,27 +26,6 @@ QSize firstSize(const QSize& screen) {
   return least_first_size.expandedTo(screen * 2 / 3).boundedTo(screen - window_frame);
 }
 
-/// The number in "DepCalc::WriteData Error#75: …"; 0 where there is none.
-int errorNumber(std::string_view report) {
-  const std::size_t at = report.find("Error#");
-  if (at == std::string_view::npos) return 0;
-  return qtText(report.substr(at + 6)).section(u':', 0, 0).toInt();
-}
-
-/// Whether an asset may now lack what its record has: the calculator shows it, and saves it, as far
-/// as there was memory for it.
-bool leavesAnAssetInPart(std::string_view report) {
-  const bool of_an_asset = report.starts_with("DepCalc::ReadData ") ||
-                           report.starts_with("DepCalc::Get DepItem ") ||
-                           report.starts_with("DepCalc::Let DepItem ");
-  return of_an_asset && errorNumber(report) == RuntimeError::outOfMemory().number();
-}
-
-/// What an asset's own values can cause; the calculator deals with these.
-bool isOfValues(int number) {
-  return number == 5 || number == 6 || number == 9 || number == 11 || number == 13;
-}
-
 }  // namespace
 
 MainWindow::MainWindow(Surroundings surroundings)
@@ -68,13 +47,19 @@ MainWindow::MainWindow(Surroundings surroundings)
   statusBar()->addWidget(company_label_);
   statusBar()->addPermanentWidget(note_label_);
   statusBar()->addPermanentWidget(figures_label_);
+  note_label_->setContentsMargins(0, 0, fontMetrics().averageCharWidth() * 2, 0);
+  around_.files.whenChangeFails(
+      [this](const FailedChange& change) { return askAboutChange(change); });
   makeMenus();
   resize(firstSize(screen()->availableSize()));
   restoreGeometry(around_.settings.geometry());
   showStatus();
 }
 
-MainWindow::~MainWindow() { endCalculator(); }
+MainWindow::~MainWindow() {
+  around_.files.whenChangeFails({});
+  endCalculator();
+}
 
 QString MainWindow::companyPath() const {
   return company() == nullptr ? QString() : qtText(company()->path());
@@ -108,8 +93,8 @@ bool MainWindow::openCompany(const QString& path) {
     around_.backups.drop(absolute);
     showPlaceholder();
     showStatus();
-    tell(qtText(error.what()));
-    return false;
+    tellNotOpened(error, absolute);
+    return isOpen(absolute);
   }
   if (!copied) note_label_->setText(tr("No backup could be made"));
   return true;
@@ -147,6 +132,8 @@ void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& pa
   application_->setCompany(std::move(company));
   kept_revision_ = revision().value_or(0);
   backup_kept_ = false;
+  followed_path_ = path;
+  given_up_revision_.reset();
   around_.settings.addRecent(path);
   around_.settings.setLastCompany(path);
   showPlaceholder();
@@ -174,6 +161,7 @@ void MainWindow::startCalculator() {
   connect(&calculator_->surface(), &Surface::opened, asset_menu_, &AssetMenu::cellOpened);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
     may_leave_ = false;
+    followCompany();
     noteChanges();
     showStatus();
   });
@@ -199,18 +187,11 @@ void MainWindow::setCompanyInfo(const CompanyInfo& info) {
   try {
     company()->setInfo(info);
   } catch (const CompanyFileError& error) {
-    tell(qtText(error.what()));
+    if (!told_) tell(qtText(error.what()));
   }
+  followCompany();
   noteChanges();
   showStatus();
-}
-
-bool MainWindow::restoreBackup(const Backup& backup) {
-  const QString path = companyPath();
-  if (!leaveCompany()) return false;
-  const QString problem = around_.backups.restore(backup, path, QDateTime::currentDateTime());
-  if (!problem.isEmpty()) tell(tr("The backup could not be restored: %1").arg(problem));
-  return openCompany(path) && problem.isEmpty();
 }
 
 std::optional<std::uint64_t> MainWindow::revision() const {
@@ -221,21 +202,11 @@ std::optional<std::uint64_t> MainWindow::revision() const {
 
 /// The copy taken at the opening counts from the first change.
 void MainWindow::noteChanges() {
+  clearNote();
   if (backup_kept_ || company() == nullptr || revision() == kept_revision_) return;
   backup_kept_ = true;
   if (around_.backups.keep(companyPath(), QDateTime::currentDateTime())) return;
   note_label_->setText(tr("No backup could be made"));
-}
-
-void MainWindow::noteFailure(std::string_view report) {
-  if (isOfValues(errorNumber(report))) return;
-  const bool in_part = company() != nullptr && leavesAnAssetInPart(report);
-  if (in_part) company()->refuseChanges();
-  note_label_->setText(in_part ? tr("Out of memory: open the company again to change it")
-                               : tr("A host operation failed"));
-  const auto trouble = company() == nullptr ? std::nullopt : company()->takeTrouble();
-  note_label_->setToolTip(
-      toolTipText(qtText(trouble.has_value() ? *trouble : std::string(report))));
 }
 
 void MainWindow::showPlaceholder() {

@@ -71,7 +71,11 @@ class MainWindow : public QMainWindow {
   /// anew, and the assets that have another one are offered for recalculation. Where the user
   /// cancels the leaving, nothing changes.
   void changeCompanyInfo(const CompanyInfo& info);
+  /// In the place of the open company's file, or of another one's.
   bool restoreBackup(const Backup& backup);
+  bool restoreBackup(const Backup& backup, const QString& path);
+  /// The open company stays as it is; where its file is gone, the copy takes its place.
+  bool saveCopy(const QString& path);
   /// A calculator of its own, anew.
   void startCalculator();
   void setZoom(int percent) { view_menu_->setZoom(percent); }
@@ -99,7 +103,6 @@ class MainWindow : public QMainWindow {
   // main_window_dialogs.cpp
   void askNewCompany();
   void askOpenCompany();
-  void askBackup();
   void print();
   void previewPrint();
   void showAbout();
@@ -115,6 +118,21 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] QString problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation);
   [[nodiscard]] bool keepFreshBackup();
 
+  // main_window_backups.cpp
+  void askBackup();
+  void offerBackups(const QString& path);
+  void tellNotOpened(const CompanyFileError& error, const QString& path);
+
+  // main_window_failures.cpp
+  void noteFailure(std::string_view report);
+  void tellLater(const QString& text);
+  FailedChangeAnswer askAboutChange(const FailedChange& change);
+  void endTelling(bool given_up);
+  [[nodiscard]] QString askCopyPath();
+  void askCopy();
+  void followCompany();
+  void clearNote();
+
   void fillPage();
   // main_window_leaving.cpp
   bool leaveCompany();
@@ -125,7 +143,6 @@ class MainWindow : public QMainWindow {
   void endCalculator();
   void takeCompany(std::unique_ptr<Company> company, const QString& path);
   void showPlaceholder();
-  void noteFailure(std::string_view report);
   void noteChanges();
   void showStatus();
   [[nodiscard]] QString companyPath() const;
@@ -146,6 +163,12 @@ class MainWindow : public QMainWindow {
   bool leaving_ = false;    ///< the user is being asked
   bool may_leave_ = false;  ///< and has agreed
   bool painted_ = false;
+  bool asking_ = false;  ///< about a change that could not be saved: it is held meanwhile
+  int questions_ = 0;    ///< about changes that could not be saved
+  bool told_ = false;    ///< the user is or was just asked about a change
+  QString to_tell_;      ///< a failure, when the calculator has ended what it does
+  std::optional<std::uint64_t> given_up_revision_;
+  QString followed_path_;   ///< of the company, as the settings have it
   QString awaiting_paint_;  ///< the company to open then
 
   QLabel* company_label_;

@@ -9,7 +9,6 @@
 #include "desktop/window/main_window.h"
 #include "desktop/window/new_company_file.h"
 #include "desktop/window/printing.h"
-#include "desktop/window/restore_dialog.h"
 #include "desktop/window/warning_box.h"
 #include "help/help_topics.h"
 
@@ -23,7 +22,11 @@ ScheduleJob jobOf(Calculator& calculator) {
 
 }  // namespace
 
-void MainWindow::tell(const QString& text) { warn(text, this); }
+/// What waits to be told would say it once more.
+void MainWindow::tell(const QString& text) {
+  to_tell_.clear();
+  warn(text, this);
+}
 
 /// Where the user keeps companies.
 QString MainWindow::companyFolder() const {
@@ -45,18 +48,6 @@ void MainWindow::askOpenCompany() {
       this,
       {.title = tr("Open Company"), .filter = companyFileFilter(), .proposed = companyFolder()});
   if (!path.isEmpty()) openCompany(path);
-}
-
-void MainWindow::askBackup() {
-  const QVector<Backup> backups = around_.backups.of(companyPath());
-  if (backups.isEmpty()) {
-    tell(
-        tr("There is no backup of this company yet. One is kept before the first change of each "
-           "opening."));
-    return;
-  }
-  RestoreDialog dialog(backups, this);
-  if (dialog.exec() == QDialog::Accepted) restoreBackup(dialog.chosen());
 }
 
 void MainWindow::showAbout() {

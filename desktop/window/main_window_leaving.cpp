@@ -73,7 +73,9 @@ void MainWindow::showToUser() {
   QApplication::alert(this);
 }
 
-bool MainWindow::hasUnsavedEntry() { return calculator_ != nullptr && calculator_->asksWhenLeft(); }
+bool MainWindow::hasUnsavedEntry() {
+  return asking_ || (calculator_ != nullptr && calculator_->asksWhenLeft());
+}
 
 bool MainWindow::closeForSystem(int seconds) {
   const QScopedValueRollback note(

@@ -36,7 +36,8 @@ void MainWindow::makeFileMenu() {
   connect(recent_menu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
   company_actions_ << addAction(menu, tr("&Close Company"), QKeySequence::Close,
                                 &MainWindow::closeCompany);
-  company_actions_ << addAction(menu, tr("Restore &Backup…"), {}, &MainWindow::askBackup);
+  company_actions_ << addAction(menu, tr("Save a Copy &As…"), {}, &MainWindow::askCopy);
+  addAction(menu, tr("Restore &Backup…"), {}, &MainWindow::askBackup);
   menu.addSeparator();
   to_multi_user_ = menu.addAction(tr("Switch to &Multi-user Mode"));
   to_single_user_ = menu.addAction(tr("Switch to &Single-user Mode"));

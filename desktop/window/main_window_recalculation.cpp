@@ -71,7 +71,7 @@ void MainWindow::saveRecalculated(FiscalYearEnds ends, const Recalculation& seen
     problem = problemOfSaving(assets, now);
   }
   startCalculator();
-  if (!problem.isEmpty()) tell(tr("Nothing was changed. %1").arg(problem));
+  if (!problem.isEmpty() && !told_) tell(tr("Nothing was changed. %1").arg(problem));
 }
 
 QString MainWindow::problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation) {

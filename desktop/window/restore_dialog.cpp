@@ -11,16 +11,27 @@
 
 namespace depcalc::desktop {
 
-RestoreDialog::RestoreDialog(QVector<Backup> backups, QWidget* parent)
+namespace {
+
+QString inWords(const std::optional<int>& assets) {
+  if (!assets.has_value()) return QObject::tr("cannot be opened");
+  return *assets == 1 ? QObject::tr("1 asset") : QObject::tr("%1 assets").arg(*assets);
+}
+
+}  // namespace
+
+RestoreDialog::RestoreDialog(QVector<Backup> backups, const QVector<std::optional<int>>& assets,
+                             QWidget* parent)
     : QDialog(parent), backups_(std::move(backups)), list_(new QListWidget(this)) {
   setWindowTitle(tr("Restore Backup"));
   auto* const question =
       new QLabel(tr("Put the company back as it was before the changes that began at:"), this);
   list_->setObjectName(QStringLiteral("Backups"));
   list_->setAccessibleName(question->text());
-  for (const Backup& backup : backups_) {
-    list_->addItem(tr("%1 (%2)").arg(backup.made.toString(QStringLiteral("d MMMM yyyy, HH:mm:ss")),
-                                     QLocale::c().formattedDataSize(backup.bytes)));
+  for (qsizetype i = 0; i < backups_.size(); ++i) {
+    const QString made =
+        QLocale::c().toString(backups_[i].made, QStringLiteral("d MMMM yyyy, HH:mm:ss"));
+    list_->addItem(tr("%1   ·   %2").arg(made, inWords(assets[i])));
   }
   list_->setCurrentRow(0);
   auto* const note = new QLabel(tr("The company as it is now is kept as a backup, too."), this);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 
 #include "desktop/host/backups.h"
 
@@ -14,7 +15,9 @@ class RestoreDialog : public QDialog {
   Q_OBJECT
 
  public:
-  RestoreDialog(QVector<Backup> backups, QWidget* parent);
+  /// `assets` has the number in each backup, nothing for one that cannot be opened.
+  RestoreDialog(QVector<Backup> backups, const QVector<std::optional<int>>& assets,
+                QWidget* parent);
 
   [[nodiscard]] const Backup& chosen() const;
 

@@ -1,6 +1,7 @@
 // Dated copies where the disk fails: whole or not there, and the company file as it was.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -98,6 +99,33 @@ TEST_F(BackupFaults, ACopyThatCannotBeKeptIsTold) {
   EXPECT_FALSE(backups.keep(company, now));
   EXPECT_EQ(read(company), changed);
   EXPECT_TRUE(backups.keep(company, now)) << "nothing is set aside any more";
+}
+
+TEST_F(BackupFaults, ARestoredCompanyIsForThoseWhoHadIt) {
+  const QByteArray path = QFile::encodeName(company);
+  const desktop::Backup backup = backups.of(company).front();
+  for (const mode_t mode : {0664, 0640, 0600}) {
+    ASSERT_EQ(::chmod(path.constData(), mode), 0);
+    // Only root may give a file to a group that it is not in.
+    const gid_t group = ::getuid() == 0 ? 12 : ::getgid();
+    ASSERT_EQ(::chown(path.constData(), static_cast<uid_t>(-1), group), 0);
+    ASSERT_EQ(backups.restore(backup, company, QDateTime::currentDateTime()), "");
+    struct stat restored {};
+    ASSERT_EQ(::stat(path.constData(), &restored), 0);
+    EXPECT_EQ(restored.st_mode & 0777, mode);
+    EXPECT_EQ(restored.st_gid, group);
+  }
+  struct stat kept {};
+  ASSERT_EQ(::stat(QFile::encodeName(backups.of(company).front().path).constData(), &kept), 0);
+  EXPECT_EQ(kept.st_mode & 0777, mode_t{0600}) << "the copies are for their user alone";
+}
+
+TEST_F(BackupFaults, ARestoredCompanyHasNoJournalOfTheOneBefore) {
+  write(company + "-journal", "an unfinished change");
+  ASSERT_EQ(backups.restore(backups.of(company).front(), company, QDateTime::currentDateTime()),
+            "");
+  EXPECT_EQ(read(company), present);
+  EXPECT_FALSE(QFile::exists(company + "-journal"));
 }
 
 }  // namespace

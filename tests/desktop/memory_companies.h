@@ -32,6 +32,11 @@ class MemoryCompanies : public desktop::CompanyFiles {
     return std::make_unique<Open>(path, found->second);
   }
 
+  std::shared_ptr<void> hold(const std::string&) override { return nullptr; }
+  std::optional<int> assetsIn(const std::string& path) override {
+    return companies.contains(path) ? std::optional(0) : std::nullopt;
+  }
+
   std::map<std::string, Kept> companies;
 
  private:
@@ -54,6 +59,9 @@ class MemoryCompanies : public desktop::CompanyFiles {
     }
     void refuseChanges() override { kept_.changes_refused = true; }
     std::optional<std::string> takeTrouble() override { return std::nullopt; }
+    void saveCopy(const std::string& path) override {
+      throw desktop::CompanyFileError(path + ": there is nothing but memory here");
+    }
     void close() override { kept_.file->close(); }
 
    private:

@@ -181,9 +181,9 @@ TEST_F(Promises, ABackupIsRestoredByKeyboard) {
 TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
   const std::pair<const char*, std::vector<std::string>> menus[] = {
       {"File",
-       {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Restore Backup…",
-        "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…", "Print Preview…",
-        "Quit"}},
+       {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Save a Copy As…",
+        "Restore Backup…", "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…",
+        "Print Preview…", "Quit"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
       {"Asset", {"New", "Edit", "Delete", "Calculate", "Save"}},
       {"View", {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size"}},

@@ -316,19 +316,38 @@ TEST_F(Window, EveryPictureThatIsClickedHasAMnemonicThatNoMenuTakes) {
   }
 }
 
-TEST_F(Window, AFailedHostOperationIsNotedInTheStatusBar) {
+TEST_F(Window, AFailureOfTheHostIsToldOnceWhenTheCalculatorHasEndedWhatItDoes) {
   newCompany();
+  for (const char* report : {"DepCalc::ReadData Error#13: Type mismatch",
+                             "DepCalc::Printbutton_Mouseup Error#482: Printer error"}) {
+    ReportError(report);
+    settle();
+    EXPECT_TRUE(boxes.take().empty()) << report;
+  }
+  ReportError("DepCalc::WriteData Error#61: acme.company cannot be written: the disk is full.");
+  ReportError("DepCalc::Savebutton Error#91: Object variable not set");
+  EXPECT_TRUE(boxes.take().empty()) << "not in the middle of it";
+  settle();
+  EXPECT_THAT(boxes.take(),
+              ::testing::ElementsAre("Depreciation Calculator | The last step could not be "
+                                     "finished.\n\nacme.company cannot be written: the disk is "
+                                     "full."));
   EXPECT_EQ(status(1), "");
-  ReportError("DepCalc::ReadData Error#13: Type mismatch");
-  EXPECT_EQ(status(1), "") << "an asset's own values are no failure of the host";
-  ReportError("DepCalc::WriteData Error#61: Disk full");
-  EXPECT_EQ(status(1), "A host operation failed");
+}
+
+TEST_F(Window, NothingOfTheHostFailsWhereNoCompanyIsOpen) {
+  action("Depreciation Calculator").trigger();
+  settle();
+  EXPECT_EQ(boxes.take().size(), 1U) << "the calculator's own";
+  EXPECT_EQ(status(1), "");
 }
 
 TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) {
   newCompany();
   bool& refused = companies.companies.at(path().toStdString()).changes_refused;
   ReportError("DepCalc::WriteData Error#7: Out of memory");
+  settle();
+  EXPECT_EQ(boxes.take().size(), 1U);
   ReportError("DepCalc::ReadData Error#13: Type mismatch");
   EXPECT_FALSE(refused);
   for (const char* procedure : {"ReadData", "Get DepItem", "Let DepItem"}) {
@@ -336,6 +355,8 @@ TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) 
     ReportError("DepCalc::" + std::string(procedure) + " Error#7: Out of memory");
     EXPECT_TRUE(refused) << procedure;
     EXPECT_EQ(status(1), "Out of memory: open the company again to change it");
+    settle();
+    EXPECT_EQ(boxes.take().size(), 1U) << procedure;
   }
 }
 

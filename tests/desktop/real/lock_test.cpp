@@ -78,7 +78,7 @@ struct DialogsOverACompany : RealWindow {
 };
 
 TEST_F(DialogsOverACompany, LeaveItsLockWhenTheyAreCancelled) {
-  for (const char* item : {"Open Company…", "New Company…"}) {
+  for (const char* item : {"Open Company…", "New Company…", "Save a Copy As…"}) {
     menu(item);
     leave(item);
     menu(item);
@@ -86,6 +86,21 @@ TEST_F(DialogsOverACompany, LeaveItsLockWhenTheyAreCancelled) {
     EXPECT_TRUE(user.answers("Cancel")) << item;
     expectLocked(std::string(item) + ", Cancel");
   }
+  click(assets().PrintButton.normal);
+  leave("the Print button without a printer");
+}
+
+TEST_F(DialogsOverACompany, LeaveItsLockInTheFileThatTheyMake) {
+  menu("Save a Copy As…");
+  waitForFiles("copy");
+  user.choosesFile(path("copy.company"));
+  EXPECT_TRUE(user.seesNoDialog());
+  expectLocked("save a copy");
+  click(assets().PrintButton.normal);
+  waitForFiles("print");
+  user.choosesFile(path("schedule.pdf"));
+  EXPECT_TRUE(user.sees([this] { return QFile::exists(path("schedule.pdf")); }));
+  expectLocked("print into a file");
 }
 
 TEST_F(DialogsOverACompany, LeaveItsLockWhenWhatTheyAnswerIsRefused) {

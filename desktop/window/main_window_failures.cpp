@@ -1,0 +1,158 @@
+// What the user is told where a company file fails, and copies of it.
+#include <QFileInfo>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/failed_change_box.h"
+#include "desktop/window/file_dialogs.h"
+#include "desktop/window/file_names.h"
+#include "desktop/window/main_window.h"
+#include "values/runtime_error.h"
+
+namespace depcalc::desktop {
+namespace {
+
+const QString file_suffix = QStringLiteral(".company");
+
+/// The number in "DepCalc::WriteData Error#75: …"; 0 where there is none.
+int errorNumber(std::string_view report) {
+  const std::size_t at = report.find("Error#");
+  if (at == std::string_view::npos) return 0;
+  return qtText(report.substr(at + 6)).section(u':', 0, 0).toInt();
+}
+
+/// Whether an asset may now lack what its record has: the calculator shows it, and saves it, as far
+/// as there was memory for it.
+bool leavesAnAssetInPart(std::string_view report) {
+  const bool of_an_asset = report.starts_with("DepCalc::ReadData ") ||
+                           report.starts_with("DepCalc::Get DepItem ") ||
+                           report.starts_with("DepCalc::Let DepItem ");
+  return of_an_asset && errorNumber(report) == RuntimeError::outOfMemory().number();
+}
+
+/// What an asset's own values can cause, which the calculator deals with, and what a printer says,
+/// which printing tells.
+bool isOfTheHost(int number) {
+  constexpr int others[] = {5, 6, 9, 11, 13, 482};
+  return std::find(std::begin(others), std::end(others), number) == std::end(others);
+}
+
+/// What the company file met when it dealt with a change that had failed.
+bool isToldWithAChange(std::string_view report) {
+  return report.starts_with("DepCalc::company file ");
+}
+
+}  // namespace
+
+/// Comes in the middle of what the calculator does, which goes on after it: what is to be told
+/// waits until that has come to its end.
+void MainWindow::noteFailure(std::string_view report) {
+  const int number = errorNumber(report);
+  if (company() == nullptr || !isOfTheHost(number) || isToldWithAChange(report)) return;
+  if (leavesAnAssetInPart(report)) {
+    company()->refuseChanges();
+    note_label_->setText(tr("Out of memory: open the company again to change it"));
+    tellLater(
+        tr("There was not enough memory to read all of an asset. So that nothing of it is "
+           "lost, the company cannot be changed until it has been opened again. Close other "
+           "programs first."));
+    return;
+  }
+  const auto trouble = company()->takeTrouble();
+  if (number == RuntimeError::outOfMemory().number()) {
+    tellLater(
+        tr("There was not enough memory for the last step. The company file holds what was "
+           "saved before. Close other programs, then try again."));
+    return;
+  }
+  const QString reason =
+      trouble.has_value() ? qtText(*trouble) : qtText(report).section(QStringLiteral(": "), 1);
+  tellLater(tr("The last step could not be finished.\n\n%1").arg(reason));
+}
+
+/// One failure has many reports: the first says most. A change that the user has given up was told.
+void MainWindow::tellLater(const QString& text) {
+  if (told_ || !to_tell_.isEmpty()) return;
+  to_tell_ = text;
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (const QString waiting = to_tell_; !waiting.isEmpty()) tell(waiting);
+      },
+      Qt::QueuedConnection);
+}
+
+FailedChangeAnswer MainWindow::askAboutChange(const FailedChange& change) {
+  const QScopedValueRollback asking(asking_, true);
+  told_ = true;
+  const int question = ++questions_;
+  const FailedChangeAnswer answer = askAboutFailedChange(
+      change, [this] { return askCopyPath(); }, this);
+  const bool given_up = std::holds_alternative<GiveUp>(answer);
+  // What was answered may fail, too, and be asked about before this is heard.
+  QMetaObject::invokeMethod(
+      this,
+      [this, question, given_up] {
+        if (question == questions_) endTelling(given_up);
+      },
+      Qt::QueuedConnection);
+  return answer;
+}
+
+/// The calculator has ended what it did when the user was asked.
+void MainWindow::endTelling(bool given_up) {
+  told_ = false;
+  if (!given_up) return;
+  given_up_revision_ = revision();
+  note_label_->setText(tr("The last change was not saved"));
+}
+
+QString MainWindow::askCopyPath() {
+  const QFileInfo company_file(companyPath());
+  const QString proposed =
+      tr("%1/%2 copy").arg(company_file.absolutePath(), company_file.completeBaseName());
+  const QString path = askFileToSave(this, {.title = tr("Save a Copy As"),
+                                            .filter = tr("Company files (*.company)"),
+                                            .proposed = proposed + file_suffix});
+  return path.isEmpty() ? path : withSuffix(path, file_suffix);
+}
+
+void MainWindow::askCopy() {
+  const QString path = askCopyPath();
+  if (!path.isEmpty()) saveCopy(path);
+}
+
+bool MainWindow::saveCopy(const QString& path) {
+  try {
+    company()->saveCopy(QFileInfo(path).absoluteFilePath().toStdString());
+  } catch (const CompanyFileError& error) {
+    tell(qtText(error.what()));
+    return false;
+  }
+  followCompany();
+  return true;
+}
+
+/// A copy may have taken the place of the file.
+void MainWindow::followCompany() {
+  const QString path = companyPath();
+  if (path.isEmpty() || path == followed_path_) return;
+  around_.backups.drop(followed_path_);
+  followed_path_ = path;
+  around_.settings.addRecent(path);
+  around_.settings.setLastCompany(path);
+  showStatus();
+}
+
+/// Once another change is saved, the one that was given up is no news.
+void MainWindow::clearNote() {
+  if (!given_up_revision_ || given_up_revision_ == revision()) return;
+  given_up_revision_.reset();
+  note_label_->clear();
+}
+
+}  // namespace depcalc::desktop
