@@ -5,7 +5,9 @@
 #include <QLabel>
 #include <QStatusBar>
 #include <csignal>
+#include <memory>
 
+#include "desktop/window/system_end.h"
 #include "tests/desktop/real/real_window.h"
 
 namespace depcalc::testing {
@@ -156,6 +158,32 @@ TEST_F(FailedSave, OfAFileThatIsPutBackIsTriedAgain) {
   ASSERT_EQ(RealUser::runs("mv", {path("elsewhere.company"), path()}), 0);
   EXPECT_TRUE(user.answers("Try Again"));
   expectSaved(path(), {"A1", "A2"});
+}
+
+/// What is held in the box has not been saved, whatever the form says of itself.
+TEST_F(FailedSave, IsNotLostWhereTheSystemEndsTheProgram) {
+  std::unique_ptr<desktop::SystemEnd> end;
+  gui([&] {
+    end = std::make_unique<desktop::SystemEnd>(*window, desktop::SystemEnd::usual_patience, [] {});
+  });
+  {
+    const FullDisk full;
+    EXPECT_EQ(save().title, "Change Not Saved");
+    EXPECT_FALSE(gui([&] { return end->sessionMayEnd(); }));
+    gui([&] { end->hear(false); });
+    user.settles();
+    EXPECT_EQ(user.dialog().title, "Change Not Saved");
+    EXPECT_TRUE(user.answers("Close"));
+    EXPECT_EQ(user.dialog().text, "Give up this change?");
+    user.settles();
+    EXPECT_EQ(user.dialog().text, "Give up this change?");
+    EXPECT_TRUE(user.answers("No"));
+    EXPECT_EQ(user.dialog().title, "Change Not Saved");
+  }
+  EXPECT_TRUE(user.answers("Try Again"));
+  EXPECT_TRUE(user.sees([this] { return !window->isVisible(); })) << "and then it ends";
+  EXPECT_THAT(idsIn(path()), ElementsAre("A1", "A2"));
+  gui([&] { end.reset(); });
 }
 
 struct SavedCopy : RealWindow {
