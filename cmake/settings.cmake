@@ -18,7 +18,7 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
 endif()
 
 add_library(depcalc_settings INTERFACE)
-target_include_directories(depcalc_settings INTERFACE "${PROJECT_SOURCE_DIR}")
+target_include_directories(depcalc_settings INTERFACE "${PROJECT_SOURCE_DIR}/cmake/gates")
 # Money depends on every bit of a double: no contraction, no fast math.
 target_compile_options(depcalc_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off
@@ -38,16 +38,3 @@ if(CMAKE_CXX_CLANG_TIDY)
   # What Qt's moc writes into the build is not ours to mend; clang-tidy wants one check at least.
   file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
 endif()
-
-# depcalc_room(NAME SOURCES … LINKS …): one folder of the house as a library that may know
-# only what it links.
-function(depcalc_room name)
-  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
-  if(ROOM_SOURCES)
-    add_library(${name} STATIC ${ROOM_SOURCES})
-    target_link_libraries(${name} PUBLIC depcalc_settings ${ROOM_LINKS})
-  else()
-    add_library(${name} INTERFACE)
-    target_link_libraries(${name} INTERFACE depcalc_settings ${ROOM_LINKS})
-  endif()
-endfunction()

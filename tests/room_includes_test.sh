@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# room_includes_test.sh COMPILER ROOMS INCLUDES GATES: what each room can include is what it says
+# below, no more and no less. ROOMS is the folder that has every room's headers under the room's
+# name, INCLUDES has a line "ROOM FOLDER…" for each: where its sources look for headers. What lies
+# where every compiler looks has a header in GATES, which lets nobody through who does not link it.
+set -euo pipefail
+
+compiler=$1
+rooms=$2
+includes=$3
+gates=$4
+probe=$(mktemp --suffix=.cpp)
+trap 'rm -f "$probe"' EXIT
+
+ground='values'
+records="$ground common engine"
+screens="$ground common controls"
+store="$records host store"
+container="$store controls compare_events entry_events help_events register_events container"
+calculator="$container calculator compare entry field_rules help register"
+window="$calculator company_info desktop_site desktop_widgets desktop_window print_module printing_objects"
+expected() {
+  case $1 in
+    values) echo "$ground" ;;
+    common | host) echo "$ground $1" ;;
+    engine) echo "$records" ;;
+    controls) echo "$screens" ;;
+    company_info) echo "$1" ;;
+    host_memory | host_failing) echo "$ground host $1" ;;
+    host_sqlite) echo "$ground common company_info host $1" ;;
+    field_rules) echo "$ground $1" ;;
+    compare_events | entry_events | register_events) echo "$records $1" ;;
+    help_events) echo "$ground $1" ;;
+    compare | register) echo "$records controls $1 $1_events" ;;
+    entry) echo "$records controls entry entry_events field_rules" ;;
+    help) echo "$screens help help_events" ;;
+    store) echo "$store" ;;
+    container) echo "$container" ;;
+    calculator) echo "$calculator" ;;
+    print_module) echo "$screens $1" ;;
+    cli) echo "$store cli company_info controls field_rules host_sqlite print_module register register_events" ;;
+    desktop_widgets) echo "$screens $1" ;;
+    desktop_site) echo "$screens desktop_widgets $1" ;;
+    desktop_window) echo "$window" ;;
+    desktop_companies) echo "$window host_sqlite $1" ;;
+    *) echo "a line in $0" ;;
+  esac
+}
+
+# One header of each room stands for all of them.
+for room in "$rooms"/depcalc_*; do
+  header=$(cd "$room" && find . -name '*.h' | sort | head -n 1)
+  printf '#if __has_include("%s")\nsees %s\n#endif\n' "${header#./}" "${room##*/depcalc_}"
+done >"$probe"
+
+sorted() { tr ' ' '\n' | grep . | sort -u | xargs; }
+
+status=0
+count=0
+while read -r room folders; do
+  room=${room#depcalc_}
+  count=$((count + 1))
+  seen=$("$compiler" -E -P -w -I ${folders// / -I } "$probe" | sed -n 's/^sees //p' | sorted)
+  wanted=$(expected "$room" | sorted)
+  [[ $seen == "$wanted" ]] && continue
+  printf '%s can include:\n  %s\nand not:\n  %s\n' "$room" "$seen" "$wanted"
+  status=1
+done <"$includes"
+
+while IFS= read -r gate; do
+  count=$((count + 1))
+  includes() { printf '#include <%s>\n' "$gate" | "$compiler" -std=c++20 -fsyntax-only -x c++ "$@" - 2>&1; }
+  permission=$(sed -n 's/^#ifndef //p' "$gates/$gate")
+  [[ $(includes -I "$gates" || true) == *"This room does not link"* ]] || {
+    echo "<$gate> can be included by everyone"
+    status=1
+  }
+  includes -I "$gates" "-D$permission"
+done < <(cd "$gates" && find . -type f | sed 's|^\./||')
+echo "$count rooms and gates"
+[[ $count -gt 20 ]]
+exit $status
