@@ -1,32 +1,16 @@
 #include "DepCalc/company_assets.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
-#include "common/report_error.h"
+#include "common/heard_reports.h"
 #include "common/trapped.h"
 #include "host/unit_of_work.h"
 
 namespace depcalc {
 namespace {
 
-bool isNumbered(std::string_view report, std::string_view number) {
-  return report.find(number) != std::string_view::npos;
-}
-
-/// What the values of an asset can cause. Whatever else cuts a reading short would pass for an
-/// asset of other values.
-bool isOfValues(std::string_view report) {
-  constexpr std::string_view numbers[] = {
-      "Error#5:", "Error#6:", "Error#9:", "Error#11:", "Error#13:"};
-  return std::any_of(std::begin(numbers), std::end(numbers),
-                     [&](std::string_view number) { return isNumbered(report, number); });
-}
-
-RuntimeError errorOf(std::string_view report) {
-  return isNumbered(report, "Error#7:") ? RuntimeError::outOfMemory()
-                                        : RuntimeError(57, std::string(report));
+RuntimeError errorOf(const ErrorReport& report) {
+  return report.isOfMemory() ? RuntimeError::outOfMemory() : RuntimeError(57, report.text());
 }
 
 }  // namespace
@@ -46,8 +30,10 @@ std::int32_t CompanyAssets::assetCount() const {
 
 CalculateDepPtr CompanyAssets::asset(std::int32_t index) {
   std::optional<RuntimeError> failure;
-  const ErrorReportHook asset_without_amounts([&](std::string_view report) {
-    if (!isOfValues(report)) failure = errorOf(report);
+  // What its values cause leaves an asset without amounts. Whatever else cuts a reading short would
+  // pass for an asset of other values.
+  const ErrorReportHook hook([&](const ErrorReport& report) {
+    if (!report.isOfValues()) failure = errorOf(report);
   });
   CalculateDepPtr asset = store_.ReadData(static_cast<std::int16_t>(index));
   if (failure) throw RuntimeError(*failure);
@@ -56,22 +42,17 @@ CalculateDepPtr CompanyAssets::asset(std::int32_t index) {
 
 std::optional<std::string> CompanyAssets::changeAtOnce(const std::function<void()>& change,
                                                        bool keep) {
-  bool failed = false;  // known even where there is no memory to keep why
-  std::optional<std::string> first_report;
-  const ErrorReportHook reports([&](std::string_view report) {
-    failed = true;
-    if (!first_report) first_report = report;
-  });
+  const HeardReports heard;
   HostUnitOfWork& unit = *file().unitOfWork();
   unit.begin();
   trapped("depcalc", change);
-  if (keep && !failed) {
+  if (keep && !heard.any()) {
     unit.end();
   } else {
     unit.abandon();
   }
-  if (failed && !first_report) first_report = "Out of memory";
-  return first_report;
+  if (!heard.any()) return std::nullopt;
+  return heard.first().empty() ? "Out of memory" : heard.first();
 }
 
 }  // namespace depcalc

@@ -7,7 +7,7 @@
 
 #include "DepCalc/register_summary.h"
 #include "DepCalc/saved_types.h"
-#include "common/report_error.h"
+#include "common/heard_reports.h"
 #include "common/trapped.h"
 #include "engine/method_results.h"
 #include "entry/field_rules.h"
@@ -53,15 +53,10 @@ std::string refusedByForm(const CalculateDep& asset) {
 
 /// Why a calculation failed; empty where it did not.
 std::string failureOfCalculating(CalculateDep& asset) {
-  bool short_of_memory = false;
-  std::string failure;
-  const ErrorReportHook hook([&](std::string_view report) {
-    short_of_memory = short_of_memory || report.find("Error#7:") != std::string_view::npos;
-    failure = report;
-  });
+  const HeardReports heard;
   const bool done = trapped("DepCalc::Recalculate", [&] { calculateChosen(asset); });
-  if (short_of_memory || (!done && failure.empty())) throw RuntimeError::outOfMemory();
-  return failure;
+  if (heard.ofMemory() || (!done && heard.last().empty())) throw RuntimeError::outOfMemory();
+  return heard.last();
 }
 
 /// The amounts by fiscal year as the register shows them; the rate alone under no year.

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "cli/suggestion.h"
-#include "common/report_error.h"
+#include "common/heard_reports.h"
 #include "common/trapped.h"
 
 namespace depcalc {
@@ -76,16 +76,11 @@ ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std
 /// A part that had no memory and was passed over leaves the rest in doubt, too.
 template <typename Run>
 ExitStatus runTrapped(Surroundings& surroundings, Run run) {
-  std::string report;
-  bool short_of_memory = false;
-  const ErrorReportHook last_report([&](std::string_view text) {
-    short_of_memory = short_of_memory || text.find("Error#7:") != std::string_view::npos;
-    report = text;
-  });
+  const HeardReports heard;
   ExitStatus status = exit_system;
   const bool done = trapped("depcalc", [&] { status = run(); });
-  if (done && !short_of_memory) return status;
-  const std::string_view known(report);
+  if (done && !heard.ofMemory()) return status;
+  const std::string_view known(heard.last());
   surroundings.errors.write(known.empty() ? "depcalc: Out of memory" : known);
   surroundings.errors.write('\n');
   return exit_system;

@@ -5,7 +5,7 @@
 
 #include "cli/options.h"
 #include "cli/printable_text.h"
-#include "common/report_error.h"
+#include "common/heard_reports.h"
 #include "common/trapped.h"
 #include "host/sqlite/company_file.h"
 
@@ -47,17 +47,12 @@ ExitStatus CompanyCommand::run(Surroundings& surroundings) {
   const auto& file = std::get<std::shared_ptr<SqliteCompanyFile>>(opened);
   Company company(file, printableText(path_), today);
   ExitStatus status = exit_system;
-  std::string report;
-  bool short_of_memory = false;
-  const ErrorReportHook last_report([&](std::string_view text) {
-    short_of_memory = short_of_memory || text.find("Error#7:") != std::string_view::npos;
-    report = text;
-  });
+  const HeardReports heard;
   const bool done = trapped("depcalc", [&] { status = runOn(company, surroundings); });
   if (const auto trouble = file->takeTrouble()) return reportTrouble(*trouble, surroundings.errors);
-  if (done && !short_of_memory) return status;
+  if (done && !heard.ofMemory()) return status;
   // A part that had no memory and was passed over leaves the rest in doubt.
-  const std::string_view known(report);
+  const std::string_view known(heard.last());
   complain(company, known.empty() || done ? "Out of memory" : known, surroundings.errors);
   return exit_system;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "DepCalc/saved_types.h"
-#include "common/report_error.h"
+#include "common/heard_reports.h"
 #include "common/trapped.h"
 #include "values/number_text.h"
 
@@ -51,14 +51,13 @@ void findInAssets(HostTable& table, std::vector<std::string>& found) {
 
 /// The summary of the assets as the store forms it; nothing, and a line, where it cannot.
 bool sumUp(Company& company, std::vector<std::string>& found) {
-  std::string report;
-  const ErrorReportHook hook([&](std::string_view text) { report = text; });
+  const HeardReports heard;
   const bool done = trapped("Summary", [&] { company.store().sumUp(); });
   // Want of memory says nothing about the file.
-  if (!done && (report.empty() || report.find("Error#7:") != std::string::npos)) {
+  if (!done && (heard.last().empty() || heard.ofMemory())) {
     throw RuntimeError::outOfMemory();
   }
-  if (!done) found.push_back("The assets cannot be summed up: " + report + ".");
+  if (!done) found.push_back("The assets cannot be summed up: " + heard.last() + ".");
   return done;
 }
 

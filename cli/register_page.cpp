@@ -12,9 +12,9 @@ template <typename Work>
 std::string registerReport(Work&& work) {
   std::string last;
   bool short_of_memory = false;
-  const ErrorReportHook hook([&](std::string_view report) {
-    short_of_memory = short_of_memory || report.find("Error#7:") != std::string_view::npos;
-    if (report.starts_with("DepCalcView::")) last = report;
+  const ErrorReportHook hook([&](const ErrorReport& report) {
+    short_of_memory = short_of_memory || report.isOfMemory();
+    if (report.procedure.starts_with("DepCalcView::")) last = report.text();
   });
   work();
   // The page would lack what there was no memory for.

@@ -9,7 +9,7 @@ thread_local ErrorReportHook* current_hook = nullptr;
 
 }  // namespace
 
-void ReportError(std::string_view report) {
+void ReportError(const ErrorReport& report) {
   if (current_hook != nullptr) current_hook->listener_(report);
 }
 

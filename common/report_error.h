@@ -2,21 +2,20 @@
 #pragma once
 
 #include <functional>
-#include <string>
-#include <string_view>
+
+#include "common/error_report.h"
 
 namespace depcalc {
 
-/// Receives the text of every trapped run-time error, for example
-/// "DepCalc::Get DepItem Error#9: Subscript out of range". Does nothing with it unless an
-/// ErrorReportHook stands. Users never see these texts.
-void ReportError(std::string_view report);
+/// Receives the report of every trapped run-time error and does nothing with it unless an
+/// ErrorReportHook stands. Users never see these reports as they are.
+void ReportError(const ErrorReport& report);
 
 /// While it lives, the reports made on this thread go to `listener` instead of nowhere. Hooks
 /// nest: the innermost one hears. Made for tests and for a host that wants to know.
 class ErrorReportHook {
  public:
-  using Listener = std::function<void(std::string_view report)>;
+  using Listener = std::function<void(const ErrorReport& report)>;
 
   explicit ErrorReportHook(Listener listener);
   ~ErrorReportHook();
@@ -24,7 +23,7 @@ class ErrorReportHook {
   ErrorReportHook& operator=(const ErrorReportHook&) = delete;
 
  private:
-  friend void ReportError(std::string_view report);
+  friend void ReportError(const ErrorReport& report);
 
   Listener listener_;
   ErrorReportHook* outer_;

@@ -1,25 +1,16 @@
 #include "common/trapped.h"
 
 #include <new>
-#include <string>
 
 #include "common/report_error.h"
 
 namespace depcalc {
-
 namespace {
 
-void report(std::string_view procedure, const RuntimeError& error) {
-  std::string report(procedure);
-  report.append(" Error#").append(std::to_string(error.number()));
-  report.append(": ").append(error.description());
-  ReportError(report);
-}
-
 /// The listener may have no memory to keep even this.
-void reportBriefly() {
+void reportWantOfMemory(std::string_view procedure) {
   try {
-    ReportError("Error#7: Out of memory");
+    ReportError({procedure, 7, "Out of memory"});
   } catch (const std::bad_alloc&) {
     return;
   }
@@ -29,9 +20,9 @@ void reportBriefly() {
 
 void reportTrapped(std::string_view procedure, const RuntimeError& error) {
   try {
-    report(procedure, error);
+    ReportError({procedure, error.number(), error.description()});
   } catch (const std::bad_alloc&) {
-    reportBriefly();
+    reportWantOfMemory(procedure);
   }
 }
 

@@ -11,8 +11,8 @@
 
 namespace depcalc {
 
-/// Reports `error` of `procedure` through ReportError: "<procedure> Error#<number>: <description>".
-/// Without memory for that: "Error#7: Out of memory". Throws nothing for want of memory.
+/// Reports `error` of `procedure` through ReportError. A listener that runs out of memory over it
+/// hears that instead. Throws nothing for want of memory, and allocates nothing.
 void reportTrapped(std::string_view procedure, const RuntimeError& error);
 
 /// Runs `body` under the error trap of `procedure` ("DepCalc::WriteData"). A run-time error stops

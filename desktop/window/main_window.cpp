@@ -31,7 +31,7 @@ QSize firstSize(const QSize& screen) {
 MainWindow::MainWindow(Surroundings surroundings)
     : around_(std::move(surroundings)),
       application_(std::make_shared<DesktopApplication>(around_.start_directory)),
-      report_hook_([this](std::string_view report) { noteFailure(report); }),
+      report_hook_([this](const ErrorReport& report) { noteFailure(report); }),
       page_(new Page(this)),
       site_(*this, logicalDpiX(), around_.today, [this] { return systemPrinter(); }),
       company_label_(new QLabel(this)),

@@ -124,7 +124,7 @@ class MainWindow : public QMainWindow {
   void tellNotOpened(const CompanyFileError& error, const QString& path);
 
   // main_window_failures.cpp
-  void noteFailure(std::string_view report);
+  void noteFailure(const ErrorReport& report);
   void tellLater(const QString& text);
   FailedChangeAnswer askAboutChange(const FailedChange& change);
   void endTelling(bool given_up);

@@ -2,8 +2,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QScopedValueRollback>
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "desktop/widgets/text_block.h"
@@ -11,48 +9,34 @@
 #include "desktop/window/file_dialogs.h"
 #include "desktop/window/file_names.h"
 #include "desktop/window/main_window.h"
-#include "values/runtime_error.h"
 
 namespace depcalc::desktop {
 namespace {
 
 const QString file_suffix = QStringLiteral(".company");
 
-/// The number in "DepCalc::WriteData Error#75: …"; 0 where there is none.
-int errorNumber(std::string_view report) {
-  const std::size_t at = report.find("Error#");
-  if (at == std::string_view::npos) return 0;
-  return qtText(report.substr(at + 6)).section(u':', 0, 0).toInt();
-}
-
 /// Whether an asset may now lack what its record has: the calculator shows it, and saves it, as far
 /// as there was memory for it.
-bool leavesAnAssetInPart(std::string_view report) {
-  const bool of_an_asset = report.starts_with("DepCalc::ReadData ") ||
-                           report.starts_with("DepCalc::Get DepItem ") ||
-                           report.starts_with("DepCalc::Let DepItem ");
-  return of_an_asset && errorNumber(report) == RuntimeError::outOfMemory().number();
+bool leavesAnAssetInPart(const ErrorReport& report) {
+  return report.isOfMemory() &&
+         (report.procedure == "DepCalc::ReadData" || report.procedure == "DepCalc::Get DepItem" ||
+          report.procedure == "DepCalc::Let DepItem");
 }
 
-/// What an asset's own values can cause, which the calculator deals with, and what a printer says,
-/// which printing tells.
-bool isOfTheHost(int number) {
-  constexpr int others[] = {5, 6, 9, 11, 13, 482};
-  return std::find(std::begin(others), std::end(others), number) == std::end(others);
-}
-
-/// What the company file met when it dealt with a change that had failed.
-bool isToldWithAChange(std::string_view report) {
-  return report.starts_with("DepCalc::company file ");
+/// What the calculator deals with, what a printer says, which printing tells, and what the company
+/// file met when it dealt with a change that had failed.
+bool isToldElsewhere(const ErrorReport& report) {
+  constexpr int printer_error = 482;
+  return report.isOfValues() || report.number == printer_error ||
+         report.procedure == "DepCalc::company file";
 }
 
 }  // namespace
 
 /// Comes in the middle of what the calculator does, which goes on after it: what is to be told
 /// waits until that has come to its end.
-void MainWindow::noteFailure(std::string_view report) {
-  const int number = errorNumber(report);
-  if (company() == nullptr || !isOfTheHost(number) || isToldWithAChange(report)) return;
+void MainWindow::noteFailure(const ErrorReport& report) {
+  if (company() == nullptr || isToldElsewhere(report)) return;
   if (leavesAnAssetInPart(report)) {
     company()->refuseChanges();
     note_label_->setText(tr("Out of memory: open the company again to change it"));
@@ -63,14 +47,14 @@ void MainWindow::noteFailure(std::string_view report) {
     return;
   }
   const auto trouble = company()->takeTrouble();
-  if (number == RuntimeError::outOfMemory().number()) {
+  if (report.isOfMemory()) {
     tellLater(
         tr("There was not enough memory for the last step. The company file holds what was "
            "saved before. Close other programs, then try again."));
     return;
   }
   const QString reason =
-      trouble.has_value() ? qtText(*trouble) : qtText(report).section(QStringLiteral(": "), 1);
+      qtText(trouble.has_value() ? std::string_view(*trouble) : report.description);
   tellLater(tr("The last step could not be finished.\n\n%1").arg(reason));
 }
 

@@ -256,7 +256,7 @@ void failEveryCall(const HostKind& kind, FailurePlan::Counts counts, bool compar
       pair.literal.plan = *pair.plan;
       {
         const ErrorReportHook hook(
-            [&](std::string_view report) { pair.reports.emplace_back(report); });
+            [&](const ErrorReport& report) { pair.reports.push_back(report.text()); });
         each.on_store(pair.store, pair.state);
       }
       pair.stepLiteral(each.on_literal);

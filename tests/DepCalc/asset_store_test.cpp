@@ -227,7 +227,8 @@ TEST_P(AssetStoreOn, ClearsTheCurrentRecordsNewFlagOnlyWhenAReadGetsToItsEnd) {
   pair_.saveNew({.id = "B", .life = 2, .method = ""});
   const auto current = newAsset({});
   pair_.state.CurrentRecord = current;
-  const ErrorReportHook hook([&](std::string_view report) { pair_.reports.emplace_back(report); });
+  const ErrorReportHook hook(
+      [&](const ErrorReport& report) { pair_.reports.push_back(report.text()); });
   const auto stopped = pair_.store.ReadData(2);
   EXPECT_EQ(stopped->AssetID(), "B") << "filled up to the amount that is none";
   EXPECT_TRUE(current->RecNew());
@@ -436,7 +437,7 @@ TEST_P(AssetStoreOn, HoldsAsManyAssetsAsSixteenBitsCount) {
   if (unit != nullptr) unit->end();
 
   std::vector<std::string> reports;
-  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   state.CurrentRecord = newAsset({.id = "last"});
   std::int16_t index = 0;
   store.WriteData(index);

@@ -45,7 +45,8 @@ class StorePair {
   template <typename Step>
   void both(Step step) {
     {
-      const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+      const ErrorReportHook hook(
+          [&](const ErrorReport& report) { reports.push_back(report.text()); });
       step(store, state);
     }
     stepLiteral(step);
@@ -56,7 +57,7 @@ class StorePair {
   template <typename Step>
   void stepLiteral(Step step) {
     const ErrorReportHook hook(
-        [&](std::string_view report) { literal.reports.emplace_back(report); });
+        [&](const ErrorReport& report) { literal.reports.push_back(report.text()); });
     step(literal, literal);
   }
 

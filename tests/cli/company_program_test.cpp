@@ -79,7 +79,7 @@ TEST_F(CompanyProgram, HoldsAsManyAssetsAsItsNumbersCountAndNotOneMore) {
   const auto file = opened(file_);
   ASSERT_NE(file, nullptr);
   std::vector<std::string> reports;
-  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   StoreState state;
   state.m_orvcf = file;
   state.TableName = asset_table_name;

@@ -48,6 +48,27 @@ TEST(ErrorTrap, TakesAContainerThatCannotGrowForOutOfMemory) {
             (std::vector<std::string>{"P Error#7: Out of memory", "P Error#7: Out of memory"}));
 }
 
+TEST(ErrorTrap, TellsAListenerWithoutMemoryThatThereIsNone) {
+  std::vector<int> numbers;
+  const ErrorReportHook hook([&](const ErrorReport& report) {
+    numbers.push_back(report.number);
+    throw std::bad_alloc();
+  });
+  EXPECT_FALSE(trapped("P", [] { throw RuntimeError(75, "Permission denied"); }));
+  EXPECT_EQ(numbers, (std::vector<int>{75, 7}));
+}
+
+TEST(ErrorReportTest, SaysWhoseTheErrorIs) {
+  for (int number = 0; number < 500; ++number) {
+    const ErrorReport report{"P", number, "text"};
+    const bool of_values =
+        number == 5 || number == 6 || number == 9 || number == 11 || number == 13;
+    EXPECT_EQ(report.isOfValues(), of_values) << number;
+    EXPECT_EQ(report.isOfMemory(), number == 7) << number;
+    EXPECT_EQ(report.isOfHost(), !of_values && number != 7) << number;
+  }
+}
+
 TEST(ErrorTrap, LetsTheProgramsOwnMistakesThrough) {
   Reports reports;
   EXPECT_THROW(trapped("P", [] { throw std::logic_error("slip"); }), std::logic_error);
@@ -58,14 +79,14 @@ TEST(ErrorReportHookTest, NestsAndGivesBack) {
   Reports outer;
   {
     Reports inner;
-    ReportError("first");
-    EXPECT_EQ(inner.last(), "first");
+    ReportError({"P", 5, "first"});
+    EXPECT_EQ(inner.last(), "P Error#5: first");
   }
-  ReportError("second");
-  EXPECT_EQ(outer.all(), std::vector<std::string>{"second"});
+  ReportError({"P", 5, "second"});
+  EXPECT_EQ(outer.all(), std::vector<std::string>{"P Error#5: second"});
 }
 
-TEST(ErrorReportHookTest, NobodyListening) { EXPECT_NO_THROW(ReportError("unheard")); }
+TEST(ErrorReportHookTest, NobodyListening) { EXPECT_NO_THROW(ReportError({"P", 5, "unheard"})); }
 
 }  // namespace
 }  // namespace depcalc

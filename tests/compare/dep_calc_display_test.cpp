@@ -89,7 +89,7 @@ struct Comparison : ::testing::Test {
   Container container{stage};
   DepCalcDisplayCtl& screen = container.screen;
   std::vector<std::string> reports;
-  ErrorReportHook hook{[this](std::string_view report) { reports.emplace_back(report); }};
+  ErrorReportHook hook{[this](const ErrorReport& report) { reports.push_back(report.text()); }};
 };
 
 // --- Filling ----------------------------------------------------------------------------------

@@ -157,7 +157,7 @@ TEST_F(LifeCycle, TakesTheHostPalette) {
 
 TEST_F(LifeCycle, ReportsAFailingPaletteUnderOneName) {
   std::vector<std::string> reports;
-  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   stage.setHostPalette([](UserControl&) { throw RuntimeError::objectNotSet(); });
   container.two.SetupPalette();
   EXPECT_THAT(reports, ElementsAre("DepCalc::SetupPalette Error#91: Object variable or With "

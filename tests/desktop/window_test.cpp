@@ -318,14 +318,14 @@ TEST_F(Window, EveryPictureThatIsClickedHasAMnemonicThatNoMenuTakes) {
 
 TEST_F(Window, AFailureOfTheHostIsToldOnceWhenTheCalculatorHasEndedWhatItDoes) {
   newCompany();
-  for (const char* report : {"DepCalc::ReadData Error#13: Type mismatch",
-                             "DepCalc::Printbutton_Mouseup Error#482: Printer error"}) {
+  for (const ErrorReport& report : {ErrorReport{"DepCalc::ReadData", 13, "Type mismatch"},
+                                    {"DepCalc::Printbutton_Mouseup", 482, "Printer error"}}) {
     ReportError(report);
     settle();
-    EXPECT_TRUE(boxes.take().empty()) << report;
+    EXPECT_TRUE(boxes.take().empty()) << report.text();
   }
-  ReportError("DepCalc::WriteData Error#61: acme.company cannot be written: the disk is full.");
-  ReportError("DepCalc::Savebutton Error#91: Object variable not set");
+  ReportError({"DepCalc::WriteData", 61, "acme.company cannot be written: the disk is full."});
+  ReportError({"DepCalc::Savebutton", 91, "Object variable not set"});
   EXPECT_TRUE(boxes.take().empty()) << "not in the middle of it";
   settle();
   EXPECT_THAT(boxes.take(),
@@ -345,14 +345,15 @@ TEST_F(Window, NothingOfTheHostFailsWhereNoCompanyIsOpen) {
 TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) {
   newCompany();
   bool& refused = companies.companies.at(path().toStdString()).changes_refused;
-  ReportError("DepCalc::WriteData Error#7: Out of memory");
+  ReportError({"DepCalc::WriteData", 7, "Out of memory"});
   settle();
   EXPECT_EQ(boxes.take().size(), 1U);
-  ReportError("DepCalc::ReadData Error#13: Type mismatch");
+  ReportError({"DepCalc::ReadData", 13, "Type mismatch"});
   EXPECT_FALSE(refused);
-  for (const char* procedure : {"ReadData", "Get DepItem", "Let DepItem"}) {
+  for (const char* procedure :
+       {"DepCalc::ReadData", "DepCalc::Get DepItem", "DepCalc::Let DepItem"}) {
     refused = false;
-    ReportError("DepCalc::" + std::string(procedure) + " Error#7: Out of memory");
+    ReportError({procedure, 7, "Out of memory"});
     EXPECT_TRUE(refused) << procedure;
     EXPECT_EQ(status(1), "Out of memory: open the company again to change it");
     settle();

@@ -128,8 +128,8 @@ TEST(RandomWalk, HoldsOnToNoMoreAtTheEndOfALongSession) {
 
 TEST(RandomWalk, GoesOnWhenTheHostFailsNowAndThen) {
   unsigned failures = 0;
-  const ErrorReportHook hook([&failures](std::string_view report) {
-    if (report.find("Error#57: Device I/O error") != std::string_view::npos) ++failures;
+  const ErrorReportHook hook([&failures](const ErrorReport& report) {
+    if (report.number == 57 && report.description == "Device I/O error") ++failures;
   });
   for (unsigned seed = first_seed; seed < first_seed + walks() / 5; ++seed) {
     FlakyHost host;

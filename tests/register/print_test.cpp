@@ -342,7 +342,7 @@ TEST_F(Printing, ReportsAPageTooLowForARow) {
 TEST_F(Printing, SaysTheMessageThenDrawsAgainThenReports) {
   load(3, 19);
   log.clear();
-  const ErrorReportHook hook([&](std::string_view) {
+  const ErrorReportHook hook([&](const ErrorReport&) {
     log.emplace_back(table.redraw() ? "report" : "report before drawing");
   });
   RecordingPrinter printer(papers[0].width, papers[0].height);

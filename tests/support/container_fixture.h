@@ -58,7 +58,7 @@ struct ContainerFixture : ::testing::Test {
   std::vector<std::string> takeReports() { return std::exchange(reports, {}); }
 
   std::vector<std::string> reports;
-  ErrorReportHook hook{[this](std::string_view report) { reports.emplace_back(report); }};
+  ErrorReportHook hook{[this](const ErrorReport& report) { reports.push_back(report.text()); }};
   ScriptedSite site;
   TraceLines trace;
   Stage stage{site, &trace};

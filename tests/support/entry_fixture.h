@@ -96,7 +96,7 @@ struct EntryForm : ::testing::Test {
   EntryContainer container{stage};
   DepCalcCtl& form = container.form;
   std::vector<std::string> reports;
-  ErrorReportHook hook{[this](std::string_view report) { reports.emplace_back(report); }};
+  ErrorReportHook hook{[this](const ErrorReport& report) { reports.push_back(report.text()); }};
 };
 
 }  // namespace depcalc::testing

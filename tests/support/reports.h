@@ -15,7 +15,7 @@ class Reports {
 
  private:
   std::vector<std::string> reports_;
-  ErrorReportHook hook_{[this](std::string_view report) { reports_.emplace_back(report); }};
+  ErrorReportHook hook_{[this](const ErrorReport& report) { reports_.push_back(report.text()); }};
 };
 
 }  // namespace depcalc

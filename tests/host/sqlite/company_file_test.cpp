@@ -149,7 +149,8 @@ TEST_F(CompanyFile, ChangesNothingWhereChangesAreRefusedUntilItIsOpenedAgain) {
     const TableContent content = contentOf(*file);
     file->refuseChanges();
     std::vector<std::string> reports;
-    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    const ErrorReportHook hook(
+        [&](const ErrorReport& report) { reports.push_back(report.text()); });
     StoreState state;
     state.m_orvcf = file;
     state.TableName = asset_table_name;
@@ -180,7 +181,7 @@ TEST_F(CompanyFile, ReportsASaveThatTheDiskRefusesAndGoesOnAfterwards) {
   (void)store.open();
   const TableContent before = contentOf(*file);
   std::vector<std::string> reports;
-  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   const auto saveOne = [&] {
     state.CurrentRecord = newAsset({.id = "more"});
     std::int16_t index = 0;

@@ -53,7 +53,8 @@ class CompanyFile : public testing::Test {
   /// Saves new assets through the store; answers what it reported.
   static std::vector<std::string> save(const File& file, int assets, double life = 5) {
     std::vector<std::string> reports;
-    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    const ErrorReportHook hook(
+        [&](const ErrorReport& report) { reports.push_back(report.text()); });
     StoreState state;
     state.m_orvcf = file;
     AssetStore store(state, [] { return Date::carrying(2024, 6, 1); });

@@ -142,7 +142,8 @@ class RefusingDisk : public FailingDisk {
     restore(before_[i]);
     Session session(openOf(SqliteCompanyFile::open(path_, options(vfs_.name()))));
     std::vector<std::string> reports;
-    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    const ErrorReportHook hook(
+        [&](const ErrorReport& report) { reports.push_back(report.text()); });
     vfs_.failAt(n, failure, and_after);
     bool told = false;
     try {
@@ -181,7 +182,7 @@ class RefusingDisk : public FailingDisk {
 TEST_F(RefusingDisk, EndsTheOpeningOfTheStore) {
   Session session(openOf(SqliteCompanyFile::open(path_, options(vfs_.name()))));
   std::vector<std::string> reports;
-  const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+  const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   vfs_.failAt(1, Failure::disk_full, true);
   EXPECT_THROW((void)session.store.open(), FileTrouble) << "no view is answered";
   EXPECT_THAT(reports, testing::Each(HasSubstr("DepCalc::company file")));

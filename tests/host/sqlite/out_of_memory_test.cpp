@@ -148,7 +148,7 @@ TEST_F(OutOfMemory, ASaveThatStopsSaysSoAndHarmsNoOtherAsset) {
           state.CurrentRecord->AssetName("saved");
           std::int16_t index = 2;
           bool told = false;
-          const ErrorReportHook hook([&told](std::string_view) { told = true; });
+          const ErrorReportHook hook([&told](const ErrorReport&) { told = true; });
           {
             const FailingAllocation failing(in, n, and_after);
             store.WriteData(index);
