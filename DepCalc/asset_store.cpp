@@ -9,7 +9,7 @@ namespace {
 
 SummaryShare shareOf(const CalculateDep& asset, Date placed_in_service) {
   return {.first_year = firstFiscalYearOf(placed_in_service, asset.FYEnd()),
-          .units_of_production = isUnitsOfProduction(asset.DepMethod()),
+          .units_of_production = countsAsUnitsOfProduction(asset.DepMethod()),
           .partial_first_year = numberFromText(asset.DepConvention()) != 0.0,
           .life = asset.DepRecovery()};
 }
@@ -133,7 +133,7 @@ void AssetStore::setAmounts(HostRecord& record) {
   const std::int32_t last_blank = toInteger16HalfEven(state_.NumYrs + 1.0);
   for (std::int32_t y = 0; y <= last_blank; ++y) set(y, StoredValue::text(""));
   if (asset.DepMethod().empty()) return;
-  if (asset.DepMethod() == "UOP") {
+  if (isUnitsOfProduction(asset.DepMethod())) {
     set(0, StoredValue::currency(asset.DepItem(0)));
     return;
   }

@@ -7,6 +7,7 @@
 
 #include "DepCalc/asset_store.h"
 #include "common/trapped.h"
+#include "engine/method.h"
 #include "host/unit_of_work.h"
 #include "values/number_text.h"
 #include "values/rounding.h"
@@ -56,11 +57,6 @@ void AssetStore::change(Change&& change) {
 /// A table index; out of 16 bits is error 6.
 inline std::int16_t toIndex(std::int32_t index) {
   return toInteger16HalfEven(static_cast<double>(index));
-}
-
-/// In the summary both spellings count as units of production; elsewhere only the capitals do.
-inline bool isUnitsOfProduction(std::string_view method) {
-  return method == "uop" || method == "UOP";
 }
 
 /// Dates stored as dates mean the same tomorrow; texts may lack a year.

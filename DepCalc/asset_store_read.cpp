@@ -8,7 +8,7 @@ namespace {
 /// at the record itself, to end as it ends there.
 std::optional<SummaryShare> shareOf(const CalculateDep& asset, const std::string& convention,
                                     bool lasts) {
-  const bool units_of_production = isUnitsOfProduction(asset.DepMethod());
+  const bool units_of_production = countsAsUnitsOfProduction(asset.DepMethod());
   const auto number = tryNumberFromText(convention);
   if (!lasts || (!number && !units_of_production)) return std::nullopt;
   return SummaryShare{.first_year = firstFiscalYearOf(asset.AssetStartDate(), asset.FYEnd()),
@@ -63,7 +63,7 @@ void AssetStore::readAmounts(HostRecord& record, CalculateDep& asset) {
     const Currency amount = record.Fields().GetValue(amountName(year)).asCurrency();
     asset.DepItem(static_cast<std::int16_t>(year), amount);
   };
-  if (asset.DepMethod() == "UOP") {
+  if (isUnitsOfProduction(asset.DepMethod())) {
     read(0);
     return;
   }

@@ -65,7 +65,7 @@ void AssetStore::findSpan(HostTable& table) {
     const int offset = share.first_year - state_.StartYr;
     const std::string method = record->Fields().GetValue("DMethod").asText();
     std::int16_t span = 1;
-    share.units_of_production = isUnitsOfProduction(method);
+    share.units_of_production = countsAsUnitsOfProduction(method);
     if (!share.units_of_production) {
       share.life = record->Fields().GetValue("DRecovery").asDouble();
       share.partial_first_year = numberFromText(convention) != 0.0;

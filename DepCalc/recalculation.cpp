@@ -1,7 +1,6 @@
 #include "DepCalc/recalculation.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <variant>
 
@@ -30,7 +29,6 @@ std::string textOf(FormMessage message) { return std::string(messageOf(message).
 
 /// Why the entry form would not calculate `asset`; empty where it would.
 std::string refusedByForm(const CalculateDep& asset) {
-  constexpr std::array<std::string_view, 4> methods{"SL", "SYD", "DDB", "UOP"};
   if (asset.AssetStartDate().isNone()) return textOf(FormMessage::start_date_missing);
   if (asset.DepRecovery() == 0) return textOf(FormMessage::life_missing);
   if (asset.AssetBasis() == Currency()) return textOf(FormMessage::basis_missing);
@@ -42,7 +40,10 @@ std::string refusedByForm(const CalculateDep& asset) {
         refusalOf(productionCapacityRule({asset.AssetProdCap()}))}) {
     if (!refusal.empty()) return refusal;
   }
-  if (std::find(methods.begin(), methods.end(), asset.DepMethod()) == methods.end()) {
+  const bool known = std::any_of(methods.begin(), methods.end(), [&](const Method& method) {
+    return method.code == asset.DepMethod();
+  });
+  if (!known) {
     return "There is no method \"" + asset.DepMethod() + "\".";
   }
   if (asset.AssetStartDate().year() + asset.DepRecovery() >= last_year_of_calendar) {
@@ -66,7 +67,7 @@ AmountsByYear amountsOf(const CalculateDep& asset) {
   AmountsByYear amounts;
   if (asset.DepMethod().empty()) return amounts;
   const std::vector<Currency>& items = asset.depItems();
-  if (asset.DepMethod() == "UOP") {
+  if (isUnitsOfProduction(asset.DepMethod())) {
     amounts[std::nullopt] = items.empty() ? Currency() : items.front();
     return amounts;
   }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/first_fiscal_year.h"
+#include "engine/schedule_span.h"
 #include "values/rounding.h"
 
 namespace depcalc {
@@ -18,14 +20,11 @@ bool isCountable(const SummaryShare& share) {
 }  // namespace
 
 std::int16_t firstFiscalYearOf(Date placed_in_service, Date fiscal_year_end) {
-  const int year = placed_in_service.year();
-  const Date end = Date::carrying(year, fiscal_year_end.month(), fiscal_year_end.day());
-  return static_cast<std::int16_t>(end < placed_in_service ? year + 1 : year);
+  return static_cast<std::int16_t>(firstFiscalYear(placed_in_service, fiscal_year_end));
 }
 
 std::int16_t spanOf(int offset, double life, bool partial_first_year) {
-  const double whole = offset + life;
-  return toInteger16HalfEven(partial_first_year ? whole + 1.0 : whole);
+  return toInteger16HalfEven(fiscalYearsSpanned(offset + life, !partial_first_year));
 }
 
 void RegisterSummary::forget() {

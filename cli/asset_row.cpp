@@ -1,19 +1,18 @@
 #include "cli/asset_row.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <utility>
 
 #include "cli/data_text.h"
+#include "engine/convention.h"
+#include "engine/method.h"
 #include "host/fiscal_year.h"
 #include "values/number_text.h"
 #include "values/text.h"
 
 namespace depcalc {
 namespace {
-
-constexpr std::array<std::string_view, 4> method_names{"SL", "SYD", "DDB", "UOP"};
 
 /// Whether `text` has the shape of `pattern`, where 9 stands for a digit.
 bool hasShape(std::string_view text, std::string_view pattern) {
@@ -186,11 +185,11 @@ class RowReading {
 
   void readMethod() {
     const std::string_view name = trimmed(text(AssetColumn::method));
-    const auto* method =
-        std::find_if(method_names.begin(), method_names.end(),
-                     [&](std::string_view known) { return equalIgnoringCase(name, known); });
-    if (name.empty() || method != method_names.end()) {
-      return asset_.DepMethod(name.empty() ? "" : std::string(*method));
+    const auto* method = std::find_if(methods.begin(), methods.end(), [&](const Method& known) {
+      return equalIgnoringCase(name, known.code);
+    });
+    if (name.empty() || method != methods.end()) {
+      return asset_.DepMethod(name.empty() ? "" : std::string(method->code));
     }
     refuse(AssetColumn::method, "Please enter SL, SYD, DDB or UOP.");
   }

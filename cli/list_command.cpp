@@ -12,6 +12,7 @@
 #include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/text_columns.h"
+#include "engine/convention.h"
 #include "entry/field_rules.h"
 #include "values/display_format.h"
 #include "values/json_text.h"
@@ -31,7 +32,7 @@ std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep&
           start.isNone() ? "" : start.toIsoText(),
           asset.FYEnd().toIsoText(),
           numberToText(asset.DepRecovery()),
-          std::string(conventionItem(asset.DepConvention())),
+          std::string(conventionName(asset.DepConvention())),
           asset.AssetBasis().toFixed4(),
           asset.AssetSalvage().toFixed4(),
           asset.AssetProdCap(),
@@ -65,7 +66,7 @@ Row rowFor(std::int32_t number, const CalculateDep& asset) {
           formatMoney(asset.AssetBasis()),
           formatMoney(asset.AssetSalvage()),
           numberToText(asset.DepRecovery()),
-          std::string(conventionItem(asset.DepConvention())),
+          std::string(conventionName(asset.DepConvention())),
           printableText(asset.DepMethod())};
 }
 

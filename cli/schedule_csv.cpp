@@ -14,12 +14,12 @@ class CsvWriter final : public ScheduleWriter {
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
     id_ = fields_.text(asset.AssetID());
-    for (const NamedSchedule& named : named_schedules) {
-      prefix_.assign(id_).append(",").append(named.name).append(",");
+    for (const ScheduledMethod& scheduled : scheduled_methods) {
+      prefix_.assign(id_).append(",").append(scheduled.method.code).append(",");
       int year = schedules.first_fiscal_year;
-      for (const Currency amount : schedules.*named.amounts) writeYear(year++, amount);
+      for (const Currency amount : schedules.*scheduled.amounts) writeYear(year++, amount);
     }
-    prefix_.assign(id_).append(",UOP,");
+    prefix_.assign(id_).append(",").append(method_units_of_production).append(",");
     writeRate(schedules.rate);
   }
 

@@ -15,13 +15,13 @@ class JsonWriter final : public ScheduleWriter {
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
     id_ = jsonString(asset.AssetID());
-    for (const NamedSchedule& named : named_schedules) {
+    for (const ScheduledMethod& scheduled : scheduled_methods) {
       int year = schedules.first_fiscal_year;
-      for (const Currency amount : schedules.*named.amounts) {
-        writeRow(named.name, std::to_string(year++), amount);
+      for (const Currency amount : schedules.*scheduled.amounts) {
+        writeRow(scheduled.method.code, std::to_string(year++), amount);
       }
     }
-    writeRow("UOP", "null", schedules.rate);
+    writeRow(method_units_of_production, "null", schedules.rate);
   }
 
   void end() override { out_.write(any_row_ ? "\n]\n" : "]\n"); }

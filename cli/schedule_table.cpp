@@ -35,16 +35,17 @@ class TableWriter final : public ScheduleWriter {
     writeLine("Asset ID  " + padded(printableText(asset.AssetID()), 22) + "Name  " +
               printableText(asset.AssetName()));
     writeLine("");
-    writeRow("", [](const NamedSchedule& named) { return std::string(named.title); });
+    writeRow("",
+             [](const ScheduledMethod& scheduled) { return std::string(scheduled.method.name); });
     for (std::size_t i = 0; i < schedules.years; ++i) {
       const int year = schedules.first_fiscal_year + static_cast<int>(i);
-      writeRow("FY" + std::to_string(year), [&](const NamedSchedule& named) {
-        const auto& amounts = schedules.*named.amounts;
+      writeRow("FY" + std::to_string(year), [&](const ScheduledMethod& scheduled) {
+        const auto& amounts = schedules.*scheduled.amounts;
         return amounts.empty() ? "" : formatMoney(amounts[i]);
       });
     }
-    writeRow("TOTAL", [&](const NamedSchedule& named) {
-      const auto& amounts = schedules.*named.amounts;
+    writeRow("TOTAL", [&](const ScheduledMethod& scheduled) {
+      const auto& amounts = schedules.*scheduled.amounts;
       return amounts.empty() ? "" : formatMoney(total(amounts));
     });
     if (asset.AssetProdCap() == "0") return;
@@ -58,8 +59,8 @@ class TableWriter final : public ScheduleWriter {
   template <typename Cell>
   void writeRow(std::string heading, Cell cell) {
     std::string line = padded(std::move(heading), year_width);
-    for (const NamedSchedule& named : named_schedules) {
-      line += rightAligned(cell(named), amountWidth(named.title));
+    for (const ScheduledMethod& scheduled : scheduled_methods) {
+      line += rightAligned(cell(scheduled), amountWidth(scheduled.method.name));
     }
     writeLine(std::move(line));
   }

@@ -1,10 +1,7 @@
 // The formats in which schedules are written.
 #pragma once
 
-#include <array>
 #include <memory>
-#include <string_view>
-#include <vector>
 
 #include "cli/data_text.h"
 #include "cli/output.h"
@@ -27,17 +24,5 @@ std::unique_ptr<ScheduleWriter> tableWriter(Output& out);
 std::unique_ptr<ScheduleWriter> csvWriter(Output& out, CsvFields fields);
 /// The same rows as objects, amounts as texts so that no reader rounds them.
 std::unique_ptr<ScheduleWriter> jsonWriter(Output& out);
-
-/// A schedule and the name that data files have for it.
-struct NamedSchedule {
-  std::string_view name;
-  std::string_view title;
-  std::vector<Currency> Schedules::*amounts;
-};
-
-inline constexpr std::array<NamedSchedule, 3> named_schedules{
-    {{"SL", "Straight Line", &Schedules::straight_line},
-     {"SYD", "Sum of the Years' Digits", &Schedules::sum_of_years_digits},
-     {"DDB", "Double Declining Balance", &Schedules::double_declining_balance}}};
 
 }  // namespace depcalc

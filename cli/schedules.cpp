@@ -1,15 +1,10 @@
 #include "cli/schedules.h"
 
 #include "engine/first_fiscal_year.h"
-#include "values/rounding.h"
+#include "engine/schedule_span.h"
 
 namespace depcalc {
 namespace {
-
-std::size_t yearsShown(const CalculateDep& asset) {
-  const int partial_year = isFullYear(asset) ? 0 : 1;
-  return static_cast<std::size_t>(toInteger16HalfEven(asset.DepRecovery() + partial_year));
-}
 
 /// Cuts a schedule, which has room for one or two years more, to the years shown.
 void show(std::vector<Currency>& amounts, std::size_t years) {
@@ -20,7 +15,7 @@ void show(std::vector<Currency>& amounts, std::size_t years) {
 
 void calculateSchedules(CalculateDep& asset, Schedules& schedules) {
   schedules.first_fiscal_year = firstFiscalYearEnd(asset.AssetStartDate(), asset.FYEnd()).year();
-  schedules.years = yearsShown(asset);
+  schedules.years = static_cast<std::size_t>(fiscalYearsSpanned(asset));
   calculateAllMethods(asset, schedules);
   show(schedules.straight_line, schedules.years);
   show(schedules.sum_of_years_digits, schedules.years);

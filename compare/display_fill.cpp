@@ -1,6 +1,9 @@
 // How the comparison screen calculates and shows a record.
 #include "common/trapped.h"
 #include "compare/dep_calc_display_ctl.h"
+#include "engine/first_fiscal_year.h"
+#include "engine/method.h"
+#include "engine/schedule_span.h"
 #include "values/display_format.h"
 #include "values/number_text.h"
 #include "values/rounding.h"
@@ -10,8 +13,6 @@ namespace depcalc {
 namespace {
 
 constexpr int year_column = 0;
-constexpr const char* schedule_names[] = {"Straight Line", "Sum of the Years' Digits",
-                                          "Double Declining Balance"};
 
 // Twips.
 constexpr int row_height = 360;
@@ -27,14 +28,6 @@ class DrawingPaused {
  private:
   Grid& grid_;
 };
-
-/// The year in which the fiscal year of `start` ends: that of `start`, or the next one where the
-/// fiscal year's last day of that year has gone by. A last day that the year does not have (29
-/// February) is error 13.
-int firstFiscalYear(Date start, Date fiscal_year_end) {
-  const Date end = Date::strict(start.year(), fiscal_year_end.month(), fiscal_year_end.day());
-  return end >= start ? start.year() : start.year() + 1;
-}
 
 }  // namespace
 
@@ -57,7 +50,7 @@ void DepCalcDisplayCtl::fill() {
   forgetEarlierFill();
   AName.setText(record_->AssetName());
   AID.setText(record_->AssetID());
-  years_ = toInteger16HalfEven(record_->DepRecovery() + (isFullYear(*record_) ? 0 : 1));
+  years_ = fiscalYearsSpanned(*record_);
   selectOption();
   keepPrior();
   sizeTable();
@@ -102,9 +95,9 @@ void DepCalcDisplayCtl::sizeTable() {
 
 void DepCalcDisplayCtl::writeHeaders() {
   for (int column = 1; column <= 3; ++column) {
-    DisplayTable.setText(0, column, schedule_names[column - 1]);
+    DisplayTable.setText(0, column, methods[static_cast<std::size_t>(column) - 1].name);
   }
-  const int first_year = firstFiscalYear(record_->AssetStartDate(), record_->FYEnd());
+  const int first_year = firstFiscalYearStrict(record_->AssetStartDate(), record_->FYEnd());
   for (int i = 0; i < years_; ++i) {
     DisplayTable.setText(i + 1, year_column, "FY" + std::to_string(first_year + i));
   }

@@ -1,7 +1,7 @@
 // What the comparison screen writes into the record.
 #include "common/trapped.h"
 #include "compare/dep_calc_display_ctl.h"
-#include "values/rounding.h"
+#include "engine/schedule_span.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -16,10 +16,10 @@ Currency amountAt(const std::vector<Currency>& amounts, std::int16_t index) {
 
 void DepCalcDisplayCtl::selectOption() {
   const std::string& method = record_->DepMethod();
-  OptionButton& chosen = method == "SYD"   ? SYDOption
-                         : method == "DDB" ? DDBOption
-                         : method == "UOP" ? UoPOption
-                                           : SLOption;
+  OptionButton& chosen = method == method_sum_of_years_digits        ? SYDOption
+                         : method == method_double_declining_balance ? DDBOption
+                         : isUnitsOfProduction(method)               ? UoPOption
+                                                                     : SLOption;
   for (OptionButton* option : {&SLOption, &SYDOption, &DDBOption, &UoPOption}) {
     option->setValue(option == &chosen);
   }
@@ -35,10 +35,10 @@ void DepCalcDisplayCtl::choose(OptionButton& option) {
 
 void DepCalcDisplayCtl::PopulateDepInfo() {
   trapped("DepCalcDisplay::PopulateDepInfo", [this] {
-    const std::string_view method = DDBOption.value()   ? "DDB"
-                                    : SLOption.value()  ? "SL"
-                                    : SYDOption.value() ? "SYD"
-                                    : UoPOption.value() ? "UOP"
+    const std::string_view method = DDBOption.value()   ? method_double_declining_balance
+                                    : SLOption.value()  ? method_straight_line
+                                    : SYDOption.value() ? method_sum_of_years_digits
+                                    : UoPOption.value() ? method_units_of_production
                                                         : "";
     if (!method.empty()) chooseMethod(record(), method, results_);
   });
@@ -46,8 +46,7 @@ void DepCalcDisplayCtl::PopulateDepInfo() {
 
 void DepCalcDisplayCtl::RevertDepInfo() {
   trapped("DepCalcDisplay::RevertDepInfo", [this] {
-    const std::int16_t last =
-        toInteger16HalfEven(record().DepRecovery() - (isFullYear(record()) ? 1 : 0));
+    const std::int16_t last = lastFiscalYearSpanned(record());
     record().DepMethod(prior_method_);
     for (std::int16_t i = 0; i <= last; ++i) record().DepItem(i, amountAt(prior_amounts_, i));
   });

@@ -13,6 +13,15 @@ namespace depcalc {
 /// 1 March; one before the start moves on a year, where 29 February becomes 28 February.
 Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end);
 
+/// The year of that date, which names the fiscal year, for any dates. This rule always comes to a
+/// year: what is calculated, kept and summed up goes by it.
+int firstFiscalYear(Date placed_in_service, Date fiscal_year_end);
+
+/// The same by a stricter rule: a last day that the start's calendar year does not have (29
+/// February) is error 13. The screens line amounts up by it and stop at such an asset, which is
+/// how they are defined; no other day makes a difference.
+int firstFiscalYearStrict(Date placed_in_service, Date fiscal_year_end);
+
 /// The day after the same date one year earlier.
 Date firstFiscalYearStart(Date first_fiscal_year_end);
 

@@ -3,9 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/convention.h"
-#include "values/number_text.h"
-#include "values/rounding.h"
+#include "engine/schedule_span.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -13,7 +11,7 @@ namespace {
 
 void writeSchedule(CalculateDep& asset, std::string_view method,
                    const std::vector<Currency>& amounts) {
-  const std::int16_t last = toInteger16HalfEven(asset.DepRecovery() - (isFullYear(asset) ? 1 : 0));
+  const std::int16_t last = lastFiscalYearSpanned(asset);
   asset.DepMethod(std::string(method));
   for (std::int16_t i = 0; i <= last; ++i) {
     if (static_cast<std::size_t>(i) >= amounts.size()) throw RuntimeError::subscriptOutOfRange();
@@ -30,16 +28,12 @@ void calculateAllMethods(CalculateDep& asset, MethodResults& results) {
   results.rate = asset.UnitsofProduction();
 }
 
-bool isFullYear(const CalculateDep& asset) {
-  return toLong32HalfEven(numberFromText(asset.DepConvention())) == cdepfullyear;
-}
-
 void chooseMethod(CalculateDep& asset, std::string_view method, const MethodResults& results) {
-  if (method == "DDB") writeSchedule(asset, method, results.double_declining_balance);
-  if (method == "SL") writeSchedule(asset, method, results.straight_line);
-  if (method == "SYD") writeSchedule(asset, method, results.sum_of_years_digits);
-  if (method != "UOP") return;
-  asset.DepMethod("UOP");
+  for (const ScheduledMethod& scheduled : scheduled_methods) {
+    if (method == scheduled.method.code) writeSchedule(asset, method, results.*scheduled.amounts);
+  }
+  if (!isUnitsOfProduction(method)) return;
+  asset.DepMethod(std::string(method));
   asset.DepItem(0, results.rate);
 }
 

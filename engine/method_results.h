@@ -1,10 +1,12 @@
 // The four calculations of an asset and the choice of one.
 #pragma once
 
+#include <array>
 #include <string_view>
 #include <vector>
 
 #include "engine/calculate_dep.h"
+#include "engine/method.h"
 
 namespace depcalc {
 
@@ -16,16 +18,24 @@ struct MethodResults {
   Currency rate;  ///< per unit of production
 };
 
+/// A method that gives a schedule, and where its amounts are.
+struct ScheduledMethod {
+  Method method;
+  std::vector<Currency> MethodResults::*amounts;
+};
+
+/// In the order in which they are calculated.
+inline constexpr std::array<ScheduledMethod, 3> scheduled_methods{
+    {{methods[0], &MethodResults::straight_line},
+     {methods[1], &MethodResults::sum_of_years_digits},
+     {methods[2], &MethodResults::double_declining_balance}}};
+
 /// Calculates `asset` by every method. The straight line comes first: the others use its share of
 /// the first fiscal year. A life whose amounts cannot be held is an error to the caller. The
 /// storage of `results` is used again.
 void calculateAllMethods(CalculateDep& asset, MethodResults& results);
 
-/// Whether the asset takes a whole year's depreciation in its first fiscal year, and so has no
-/// year more than its life.
-bool isFullYear(const CalculateDep& asset);
-
-/// Makes `method` ("SL", "SYD", "DDB", "UOP") the asset's, and its results the asset's amounts:
+/// Makes the method of that code the asset's, and its results the asset's amounts:
 /// the rate alone for units of production, whatever stands behind it is never read. Any other
 /// text changes nothing. The method stands in the asset even where its amounts then cannot be
 /// written: a missing one is error 9.

@@ -1,6 +1,7 @@
 #include "entry/dep_calc_ctl.h"
 
 #include "common/trapped.h"
+#include "engine/convention.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {

@@ -1,5 +1,6 @@
 // How the entry form shows a record.
 #include "common/trapped.h"
+#include "engine/convention.h"
 #include "entry/dep_calc_ctl.h"
 #include "values/display_format.h"
 #include "values/number_text.h"
@@ -55,7 +56,7 @@ void DepCalcCtl::fillFromRecord() {
   SalvageText.setText(salvage == Currency() ? "0" : formatMoney(salvage));
   const double life = asset.DepRecovery();
   DRecoveryText.setText(life == 0 ? "" : numberToText(life));
-  DConvList.setText(conventionItem(asset.DepConvention()));
+  DConvList.setText(conventionName(asset.DepConvention()));
   const Date year_end = asset.FYEnd().isNone() ? fiscal_year_end_ : asset.FYEnd();
   FYEndText.setText(year_end.isNone() ? "" : firstMonthText(year_end));
 }

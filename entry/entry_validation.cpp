@@ -4,6 +4,7 @@
 // itself and keeps the focus. A text that cannot be read ends the handler quietly, with the focus
 // free to go and the text still marked as changed.
 #include "common/trapped.h"
+#include "engine/convention.h"
 #include "entry/dep_calc_ctl.h"
 
 namespace depcalc {

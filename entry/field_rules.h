@@ -97,22 +97,6 @@ Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text,
 Checked<std::string> productionCapacityRule(FieldInput field,
                                             const Locale& locale = Locale::enUs());
 
-// --- Convention ----------------------------------------------------------------------------
-
-/// The items of the list; the position is the convention's number.
-inline constexpr std::array<std::string_view, 5> convention_names{
-    "Full Year", "Half Year", "Full Month", "Half Month", "Actual Days"};
-
-/// The digit text that the record keeps for a list item; "0" for any other text.
-std::string_view conventionDigit(std::string_view list_text);
-
-/// The list item for a record's digit text; "Full Year" for any other text.
-std::string_view conventionItem(std::string_view digit);
-
-/// The digit text for a convention's number or name in any case; empty for any other text. For
-/// data files, where a slip must not pass as Full Year.
-std::optional<std::string_view> conventionFromFile(std::string_view text);
-
 // --- Free texts ----------------------------------------------------------------------------
 
 inline constexpr std::size_t most_text_characters = 20;

@@ -1,10 +1,12 @@
 // How the register's table is filled.
 #include <algorithm>
-#include <array>
 #include <string>
 #include <string_view>
 
 #include "common/trapped.h"
+#include "engine/convention.h"
+#include "engine/first_fiscal_year.h"
+#include "engine/method.h"
 #include "register/dep_calc_view.h"
 #include "values/display_format.h"
 #include "values/number_text.h"
@@ -29,24 +31,6 @@ enum FieldRow : int {
   row_rate,
 };
 static_assert(row_rate + 1 == DepCalcView::first_year_row);
-
-/// By their codes "0" to "4".
-constexpr std::array<std::string_view, 5> convention_texts = {
-    "Full Year", "Half Year", "Full Month", "Half Month", "Actual Days"};
-
-std::string_view conventionText(std::string_view code) {
-  const bool named = code.size() == 1 && code[0] >= '1' && code[0] <= '4';
-  return convention_texts[named ? static_cast<std::size_t>(code[0] - '0') : 0];
-}
-
-/// The fiscal year that an asset begins in, by the calendar year in which it ends. A fiscal-year
-/// end that the start's year does not have (29 February) is error 13.
-int firstFiscalYear(const CalculateDep& asset) {
-  const Date start = asset.AssetStartDate();
-  const auto year_end = asset.FYEnd().parts();
-  const int year = start.year();
-  return Date::strict(year, year_end.month, year_end.day) < start ? year + 1 : year;
-}
 
 std::string yearCaption(int year) { return "FY" + std::to_string(year); }
 
@@ -102,7 +86,7 @@ void DepCalcView::fillColumn(int column, CalculateDep& asset) {
   fillFields(column, asset);
   const int rows_below = toLong32HalfEven(myNumYrs + 1);
   for (int k = 0; k <= rows_below; ++k) AssetViewTable.setText(row_rate + k, column, {});
-  if (asset.DepMethod() == "uop" || asset.DepMethod() == "UOP") {
+  if (countsAsUnitsOfProduction(asset.DepMethod())) {
     const Currency rate = asset.DepItem(0);
     if (rate != Currency()) AssetViewTable.setText(row_rate, column, formatRate(rate));
     return;
@@ -126,13 +110,13 @@ void DepCalcView::fillFields(int column, const CalculateDep& asset) {
   set(row_basis, formatMoney(asset.AssetBasis()));
   set(row_salvage, formatMoney(asset.AssetSalvage()));
   set(row_depreciation_basis, formatMoney(asset.AssetBasis() - asset.AssetSalvage()));
-  set(row_convention, conventionText(asset.DepConvention()));
+  set(row_convention, conventionName(asset.DepConvention()));
   set(row_life, numberToText(asset.DepRecovery()));
   set(row_method, asset.DepMethod());
 }
 
 void DepCalcView::fillYears(int column, CalculateDep& asset) {
-  const int offset = firstFiscalYear(asset) - myStartYr;
+  const int offset = firstFiscalYearStrict(asset.AssetStartDate(), asset.FYEnd()) - myStartYr;
   if (offset < 0) return;
   AssetViewTable.setText(row_rate, column, {});
   // The last year row stays empty when the longest schedule decides how many there are.

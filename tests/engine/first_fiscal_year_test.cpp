@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <cmath>
 
 #include "engine/convention.h"
 #include "engine/first_year_fraction.h"
+#include "tests/support/error_of.h"
 
 namespace depcalc {
 namespace {
@@ -196,6 +198,39 @@ TEST(FirstYearFraction, OfMonthsAgreesWithCountingMonthsOverEightYears) {
           << placed.toText() << " " << month;
     }
   }
+}
+
+TEST(FirstFiscalYear, IsNamedByTheYearThatItEndsIn) {
+  const struct {
+    const char* placed;
+    int month;
+    int day;
+    int year;
+  } cases[] = {
+      {"2023-07-01", 12, 31, 2023}, {"2023-12-31", 12, 31, 2023}, {"2024-01-01", 12, 31, 2024},
+      {"2001-11-15", 9, 30, 2002},  {"2001-09-30", 9, 30, 2001},  {"2001-10-01", 9, 30, 2002},
+      {"2024-02-29", 2, 29, 2024},  {"2024-03-01", 2, 29, 2025},  {"2024-02-29", 2, 28, 2025},
+  };
+  for (const auto& c : cases) {
+    const Date placed = Date::fromText(c.placed, Date());
+    const Date end = Date::strict(2024, c.month, c.day);
+    EXPECT_EQ(firstFiscalYear(placed, end), c.year) << c.placed;
+    EXPECT_EQ(firstFiscalYearStrict(placed, end), c.year) << c.placed;
+    EXPECT_EQ(firstFiscalYearEnd(placed, end).year(), c.year) << c.placed;
+  }
+}
+
+TEST(FirstFiscalYear, OfALeapDayThatTheYearLacksIsCarriedOrRefused) {
+  const Date leap_day = Date::strict(2024, 2, 29);
+  for (const auto& [month, day, year] : {std::array{2, 28, 2023}, {3, 1, 2023}, {3, 2, 2024}}) {
+    const Date placed = Date::strict(2023, month, day);
+    EXPECT_EQ(firstFiscalYear(placed, leap_day), year) << month << '/' << day;
+    EXPECT_EQ(errorOf([&] { firstFiscalYearStrict(placed, leap_day); }), 13) << month << '/' << day;
+  }
+}
+
+TEST(FirstFiscalYear, CanBeOneBeyondTheCalendar) {
+  EXPECT_EQ(firstFiscalYear(Date::strict(9999, 7, 1), Date::strict(2024, 6, 30)), 10000);
 }
 
 }  // namespace

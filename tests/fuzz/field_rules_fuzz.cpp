@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/convention.h"
 #include "entry/field_rules.h"
 #include "tests/fuzz/property.h"
 #include "values/number_text.h"
@@ -95,7 +96,7 @@ void checkTyping(const std::string& text) {
   mustHold(refused == (!text.empty() && !isNumeric(text)), "only numbers can be typed");
   const KeyAnswer key = limitedKey(text, U'x');
   mustHold(key.discard == (characterCount(text) >= most_text_characters), "20 characters");
-  mustHold(conventionFromFile(conventionItem(text)) == conventionDigit(conventionItem(text)),
+  mustHold(conventionFromFile(conventionName(text)) == conventionDigit(conventionName(text)),
            "items have their digit");
 }
 

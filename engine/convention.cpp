@@ -1,22 +1,23 @@
-// The convention as list item, as digit and as a data file may write it.
-#include "entry/field_rules.h"
+#include "engine/convention.h"
+
 #include "values/text.h"
 
 namespace depcalc {
 namespace {
 
 constexpr std::array<std::string_view, convention_names.size()> digits{"0", "1", "2", "3", "4"};
+static_assert(convention_names.size() == cdepActualDays + 1);
 
 }  // namespace
 
-std::string_view conventionDigit(std::string_view list_text) {
+std::string_view conventionDigit(std::string_view name) {
   for (std::size_t i = 0; i < convention_names.size(); ++i) {
-    if (list_text == convention_names[i]) return digits[i];
+    if (name == convention_names[i]) return digits[i];
   }
   return digits.front();
 }
 
-std::string_view conventionItem(std::string_view digit) {
+std::string_view conventionName(std::string_view digit) {
   for (std::size_t i = 0; i < digits.size(); ++i) {
     if (digit == digits[i]) return convention_names[i];
   }
