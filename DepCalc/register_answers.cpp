@@ -1,6 +1,7 @@
 #include "DepCalc/register_answers.h"
 
 #include "DepCalc/dep_calc_cont.h"
+#include "DepCalc/register_reading.h"
 #include "common/trapped.h"
 
 namespace depcalc {
@@ -12,13 +13,10 @@ void RegisterAnswers::GetCalcDepAll(CalculateDepArray& myCalcDep, std::int16_t& 
     if (count == 0) return;
     // One element more than there are assets; the last stays empty.
     CalculateDepArray& all = container_.AllRecords_.emplace(static_cast<std::size_t>(count));
-    container_.refreshSummary();
-    myStartYr = container_.state_.StartYr;
-    myNumYrs = container_.state_.NumYrs;
-    myNumAssets = container_.state_.NumAssets;
-    for (std::size_t asset = 0; asset + 1 < all.size(); ++asset) {
-      all[asset] = container_.store_.ReadData(static_cast<std::int16_t>(asset + 1));
-    }
+    AssetStore& store = container_.store_;
+    readRegister(
+        store, container_.state_, [&store](std::int16_t index) { return store.ReadData(index); },
+        all, myStartYr, myNumYrs, myNumAssets);
     myCalcDep = all;
   });
 }

@@ -1,22 +1,19 @@
 #include "cli/deletion.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "DepCalc/saved_types.h"
+#include "register/register_array.h"
 
 namespace depcalc {
 namespace {
 
-/// What the register hands to the store: the assets that stay and an empty slot behind them, or
-/// two empty slots when none stays.
-std::vector<CalculateDepPtr> remainingAssets(Company& company, std::int32_t number) {
+/// The register's array: the assets and an empty slot behind them.
+CalculateDepArray allAssets(Company& company) {
+  CalculateDepArray assets;
   const std::int32_t count = company.assetCount();
-  std::vector<CalculateDepPtr> assets;
-  for (std::int32_t i = 1; i <= count; ++i) {
-    if (i != number) assets.push_back(company.asset(i));
-  }
-  assets.resize(count == 1 ? 2 : static_cast<std::size_t>(count));
+  for (std::int32_t i = 1; i <= count; ++i) assets.push_back(company.asset(i));
+  assets.emplace_back();
   return assets;
 }
 
@@ -39,10 +36,9 @@ std::optional<std::string> deleteAsset(Company& company, std::int32_t number) {
   if (auto loss = whatWouldBeLost(company, number)) return loss;
   return company.changeAtOnce([&] {
     company.store().open();
-    const auto assets = remainingAssets(company, number);
-    // The only asset's deletion is always announced with index 1.
-    const std::int32_t index = company.assetCount() == 1 ? 1 : number - 1;
-    company.store().DeleteRecord(assets, static_cast<std::int16_t>(index));
+    CalculateDepArray assets = allAssets(company);
+    const std::int16_t index = takeOut(assets, number, company.assetCount());
+    company.store().DeleteRecord(assets, index);
   });
 }
 

@@ -1,5 +1,6 @@
 #include "cli/register_page.h"
 
+#include "DepCalc/register_reading.h"
 #include "common/report_error.h"
 #include "controls/user.h"
 #include "register/print_pages.h"
@@ -36,14 +37,11 @@ class RegisterPage::Container final : public UserControl, private DepCalcViewEve
                      std::int16_t& myNumAssets) override {
     const std::int32_t count = company_.assetCount();
     if (count == 0) return;
-    StoreState& state = company_.state();
-    company_.store().ReadTableInfo(state.StartYr, state.NumYrs, state.NumAssets, state.FYEnd);
-    myStartYr = state.StartYr;
-    myNumYrs = state.NumYrs;
-    myNumAssets = state.NumAssets;
-    myCalcDep.clear();
-    for (std::int32_t i = 1; i <= count; ++i) myCalcDep.push_back(company_.asset(i));
-    myCalcDep.emplace_back();
+    myCalcDep.assign(static_cast<std::size_t>(count) + 1, nullptr);
+    readRegister(
+        company_.store(), company_.state(),
+        [this](std::int16_t index) { return company_.asset(index); }, myCalcDep, myStartYr,
+        myNumYrs, myNumAssets);
   }
   void GetCalcDep(CalculateDepPtr& myCalcDep) override {
     myCalcDep = company_.state().CurrentRecord;

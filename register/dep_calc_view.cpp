@@ -3,7 +3,7 @@
 #include <array>
 
 #include "common/trapped.h"
-#include "values/rounding.h"
+#include "register/register_array.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -152,14 +152,8 @@ void DepCalcView::AssetViewTable_DeleteButton_MouseUp() {
 
 void DepCalcView::deleteAsset(int column) {
   site().setPointer(Pointer::hourglass);
-  if (AssetViewTable.columns() < 3) {
-    myCalcDep.assign(2, nullptr);
-    events_.DeleteButtonClick(myCalcDep, 1);
-  } else {
-    for (int j = column - 1; j < myNumAssets; ++j) slot(j) = slot(j + 1);
-    myCalcDep.resize(static_cast<std::size_t>(myNumAssets));
-    events_.DeleteButtonClick(myCalcDep, toInteger16HalfEven(column - 1));
-  }
+  const std::int16_t index = takeOut(myCalcDep, column, AssetViewTable.columns() - 1);
+  events_.DeleteButtonClick(myCalcDep, index);
   site().setPointer(Pointer::normal);
   ArrangeControls();
   myLoaded = false;
