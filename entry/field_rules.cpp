@@ -44,48 +44,44 @@ std::string withSlashesInserted(std::string_view text, Date today) {
   return s;
 }
 
-Accepted<Currency> acceptedAmount(std::string_view text, const Locale& locale) {
+Accepted<Currency> acceptedAmount(std::string_view text) {
   if (text.empty()) return {Currency(), true};
-  return {moneyAsShown(text, locale)};
+  return {moneyAsShown(text)};
 }
 
-std::optional<FieldMessage> lifeRefused(std::string_view text, const Locale& locale) {
-  const auto years = tryNumberFromText(text, locale);
+std::optional<FieldMessage> lifeRefused(std::string_view text) {
+  const auto years = tryNumberFromText(text);
   if (!years) return FieldMessage::life_not_numeric;
   if (*years < 1) return FieldMessage::life_not_positive;
   if (*years > longest_life) return FieldMessage::life_too_long;
   return std::nullopt;
 }
 
-std::optional<FieldMessage> basisRefused(std::string_view text, std::string_view salvage_text,
-                                         const Locale& locale) {
-  const auto basis = tryNumberFromText(text, locale);
+std::optional<FieldMessage> basisRefused(std::string_view text, std::string_view salvage_text) {
+  const auto basis = tryNumberFromText(text);
   if (!basis) return FieldMessage::basis_not_numeric;
   if (*basis < 0) return FieldMessage::basis_negative;
   if (*basis == 0) return FieldMessage::basis_zero;
   if (*basis > largest_amount) return FieldMessage::basis_too_large;
-  if (!salvage_text.empty() &&
-      Currency::fromText(text, locale) < Currency::fromText(salvage_text, locale)) {
+  if (!salvage_text.empty() && Currency::fromText(text) < Currency::fromText(salvage_text)) {
     return FieldMessage::basis_below_salvage;
   }
   return std::nullopt;
 }
 
-std::optional<FieldMessage> salvageRefused(std::string_view text, std::string_view basis_text,
-                                           const Locale& locale) {
-  const auto salvage = tryNumberFromText(text, locale);
+std::optional<FieldMessage> salvageRefused(std::string_view text, std::string_view basis_text) {
+  const auto salvage = tryNumberFromText(text);
   if (!salvage) return FieldMessage::salvage_not_numeric;
   if (*salvage < 0) return FieldMessage::salvage_negative;
   if (*salvage > largest_amount) return FieldMessage::salvage_too_large;
-  if (!basis_text.empty() &&
-      Currency::fromText(text, locale) > Currency::fromText(basis_text, locale)) {
+  if (!basis_text.empty() && Currency::fromText(text) > Currency::fromText(basis_text)) {
     return FieldMessage::salvage_above_basis;
   }
   return std::nullopt;
 }
 
-std::optional<FieldMessage> capacityRefused(std::string_view text, const Locale& locale) {
-  const auto units = tryNumberFromText(text, locale);
+std::optional<FieldMessage> capacityRefused(std::string_view text) {
+  const auto units = tryNumberFromText(text);
   if (!units) return FieldMessage::capacity_not_numeric;
   if (*units < 0) return FieldMessage::capacity_negative;
   return std::nullopt;
@@ -95,28 +91,26 @@ bool mustCheck(FieldInput field) { return field.changed && !field.text.empty(); 
 
 }  // namespace
 
-std::string shownText(const Accepted<Date>& field, const Locale& /*locale*/) {
+std::string shownText(const Accepted<Date>& field) {
   return field.blank ? "" : field.value.toText();
 }
-std::string shownText(const Accepted<double>& field, const Locale& locale) {
-  return field.blank ? "" : numberToText(field.value, locale);
+std::string shownText(const Accepted<double>& field) {
+  return field.blank ? "" : numberToText(field.value);
 }
-std::string shownText(const Accepted<Currency>& field, const Locale& locale) {
-  return field.blank ? "" : formatMoney(field.value, locale);
+std::string shownText(const Accepted<Currency>& field) {
+  return field.blank ? "" : formatMoney(field.value);
 }
-std::string shownText(const Accepted<std::string>& field, const Locale& /*locale*/) {
-  return field.blank ? "" : field.value;
-}
+std::string shownText(const Accepted<std::string>& field) { return field.blank ? "" : field.value; }
 
-Checked<std::string> normalisedDateText(FieldInput field, Date today, const Locale& locale) {
+Checked<std::string> normalisedDateText(FieldInput field, Date today) {
   const std::string_view text = field.text;
   const bool dots = contains(text, '.');
-  if (!mustCheck(field) || (!dots && Date::isDate(text, today, locale))) {
+  if (!mustCheck(field) || (!dots && Date::isDate(text, today))) {
     return Accepted<std::string>{std::string(text)};
   }
   const std::string candidate =
       dots || contains(text, '/') ? withSlashes(text, today) : withSlashesInserted(text, today);
-  const auto date = Date::tryFromText(candidate, today, locale);
+  const auto date = Date::tryFromText(candidate, today);
   if (!date) return Rejected{FieldMessage::date_not_valid};
   return Accepted<std::string>{date->toText()};
 }
@@ -127,14 +121,13 @@ std::optional<Rejected> refusedByDateLimit(Date date, Date today) {
   return std::nullopt;
 }
 
-Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit,
-                                  const Locale& locale) {
+Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit) {
   // A date that reads as it stands, the usual case, needs no second look at its text.
-  auto date = Date::tryFromText(field.text, today, locale);
+  auto date = Date::tryFromText(field.text, today);
   if (!date || contains(field.text, '.')) {
-    const auto normalised = normalisedDateText(field, today, locale);
+    const auto normalised = normalisedDateText(field, today);
     if (const auto* refusal = std::get_if<Rejected>(&normalised)) return *refusal;
-    date = Date::fromText(std::get<Accepted<std::string>>(normalised).value, today, locale);
+    date = Date::fromText(std::get<Accepted<std::string>>(normalised).value, today);
   }
   if (limit == DateLimit::fifty_years) {
     if (const auto refusal = refusedByDateLimit(*date, today)) return *refusal;
@@ -142,47 +135,46 @@ Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit,
   return Accepted<Date>{*date};
 }
 
-std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view text,
-                                           const Locale& locale) {
+std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view text) {
   static constexpr std::array messages{
       FieldMessage::life_not_numeric, FieldMessage::basis_not_numeric,
       FieldMessage::salvage_not_numeric, FieldMessage::capacity_not_numeric};
-  if (text.empty() || isNumeric(text, locale)) return std::nullopt;
+  if (text.empty() || isNumeric(text)) return std::nullopt;
   return Rejected{messages[static_cast<std::size_t>(field)]};
 }
 
-Checked<double> usefulLifeRule(FieldInput field, const Locale& locale) {
+Checked<double> usefulLifeRule(FieldInput field) {
   if (mustCheck(field)) {
-    if (const auto refusal = lifeRefused(field.text, locale)) return Rejected{*refusal};
+    if (const auto refusal = lifeRefused(field.text)) return Rejected{*refusal};
   }
   if (field.text.empty()) return Accepted<double>{0, true};
-  return Accepted<double>{nearestEven(numberFromText(field.text, locale))};
+  return Accepted<double>{nearestEven(numberFromText(field.text))};
 }
 
-Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text, const Locale& locale) {
+Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text) {
   if (mustCheck(field)) {
-    if (const auto refusal = basisRefused(field.text, salvage_text, locale)) {
+    if (const auto refusal = basisRefused(field.text, salvage_text)) {
       return Rejected{*refusal};
     }
   }
-  return acceptedAmount(field.text, locale);
+  return acceptedAmount(field.text);
 }
 
-Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text, const Locale& locale) {
+Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text) {
   if (mustCheck(field)) {
-    if (const auto refusal = salvageRefused(field.text, basis_text, locale)) {
+    if (const auto refusal = salvageRefused(field.text, basis_text)) {
       return Rejected{*refusal};
     }
   }
-  return acceptedAmount(field.text, locale);
+  return acceptedAmount(field.text);
 }
 
-Checked<std::string> productionCapacityRule(FieldInput field, const Locale& locale) {
+Checked<std::string> productionCapacityRule(FieldInput field) {
   if (field.text.empty()) return Accepted<std::string>{field.changed ? "" : "0", true};
   if (field.changed) {
-    if (const auto refusal = capacityRefused(field.text, locale)) return Rejected{*refusal};
+    if (const auto refusal = capacityRefused(field.text)) return Rejected{*refusal};
   }
-  return Accepted<std::string>{formatWhole(numberFromText(field.text, locale), locale)};
+  return Accepted<std::string>{formatWhole(numberFromText(field.text))};
 }
 
 KeyAnswer limitedKey(std::string_view text, char32_t character) {

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "values/decimal_digits.h"
+#include "values/en_us.h"
 #include "values/number_text.h"
 #include "values/plain_decimal.h"
 
@@ -27,16 +28,16 @@ Currency Currency::fromLargeTicks(double ticks) {
   return Currency(static_cast<std::int64_t>(whole));
 }
 
-Currency Currency::fromText(std::string_view text, const Locale& locale) {
-  if (const auto plain = plainDecimal(text, locale); plain && plain->decimals <= 4) {
+Currency Currency::fromText(std::string_view text) {
+  if (const auto plain = plainDecimal(text); plain && plain->decimals <= 4) {
     std::int64_t ticks = 0;
     if (__builtin_mul_overflow(plain->mantissa, powerOfTen(4 - plain->decimals), &ticks)) {
       throw RuntimeError::overflow();
     }
     return Currency(ticks);
   }
-  const auto written = DecimalDigits::ofText(text, locale);
-  if (!written || !isNumeric(text, locale)) throw RuntimeError::typeMismatch();
+  const auto written = DecimalDigits::ofText(text);
+  if (!written || !isNumeric(text)) throw RuntimeError::typeMismatch();
   const DecimalDigits number = written->roundedHalfEven(4);
   if (number.digits.empty()) return {};
   constexpr int most_digits = 19;  // of an int64
@@ -51,13 +52,13 @@ Currency Currency::fromText(std::string_view text, const Locale& locale) {
   return Currency(count);
 }
 
-std::string Currency::toText(const Locale& locale) const {
+std::string Currency::toText() const {
   std::string text = toFixed4();
   text.erase(text.find_last_not_of('0') + 1);
   if (text.back() == '.') {
     text.pop_back();
   } else {
-    text[text.find('.')] = locale.decimal_point;
+    text[text.find('.')] = en_us::decimal_point;
   }
   return text;
 }

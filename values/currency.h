@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "values/locale.h"
 #include "values/rounding.h"
 #include "values/runtime_error.h"
 
@@ -42,13 +41,13 @@ class Currency {
 
   /// The decimal text read exactly, halves to even at the fourth decimal; never through a
   /// double. Not a number (see number_text.h): error 13. Out of range: error 6.
-  static Currency fromText(std::string_view text, const Locale& locale = Locale::enUs());
+  static Currency fromText(std::string_view text);
 
   [[nodiscard]] constexpr std::int64_t ticks() const { return ticks_; }
   [[nodiscard]] double toDouble() const { return static_cast<double>(ticks_) / 10'000.0; }
 
   /// Up to four decimals, trailing zeros dropped, no separators: 1250.5, 0, -0.0001.
-  [[nodiscard]] std::string toText(const Locale& locale = Locale::enUs()) const;
+  [[nodiscard]] std::string toText() const;
 
   /// Always four decimals, no separators, decimal point ".": 1250.5000. The form of data files.
   [[nodiscard]] std::string toFixed4() const;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "values/en_us.h"
 #include "values/rounding.h"
 #include "values/runtime_error.h"
 
@@ -104,8 +105,8 @@ std::string Date::toIsoText() const {
   return padded(year, 4) + '-' + padded(month, 2) + '-' + padded(day, 2);
 }
 
-std::string Date::monthName(const Locale& locale) const {
-  return std::string(locale.month_names[static_cast<std::size_t>(month() - 1)]);
+std::string Date::monthName() const {
+  return std::string(en_us::month_names[static_cast<std::size_t>(month() - 1)]);
 }
 
 int yearsBetween(Date from, Date to) { return to.year() - from.year(); }

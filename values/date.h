@@ -7,8 +7,6 @@
 #include <string>
 #include <string_view>
 
-#include "values/locale.h"
-
 namespace depcalc {
 
 /// A whole day from 1 January 100 to 31 December 9999, counted from day 0, 30 December 1899.
@@ -34,14 +32,13 @@ class Date {
 
   /// A text read as a date, month first always (see date_text.cpp for what is accepted).
   /// `today` supplies the year where the text has none. Not a date: error 13.
-  static Date fromText(std::string_view text, Date today, const Locale& locale = Locale::enUs());
+  static Date fromText(std::string_view text, Date today);
 
   /// The same, empty when the text is not a date.
-  static std::optional<Date> tryFromText(std::string_view text, Date today,
-                                         const Locale& locale = Locale::enUs());
+  static std::optional<Date> tryFromText(std::string_view text, Date today);
 
   /// True when `fromText` would succeed.
-  static bool isDate(std::string_view text, Date today, const Locale& locale = Locale::enUs());
+  static bool isDate(std::string_view text, Date today);
 
   [[nodiscard]] constexpr std::int32_t dayNumber() const { return days_; }
   [[nodiscard]] constexpr bool isNone() const { return days_ == 0; }
@@ -66,7 +63,7 @@ class Date {
   /// "yyyy-mm-dd", the form of data files.
   [[nodiscard]] std::string toIsoText() const;
   /// The month's name in full.
-  [[nodiscard]] std::string monthName(const Locale& locale = Locale::enUs()) const;
+  [[nodiscard]] std::string monthName() const;
 
   friend constexpr auto operator<=>(Date, Date) = default;
 

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "values/date.h"
+#include "values/en_us.h"
 #include "values/runtime_error.h"
 #include "values/text.h"
 
@@ -106,9 +107,9 @@ std::optional<Parts> split(std::string_view text) {
 }
 
 /// 1 to 12 for a month's name, in full or its first three letters.
-std::optional<int> monthNumber(std::string_view name, const Locale& locale) {
-  for (std::size_t i = 0; i < locale.month_names.size(); ++i) {
-    const auto full = locale.month_names[i];
+std::optional<int> monthNumber(std::string_view name) {
+  for (std::size_t i = 0; i < en_us::month_names.size(); ++i) {
+    const auto full = en_us::month_names[i];
     if (equalIgnoringCase(name, full) || equalIgnoringCase(name, firstCharacters(full, 3))) {
       return static_cast<int>(i) + 1;
     }
@@ -129,7 +130,7 @@ std::optional<Date> existing(std::optional<int> year, std::optional<int> month,
   return Date::strict(*year, *month, *day);
 }
 
-std::optional<Date> dateOfParts(const Parts& parts, Date today, const Locale& locale) {
+std::optional<Date> dateOfParts(const Parts& parts, Date today) {
   if (parts.count < 2) return std::nullopt;
   const auto& part = parts.part;
   const bool year_first = part[0].size() == 4 && isDigit(part[0].front());
@@ -140,10 +141,10 @@ std::optional<Date> dateOfParts(const Parts& parts, Date today, const Locale& lo
   const auto first = part[year_first ? 1 : 0];
   const auto second = part[year_first ? 2 : 1];
   if (isLetter(first.front())) {
-    return existing(year, monthNumber(first, locale), smallNumber(second, 2));
+    return existing(year, monthNumber(first), smallNumber(second, 2));
   }
   if (isLetter(second.front())) {
-    return existing(year, monthNumber(second, locale), smallNumber(first, 2));
+    return existing(year, monthNumber(second), smallNumber(first, 2));
   }
   if (parts.blanks_between) return std::nullopt;
   return existing(year, smallNumber(first, 2), smallNumber(second, 2));
@@ -151,19 +152,19 @@ std::optional<Date> dateOfParts(const Parts& parts, Date today, const Locale& lo
 
 }  // namespace
 
-std::optional<Date> Date::tryFromText(std::string_view text, Date today, const Locale& locale) {
+std::optional<Date> Date::tryFromText(std::string_view text, Date today) {
   const auto parts = split(withoutTime(trimmed(text)));
-  return parts ? dateOfParts(*parts, today, locale) : std::nullopt;
+  return parts ? dateOfParts(*parts, today) : std::nullopt;
 }
 
-Date Date::fromText(std::string_view text, Date today, const Locale& locale) {
-  const auto date = tryFromText(text, today, locale);
+Date Date::fromText(std::string_view text, Date today) {
+  const auto date = tryFromText(text, today);
   if (!date) throw RuntimeError::typeMismatch();
   return *date;
 }
 
-bool Date::isDate(std::string_view text, Date today, const Locale& locale) {
-  return tryFromText(text, today, locale).has_value();
+bool Date::isDate(std::string_view text, Date today) {
+  return tryFromText(text, today).has_value();
 }
 
 }  // namespace depcalc

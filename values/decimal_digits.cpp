@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "values/en_us.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -28,7 +29,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 /// Reads a numeric text from left to right; every member consumes what it accepts.
 class Scanner {
  public:
-  Scanner(std::string_view text, const Locale& locale) : rest_(text), locale_(locale) {}
+  explicit Scanner(std::string_view text) : rest_(text) {}
 
   std::optional<DecimalDigits> number() {
     skipBlanks();
@@ -37,7 +38,7 @@ class Scanner {
     if (peek() == '-' || peek() == '+') advance();
     integerPart(number.digits);
     number.point = static_cast<int>(std::min<std::size_t>(number.digits.size(), exponent_limit));
-    if (peek() == locale_.decimal_point) fractionPart(number.digits);
+    if (peek() == en_us::decimal_point) fractionPart(number.digits);
     if (number.digits.empty()) return std::nullopt;
     if (!exponentPart(number.point)) return std::nullopt;
     skipBlanks();
@@ -54,8 +55,7 @@ class Scanner {
   }
 
   void integerPart(std::string& digits) {
-    for (; isDigit(peek()) || (peek() == locale_.thousands_separator && !rest_.empty());
-         advance()) {
+    for (; isDigit(peek()) || (peek() == en_us::thousands_separator && !rest_.empty()); advance()) {
       if (isDigit(peek())) digits += peek();
     }
   }
@@ -79,7 +79,6 @@ class Scanner {
   }
 
   std::string_view rest_;
-  const Locale& locale_;
 };
 
 /// Adds one unit in the last place; a carry out of the first digit moves the point.
@@ -123,8 +122,8 @@ DecimalDigits DecimalDigits::of(double value) {
   return normalised(std::move(number));
 }
 
-std::optional<DecimalDigits> DecimalDigits::ofText(std::string_view text, const Locale& locale) {
-  return Scanner(text, locale).number();
+std::optional<DecimalDigits> DecimalDigits::ofText(std::string_view text) {
+  return Scanner(text).number();
 }
 
 DecimalDigits DecimalDigits::roundedHalfEven(int places) const {

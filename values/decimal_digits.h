@@ -6,8 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "values/locale.h"
-
 namespace depcalc {
 
 /// The number 0.d1d2d3… × 10^point with d1 not 0; no digits at all for zero.
@@ -19,7 +17,7 @@ struct DecimalDigits {
   /// The value of a double as its 15 significant digits; one that is not finite is error 6.
   static DecimalDigits of(double value);
   /// A numeric text, exactly as written (see number_text.h); empty when it is not numeric.
-  static std::optional<DecimalDigits> ofText(std::string_view text, const Locale& locale);
+  static std::optional<DecimalDigits> ofText(std::string_view text);
 
   /// Rounded to `places` decimals, halves to even. Zero loses its sign.
   [[nodiscard]] DecimalDigits roundedHalfEven(int places) const;

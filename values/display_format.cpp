@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "values/decimal_digits.h"
+#include "values/en_us.h"
 #include "values/number_text.h"
 #include "values/plain_decimal.h"
 
@@ -32,11 +33,11 @@ std::string decimalPart(const DecimalDigits& number, int places) {
   return text;
 }
 
-std::string grouped(const DecimalDigits& exact, int places, const Locale& locale) {
+std::string grouped(const DecimalDigits& exact, int places) {
   const DecimalDigits number = exact.roundedHalfEven(places);
   std::string text = number.negative ? "-" : "";
-  text += groupedInteger(number, locale.thousands_separator);
-  if (places > 0) text.append(1, locale.decimal_point).append(decimalPart(number, places));
+  text += groupedInteger(number, en_us::thousands_separator);
+  if (places > 0) text.append(1, en_us::decimal_point).append(decimalPart(number, places));
   return text;
 }
 
@@ -53,7 +54,7 @@ std::string groupedWhole(std::int64_t number, char separator) {
 
 /// `value` rounded to `places` decimals (0 to 4), halves to even, in groups of three. An amount is
 /// whole ten-thousandths, so no digits need to be parted first.
-std::string grouped(Currency value, int places, const Locale& locale) {
+std::string grouped(Currency value, int places) {
   const bool below_zero = value.ticks() < 0;
   const auto bits = static_cast<std::uint64_t>(value.ticks());
   const std::uint64_t magnitude = below_zero ? 0 - bits : bits;
@@ -67,8 +68,8 @@ std::string grouped(Currency value, int places, const Locale& locale) {
   char* begin = end;
   const bool negative = below_zero && number != 0;
   for (int digits = 0; digits <= places || number != 0; ++digits, number /= 10) {
-    if (digits == places && places > 0) *--begin = locale.decimal_point;
-    if (digits > places && (digits - places) % 3 == 0) *--begin = locale.thousands_separator;
+    if (digits == places && places > 0) *--begin = en_us::decimal_point;
+    if (digits > places && (digits - places) % 3 == 0) *--begin = en_us::thousands_separator;
     *--begin = static_cast<char>('0' + number % 10);
   }
   if (negative) *--begin = '-';
@@ -77,26 +78,24 @@ std::string grouped(Currency value, int places, const Locale& locale) {
 
 }  // namespace
 
-std::string formatMoney(Currency value, const Locale& locale) { return grouped(value, 2, locale); }
-std::string formatMoney(double value, const Locale& locale) {
-  return grouped(DecimalDigits::of(value), 2, locale);
-}
+std::string formatMoney(Currency value) { return grouped(value, 2); }
+std::string formatMoney(double value) { return grouped(DecimalDigits::of(value), 2); }
 
-Currency moneyAsShown(std::string_view text, const Locale& locale) {
-  if (const auto plain = plainDecimal(text, locale); plain && plain->decimals <= 2) {
-    return Currency::fromText(text, locale);
+Currency moneyAsShown(std::string_view text) {
+  if (const auto plain = plainDecimal(text); plain && plain->decimals <= 2) {
+    return Currency::fromText(text);
   }
-  return Currency::fromText(formatMoney(numberFromText(text, locale), locale), locale);
+  return Currency::fromText(formatMoney(numberFromText(text)));
 }
 
-std::string formatRate(Currency value, const Locale& locale) { return grouped(value, 4, locale); }
+std::string formatRate(Currency value) { return grouped(value, 4); }
 
-std::string formatWhole(double value, const Locale& locale) {
+std::string formatWhole(double value) {
   constexpr double exact_digits = 1e15;
   if (std::fabs(value) < exact_digits && value == std::trunc(value)) {
-    return groupedWhole(static_cast<std::int64_t>(value), locale.thousands_separator);
+    return groupedWhole(static_cast<std::int64_t>(value), en_us::thousands_separator);
   }
-  return grouped(DecimalDigits::of(value), 0, locale);
+  return grouped(DecimalDigits::of(value), 0);
 }
 
 }  // namespace depcalc

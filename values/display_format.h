@@ -6,22 +6,21 @@
 #include <string_view>
 
 #include "values/currency.h"
-#include "values/locale.h"
 
 namespace depcalc {
 
 /// "#,##0.00": money, 12,344.50. Not finite: error 6.
-std::string formatMoney(Currency value, const Locale& locale = Locale::enUs());
-std::string formatMoney(double value, const Locale& locale = Locale::enUs());
+std::string formatMoney(Currency value);
+std::string formatMoney(double value);
 
 /// The amount that formatMoney shows for the number that `text` says: cents, halves to even.
 /// Not numeric: error 13. Out of a Currency's range: error 6.
-Currency moneyAsShown(std::string_view text, const Locale& locale = Locale::enUs());
+Currency moneyAsShown(std::string_view text);
 
 /// "#,##0.0000": the rate per unit of production, 0.2297.
-std::string formatRate(Currency value, const Locale& locale = Locale::enUs());
+std::string formatRate(Currency value);
 
 /// "#,##0": production capacity, 12,346. Not finite: error 6.
-std::string formatWhole(double value, const Locale& locale = Locale::enUs());
+std::string formatWhole(double value);
 
 }  // namespace depcalc

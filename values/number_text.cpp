@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "values/decimal_digits.h"
+#include "values/en_us.h"
 #include "values/plain_decimal.h"
 #include "values/runtime_error.h"
 
@@ -55,31 +56,29 @@ std::optional<double> toDouble(const DecimalDigits& number) {
 
 }  // namespace
 
-std::optional<double> tryNumberFromText(std::string_view text, const Locale& locale) {
-  if (const auto plain = plainDecimal(text, locale)) {
+std::optional<double> tryNumberFromText(std::string_view text) {
+  if (const auto plain = plainDecimal(text)) {
     return static_cast<double>(plain->mantissa) / static_cast<double>(powerOfTen(plain->decimals));
   }
-  const auto number = DecimalDigits::ofText(text, locale);
+  const auto number = DecimalDigits::ofText(text);
   return number ? toDouble(*number) : std::nullopt;
 }
 
-bool isNumeric(std::string_view text, const Locale& locale) {
-  return tryNumberFromText(text, locale).has_value();
-}
+bool isNumeric(std::string_view text) { return tryNumberFromText(text).has_value(); }
 
-double numberFromText(std::string_view text, const Locale& locale) {
-  const auto value = tryNumberFromText(text, locale);
+double numberFromText(std::string_view text) {
+  const auto value = tryNumberFromText(text);
   if (!value) throw RuntimeError::typeMismatch();
   return *value;
 }
 
-std::string numberToText(double value, const Locale& locale) {
+std::string numberToText(double value) {
   const DecimalDigits number = DecimalDigits::of(value);
   if (number.digits.empty()) return "0";
   const int decimals = static_cast<int>(number.digits.size()) - number.point;
   const bool fixed = number.point <= most_integer_digits && decimals <= most_decimals;
-  const std::string text = fixed ? fixedText(number, locale.decimal_point)
-                                 : scientificText(number, locale.decimal_point);
+  const std::string text = fixed ? fixedText(number, en_us::decimal_point)
+                                 : scientificText(number, en_us::decimal_point);
   return number.negative ? "-" + text : text;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "values/en_us.h"
 #include "values/text.h"
 
 namespace depcalc {
@@ -13,7 +14,7 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 }  // namespace
 
-std::optional<PlainDecimal> plainDecimal(std::string_view text, const Locale& locale) {
+std::optional<PlainDecimal> plainDecimal(std::string_view text) {
   text = trimmed(text);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) text.remove_prefix(1);
@@ -25,9 +26,9 @@ std::optional<PlainDecimal> plainDecimal(std::string_view text, const Locale& lo
       if (++digits > most_digits) return std::nullopt;
       number.mantissa = number.mantissa * 10 + (c - '0');
       number.decimals += decimals ? 1 : 0;
-    } else if (c == locale.decimal_point && !decimals) {
+    } else if (c == en_us::decimal_point && !decimals) {
       decimals = true;
-    } else if (c != locale.thousands_separator || decimals) {
+    } else if (c != en_us::thousands_separator || decimals) {
       return std::nullopt;
     }
   }

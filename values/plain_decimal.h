@@ -5,8 +5,6 @@
 #include <optional>
 #include <string_view>
 
-#include "values/locale.h"
-
 namespace depcalc {
 
 /// A number written with at most 15 digits and no exponent: `mantissa` / 10^`decimals`, exactly.
@@ -19,7 +17,7 @@ struct PlainDecimal {
 
 /// Empty for every text that is not numeric, and for numeric texts that need the long way:
 /// more digits, an exponent, a negative zero.
-std::optional<PlainDecimal> plainDecimal(std::string_view text, const Locale& locale);
+std::optional<PlainDecimal> plainDecimal(std::string_view text);
 
 /// 10^`exponent` for 0 to 15.
 std::int64_t powerOfTen(int exponent);

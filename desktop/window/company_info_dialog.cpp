@@ -8,7 +8,7 @@
 
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/text_block.h"
-#include "values/locale.h"
+#include "values/en_us.h"
 
 namespace depcalc::desktop {
 
@@ -19,7 +19,7 @@ CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
   name_->setText(qtText(info.name));
   name_->setMinimumWidth(name_->fontMetrics().averageCharWidth() * 40);
   month_->setObjectName(QStringLiteral("FirstMonth"));
-  for (const auto& month : Locale::enUs().month_names) month_->addItem(qtText(month));
+  for (const auto& month : en_us::month_names) month_->addItem(qtText(month));
   month_->view()->setAccessibleName(tr("Months"));
   month_->setCurrentIndex(info.first_month - 1);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

@@ -11,7 +11,7 @@
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/start_page.h"
 #include "host/unit_of_work.h"
-#include "values/locale.h"
+#include "values/en_us.h"
 #include "values/runtime_error.h"
 
 namespace depcalc::desktop {
@@ -245,7 +245,7 @@ void MainWindow::showStatus() {
   company_label_->setText(tr("%1 — %2").arg(companyTitle(), mode));
   const auto month = static_cast<std::size_t>(company()->info().first_month - 1);
   QString figures =
-      tr("Fiscal year starts in %1").arg(qtText(Locale::enUs().month_names.at(month)));
+      tr("Fiscal year starts in %1").arg(qtText(en_us::month_names.at(month)));
   const std::optional<int> assets =
       calculator_ == nullptr ? std::nullopt : calculator_->assetCount();
   if (assets.has_value()) {

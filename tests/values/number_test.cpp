@@ -145,16 +145,6 @@ TEST(NumberText, WritesFifteenSignificantDigits) {
   EXPECT_EQ(errorOf([] { numberToText(INFINITY); }), 6);
 }
 
-TEST(NumberText, FollowsTheGivenLocaleOnly) {
-  Locale german = Locale::enUs();
-  german.decimal_point = ',';
-  german.thousands_separator = '.';
-  EXPECT_EQ(numberFromText("1.234,5", german), 1234.5);
-  EXPECT_EQ(numberToText(1234.5, german), "1234,5");
-  EXPECT_EQ(formatMoney(1234.5, german), "1.234,50");
-  EXPECT_EQ(Currency::fromText("1.234,5", german).toText(german), "1234,5");
-}
-
 TEST(NumberText, ReadsBackWhatItWrote) {
   const unsigned seed = 7;
   SCOPED_TRACE(seed);

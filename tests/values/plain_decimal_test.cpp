@@ -13,8 +13,6 @@
 namespace depcalc {
 namespace {
 
-const Locale& locale = Locale::enUs();
-
 TEST(PlainDecimal, TakesNumbersAsPeopleWriteThem) {
   const struct {
     std::string text;
@@ -29,7 +27,7 @@ TEST(PlainDecimal, TakesNumbersAsPeopleWriteThem) {
                {"000000000000001", 1, 0},
                {"999999999999.999", 999999999999999, 3}};
   for (const auto& c : cases) {
-    const auto number = plainDecimal(c.text, locale);
+    const auto number = plainDecimal(c.text);
     ASSERT_TRUE(number) << c.text;
     EXPECT_EQ(number->mantissa, c.mantissa) << c.text;
     EXPECT_EQ(number->decimals, c.decimals) << c.text;
@@ -39,7 +37,7 @@ TEST(PlainDecimal, TakesNumbersAsPeopleWriteThem) {
 TEST(PlainDecimal, LeavesTheRestToTheLongWay) {
   for (const std::string text : {"", " ", "-", ".", ",", "-0", "-0.00", "1e3", "1.2.3", "1.2,3",
                                  "5a", "- 5", "--5", "5-", "1234567890123456"}) {
-    EXPECT_FALSE(plainDecimal(text, locale)) << text;
+    EXPECT_FALSE(plainDecimal(text)) << text;
   }
 }
 
@@ -70,7 +68,7 @@ TEST(PlainDecimal, SaysWhatTheLongWaySays) {
   for (int i = 0; i < 200'000; ++i) {
     const std::string text = randomNumberText(random);
     const auto slow = tryNumberFromText(longWay(text));
-    const auto quick = plainDecimal(text, locale);
+    const auto quick = plainDecimal(text);
     ASSERT_EQ(tryNumberFromText(text), slow) << text;
     if (!quick) continue;
     ++plain;
