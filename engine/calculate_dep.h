@@ -62,8 +62,10 @@ class CalculateDep {
   [[nodiscard]] std::string ASalePrice() const { return sale_price_.toText(); }
   void ASalePrice(std::string_view text);
 
+  /// Cost basis: what placing the asset in service cost.
   [[nodiscard]] Currency AssetBasis() const { return basis_; }
   void AssetBasis(Currency value) { basis_ = value; }
+  /// Salvage value: what the asset is expected to be worth at the end of its useful life.
   [[nodiscard]] Currency AssetSalvage() const { return salvage_; }
   void AssetSalvage(Currency value) { salvage_ = value; }
 

@@ -1,4 +1,5 @@
-// Prorating conventions: how much of a year's depreciation the first fiscal year takes.
+// Prorating conventions: how much of a year's depreciation the first fiscal year takes. What each
+// takes is calculated in first_year_fraction.h.
 #pragma once
 
 #include <array>

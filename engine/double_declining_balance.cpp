@@ -21,7 +21,9 @@ class DecliningBalance {
   void take(Currency amount) { total_ += amount; }
 
   /// What may still be taken down to salvage.
-  [[nodiscard]] Currency leftToTake() const { return input_.basis - total_ - input_.salvage; }
+  [[nodiscard]] Currency leftToTake() const {
+    return leftAboveSalvage(input_.basis, total_, input_.salvage);
+  }
 
  private:
   const ScheduleInput& input_;
@@ -59,7 +61,8 @@ void laterYears(const ScheduleInput& input, std::int32_t last, DecliningBalance&
 }  // namespace
 
 bool fullyDepreciated(Currency basis, Currency salvage, double amount, double accumulated) {
-  return (basis - Currency::fromDouble(accumulated) - salvage).toDouble() < amount;
+  const Currency left = leftAboveSalvage(basis, Currency::fromDouble(accumulated), salvage);
+  return left.toDouble() < amount;
 }
 
 void doubleDecliningBalance(const ScheduleInput& input, Amounts amounts) {

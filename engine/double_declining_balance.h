@@ -1,9 +1,16 @@
-// Double-declining-balance depreciation.
+// Double-declining-balance depreciation: the diminishing balance method (IAS 16, paragraph 62) at
+// twice the straight-line rate, the "200 percent declining balance" of the United States' tax
+// rules, here without their switch to straight line.
 #pragma once
 
 #include "engine/schedule.h"
 
 namespace depcalc {
+
+/// What may still be taken before an asset is down to its salvage value.
+inline Currency leftAboveSalvage(Currency basis, Currency taken, Currency salvage) {
+  return basis - taken - salvage;
+}
 
 /// Whether `amount`, taken after `accumulated` has been taken, would carry an asset below its
 /// salvage value. Exactly down to it would not. `accumulated` counts to four decimals.

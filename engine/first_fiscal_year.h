@@ -1,4 +1,5 @@
-// The fiscal year in which an asset is placed in service.
+// The fiscal year in which an asset is placed in service. A fiscal year is named by the calendar
+// year in which it ends, as usual in the United States.
 #pragma once
 
 #include "values/date.h"

@@ -1,4 +1,7 @@
-// Prorating the first fiscal year by convention.
+// Prorating the first fiscal year by convention: the averaging conventions of the field, by which
+// assets count as placed in service at a set point of the year or month. Half Year is also that of
+// the United States' tax rules (Internal Revenue Code, section 168(d)(4)(A)); Full Month and Half
+// Month are the full-month and the modified half-month convention.
 #pragma once
 
 #include <cstdint>
@@ -11,11 +14,15 @@ namespace depcalc {
 Date depreciationStart(std::int32_t convention, Date placed_in_service, Date first_year_start,
                        Date first_year_end);
 
-/// The share of a year's depreciation that the first fiscal year takes, at most 1:
-/// 1 for Full Year and 0.5 for Half Year; whole months (of 30 days, halves to even) over 12 for
-/// Full Month and Half Month; days in service over 365, or 366 in a fiscal year with a
-/// 29 February, for Actual Days; 0 for any other number. A half-month start after the 15th in
-/// the last month of the fiscal year takes nothing.
+/// The share of a year's depreciation that the first fiscal year takes, at most 1: 1 for Full Year
+/// and 0.5 for Half Year; whole months over 12 for Full Month and Half Month; days in service over
+/// 365, or 366 in a fiscal year with a 29 February, for Actual Days; 0 for any other number. A
+/// half-month start after the 15th in the last month of the fiscal year takes nothing.
+///
+/// A month counts as 30 days, as in a commercial year, and the count is rounded, halves to even.
+/// From the first day of a month to the last day of a later one the days, counted without the last
+/// one, are nearest to 30 times the calendar months between them, for up to a year; so the rounding
+/// always finds these.
 double firstYearFraction(std::int32_t convention, Date depreciation_start, Date first_year_end);
 
 }  // namespace depcalc

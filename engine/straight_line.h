@@ -1,4 +1,5 @@
-// Straight-line depreciation.
+// Straight-line depreciation: a constant charge over the useful life (IAS 16, paragraph 62; in the
+// United States the first of the methods that ASC 360-10-35 calls systematic and rational).
 #pragma once
 
 #include "engine/schedule.h"

@@ -1,4 +1,5 @@
-// Sum-of-the-years'-digits depreciation.
+// Sum-of-the-years'-digits depreciation: the accelerated method of the textbooks in which each year
+// carries the years that are left, over the sum of all of them.
 #pragma once
 
 #include "engine/schedule.h"

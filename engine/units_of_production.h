@@ -1,4 +1,4 @@
-// Units-of-production depreciation.
+// Units-of-production depreciation: a charge by use instead of by time (IAS 16, paragraph 62).
 #pragma once
 
 #include "values/currency.h"
