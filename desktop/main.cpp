@@ -58,12 +58,20 @@ QString writable(QStandardPaths::StandardLocation location) {
   return path;
 }
 
-/// On a copy, so that the company stays as it is and may be open elsewhere.
-int preview(MainWindow& window, const Options& options, const QString& scratch) {
+/// On a copy, so that the company stays as it is and may be open elsewhere. What is wrong with it is
+/// told on standard error: nobody could answer a box here.
+int preview(CompanyFiles& files, MainWindow& window, const Options& options,
+            const QString& scratch) {
   const QString copy = scratch + u'/' + QFileInfo(options.file).fileName();
   if (!QDir().mkpath(options.preview) || !QFile::copy(options.file, copy)) {
     std::fprintf(stderr, "depcalc-desktop: cannot read %s or write to %s\n",
                  qPrintable(options.file), qPrintable(options.preview));
+    return failed;
+  }
+  try {
+    files.open(copy.toStdString())->close();
+  } catch (const CompanyFileError& error) {
+    std::fprintf(stderr, "depcalc-desktop: %s\n", error.what());
     return failed;
   }
   if (!window.openCompany(copy)) return failed;
@@ -82,7 +90,7 @@ int run(const Options& options) {
   Settings settings(config + QStringLiteral("/depcalc.ini"));
   Backups backups(data + QStringLiteral("/backups"), sameCompany);
   MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
-  if (previews) return preview(window, options, scratch.path());
+  if (previews) return preview(files, window, options, scratch.path());
   SystemEnd end(window, SystemEnd::usual_patience, [] { std::_Exit(success); });
   // A system may send SIGHUP behind SIGTERM at once.
   const EndSignals end_signals([&end](int signal) { end.hear(signal != SIGHUP); });

@@ -48,6 +48,13 @@ printf 'id,placed_in_service,life,basis,method\nPC-031,2024-01-20,3,2350,SL\n' |
 "$root/usr/bin/depcalc" print "$place/joinery.company" --output "$place/schedule.pdf"
 [[ $(pdfinfo "$place/schedule.pdf" | awk '$1 == "Pages:" { print $2 }') -gt 0 ]] ||
   fail "the installed command does not print"
+# What cannot be shown is told and ends; a box would wait for ever where nobody can see it.
+printf "nothing" >"$place/damaged.company"
+status=0
+XDG_RUNTIME_DIR="$place" timeout 60 "$root/usr/bin/depcalc-desktop" --preview "$place/preview" \
+  "$place/damaged.company" 2>"$place/said" || status=$?
+[[ $status -eq 1 ]] && grep -q "is not a company file" "$place/said" ||
+  fail "preview of a damaged file: status $status, $(cat "$place/said")"
 XDG_RUNTIME_DIR="$place" "$root/usr/bin/depcalc-desktop" --preview "$place/preview" \
   "$place/joinery.company" 2>/dev/null | grep -q 'entry.png' || fail "no preview"
 for place_of in bash-completion/completions/depcalc zsh/vendor-completions/_depcalc \
