@@ -87,7 +87,8 @@ class OpenStore {
   /// Saves a new asset; answers what was reported.
   std::vector<std::string> save() {
     std::vector<std::string> reports;
-    const ErrorReportHook hook([&](std::string_view report) { reports.emplace_back(report); });
+    const ErrorReportHook hook(
+        [&](const ErrorReport& report) { reports.push_back(report.text()); });
     state_.CurrentRecord = newAsset({.id = "more"});
     std::int16_t index = 0;
     store_.WriteData(index);
