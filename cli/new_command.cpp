@@ -11,7 +11,7 @@
 #include "cli/options.h"
 #include "cli/utf8_check.h"
 #include "host/sqlite/company_file.h"
-#include "values/locale.h"
+#include "values/en_us.h"
 #include "values/text.h"
 
 namespace depcalc {
