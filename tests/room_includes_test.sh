@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator company_info desktop_site desktop_widgets desktop_window print_module printing_objects"
+window="$calculator company_info recalculation desktop_site desktop_widgets desktop_window print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -37,8 +37,9 @@ expected() {
     store) echo "$store" ;;
     container) echo "$container" ;;
     calculator) echo "$calculator" ;;
+    recalculation) echo "$store field_rules $1" ;;
     print_module) echo "$screens $1" ;;
-    cli) echo "$store cli company_info controls field_rules host_sqlite print_module register register_events" ;;
+    cli) echo "$store recalculation cli company_info controls field_rules host_sqlite print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
