@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QSessionManager>
 #include <QThread>
+#include <utility>
 
 #include "desktop/window/main_window.h"
 
@@ -32,6 +33,7 @@ SystemEnd::SystemEnd(MainWindow& window, std::chrono::milliseconds patience,
     : window_(window), end_now_(std::move(end_now)) {
   patience_.setInterval(patience);
   patience_.setSingleShot(true);
+  patience_.setTimerType(Qt::PreciseTimer);  // a coarse one may cut the user's time short
   connect(&patience_, &QTimer::timeout, this, &SystemEnd::endWithoutSaving);
   // The answer is due when the signal returns.
   connect(qApp, &QGuiApplication::commitDataRequest, this, &SystemEnd::commit,
@@ -39,8 +41,9 @@ SystemEnd::SystemEnd(MainWindow& window, std::chrono::milliseconds patience,
 }
 
 void SystemEnd::hear(bool insists) {
+  const bool insisted = std::exchange(insisted_, insisted_ || insists);
   if (ending_) {
-    if (insists) endWithoutSaving();
+    if (insists && insisted) endWithoutSaving();
     return;
   }
   ending_ = true;
@@ -56,7 +59,7 @@ void SystemEnd::tryToEnd() {
     return;
   }
   if (window_.closeForSystem(patience_.interval() / 1000)) return;
-  ending_ = false;
+  ending_ = insisted_ = false;
   patience_.stop();
   qApp->removeEventFilter(this);
 }

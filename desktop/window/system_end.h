@@ -29,8 +29,8 @@ class SystemEnd : public QObject {
   SystemEnd(MainWindow& window, std::chrono::milliseconds patience, std::function<void()> end_now);
 
   /// A signal came. Dialogs are cancelled and the window is closed. Where the user is asked and
-  /// gives no answer, and where a signal that `insists` comes before there is one, the program ends
-  /// without saving. Cancelled, the program stays.
+  /// gives no answer, and where a second signal that `insists` comes before there is one, the
+  /// program ends without saving. Cancelled, the program stays.
   void hear(bool insists);
   /// Whether the desktop's session may end: the user has been asked.
   bool sessionMayEnd();
@@ -47,6 +47,7 @@ class SystemEnd : public QObject {
   std::function<void()> end_now_;
   QTimer patience_;
   bool ending_ = false;
+  bool insisted_ = false;  ///< a signal that insists was heard
 };
 
 }  // namespace depcalc::desktop

@@ -132,6 +132,20 @@ TEST_F(SystemEnd, ASignalThatDoesNotInsistLeavesTheQuestion) {
   EXPECT_EQ(ended, 0);
 }
 
+/// Signals that are sent together may arrive in another order.
+TEST_F(SystemEnd, ASignalThatInsistsBehindOneThatDoesNotLeavesTheQuestion) {
+  fill("A-1");
+  int asked_when_second = 0;
+  whenAsked([&](QMessageBox&) {
+    end.hear(true);
+    asked_when_second = question() != nullptr && ended == 0 ? 1 : 0;
+    hear();
+  });
+  hear(false);
+  EXPECT_TRUE(sees([this] { return ended == 1; }));
+  EXPECT_EQ(asked_when_second, 1);
+}
+
 TEST_F(SystemEnd, NoAnswerEndsWithoutSaving) {
   fill("A-1");
   boxes.answering = false;
