@@ -9,7 +9,7 @@
 
 #include "DepCalc/company_assets.h"
 #include "cli/command.h"
-#include "host/sqlite/file_trouble.h"
+#include "host/file_trouble.h"
 
 namespace depcalc {
 

@@ -18,16 +18,15 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator company_info recalculation desktop_site desktop_widgets desktop_window print_module printing_objects"
+window="$calculator recalculation desktop_site desktop_widgets desktop_window print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
     common | host) echo "$ground $1" ;;
     engine) echo "$records" ;;
     controls) echo "$screens" ;;
-    company_info) echo "$1" ;;
     host_memory | host_failing) echo "$ground host $1" ;;
-    host_sqlite) echo "$ground common company_info host $1" ;;
+    host_sqlite) echo "$ground common host $1" ;;
     field_rules) echo "$ground $1" ;;
     compare_events | entry_events | register_events) echo "$records $1" ;;
     help_events) echo "$ground $1" ;;
@@ -39,7 +38,7 @@ expected() {
     calculator) echo "$calculator" ;;
     recalculation) echo "$store field_rules $1" ;;
     print_module) echo "$screens $1" ;;
-    cli) echo "$store recalculation cli company_info controls field_rules host_sqlite print_module register register_events" ;;
+    cli) echo "$store recalculation cli controls field_rules host_sqlite print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;

@@ -7,9 +7,9 @@
 #include <string>
 #include <utility>
 
+#include "host/company_info.h"
+#include "host/failed_change.h"
 #include "host/host.h"
-#include "host/sqlite/company_info.h"
-#include "host/sqlite/failed_change.h"
 
 namespace depcalc::desktop {
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-#include "host/sqlite/failed_change.h"
+#include "host/failed_change.h"
 
 class QWidget;
 

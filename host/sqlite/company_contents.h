@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/sqlite/company_info.h"
-#include "host/sqlite/failed_change.h"
+#include "host/company_info.h"
+#include "host/failed_change.h"
 #include "host/sqlite/open_database.h"
 #include "host/sqlite/stored_table.h"
 #include "host/unit_of_work.h"

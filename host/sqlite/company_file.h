@@ -8,11 +8,11 @@
 #include <string_view>
 #include <variant>
 
+#include "host/company_info.h"
+#include "host/failed_change.h"
+#include "host/file_trouble.h"
 #include "host/host.h"
 #include "host/listeners.h"
-#include "host/sqlite/company_info.h"
-#include "host/sqlite/failed_change.h"
-#include "host/sqlite/file_trouble.h"
 
 namespace depcalc {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "host/sqlite/company_info.h"
+#include "host/company_info.h"
 #include "host/sqlite/database.h"
 
 namespace depcalc {

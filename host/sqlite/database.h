@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/sqlite/file_trouble.h"
+#include "host/file_trouble.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -5,7 +5,7 @@
 #include <string>
 #include <variant>
 
-#include "host/sqlite/file_trouble.h"
+#include "host/file_trouble.h"
 
 namespace depcalc {
 
