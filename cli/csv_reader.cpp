@@ -200,13 +200,17 @@ void CsvReader::keepPlainRun() {
   keep({&buffer_[begin], at_ - begin});
 }
 
+/// Bytes come in portions of any size; the limit that the bytes one by one would meet first counts.
 void CsvReader::keep(std::string_view bytes) {
   if (failed_) return;
-  if (content_.size() - beginning_.back() + bytes.size() > form_.limits.field_bytes) {
+  const std::size_t room_in_field =
+      form_.limits.field_bytes - (content_.size() - beginning_.back());
+  const std::size_t room_in_record = form_.limits.record_bytes - content_.size();
+  if (bytes.size() > room_in_field && room_in_field <= room_in_record) {
     return fail(fields_.back().place,
                 "The field is longer than " + grouped(form_.limits.field_bytes) + " bytes.");
   }
-  if (content_.size() + bytes.size() > form_.limits.record_bytes) {
+  if (bytes.size() > room_in_record) {
     return fail(fields_.front().place,
                 "The record is longer than " + grouped(form_.limits.record_bytes) + " bytes.");
   }
