@@ -18,8 +18,7 @@ using File = std::shared_ptr<SqliteCompanyFile>;
 
 File opened(const QString& path) {
   auto result = SqliteCompanyFile::open(path.toStdString(), {todayByClock, true, {}});
-  const File* const file = std::get_if<File>(&result);
-  return file == nullptr ? nullptr : *file;
+  return std::holds_alternative<File>(result) ? std::get<File>(result) : nullptr;
 }
 
 bool sameFields(HostFields& one, HostFields& other) {

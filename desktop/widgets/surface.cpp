@@ -41,13 +41,15 @@ void Surface::paintAtIdle() {
 
 void Surface::tab(bool backwards) {
   const std::vector<Control*> stops = tabStops(stage_);
-  const auto at = std::find_if(stops.begin(), stops.end(), [this](const Control* stop) {
+  const auto found = std::find_if(stops.begin(), stops.end(), [this](const Control* stop) {
     const QWidget* const its = widget(*stop);
     return its != nullptr && its->hasFocus();
   });
-  if (at != stops.end()) {
-    const bool last = at == (backwards ? stops.begin() : stops.end() - 1);
-    last ? tabIntoFields(backwards) : giveKeysTo(backwards ? **(at - 1) : **(at + 1), backwards);
+  const auto at = static_cast<std::size_t>(found - stops.begin());
+  if (at < stops.size()) {
+    // Back from the first one leads nowhere either.
+    const std::size_t next = backwards ? at - 1 : at + 1;
+    next < stops.size() ? giveKeysTo(*stops[next], backwards) : tabIntoFields(backwards);
     return;
   }
   const std::vector<InputControl*> fields = tabFields(stage_);
