@@ -15,7 +15,7 @@ unsigned firstSeed() {
   return wanted == nullptr ? 20240615 : static_cast<unsigned>(std::atoi(wanted));
 }
 
-unsigned walks() { return std::getenv("DEPCALC_LONG") != nullptr ? 5 : 2; }
+unsigned walks() { return std::getenv("DEPCALC_LONG") != nullptr ? 20 : 5; }
 
 struct RandomActionsFrom : RandomActions, ::testing::WithParamInterface<unsigned> {};
 
