@@ -125,6 +125,7 @@ class MainWindow : public QMainWindow {
 
   // main_window_failures.cpp
   void noteFailure(const ErrorReport& report);
+  void tellChangesAreRefused(bool of_reading);
   void tellLater(const QString& text);
   FailedChangeAnswer askAboutChange(const FailedChange& change);
   void endTelling(bool given_up);

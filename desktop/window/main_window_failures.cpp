@@ -2,6 +2,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QScopedValueRollback>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "desktop/widgets/text_block.h"
@@ -15,12 +17,25 @@ namespace {
 
 const QString file_suffix = QStringLiteral(".company");
 
-/// Whether an asset may now lack what its record has: the calculator shows it, and saves it, as far
-/// as there was memory for it.
-bool leavesAnAssetInPart(const ErrorReport& report) {
-  return report.isOfMemory() &&
-         (report.procedure == "DepCalc::ReadData" || report.procedure == "DepCalc::Get DepItem" ||
-          report.procedure == "DepCalc::Let DepItem");
+template <std::size_t count>
+bool isOneOf(std::string_view procedure, const std::string_view (&procedures)[count]) noexcept {
+  return std::find(std::begin(procedures), std::end(procedures), procedure) != std::end(procedures);
+}
+
+/// Whether assets may now lack what their records have: the calculator shows them, and saves them,
+/// as far as there was memory for them.
+bool leavesAssetsInPart(const ErrorReport& report) noexcept {
+  constexpr std::string_view reading[] = {"DepCalc::ReadData", "DepCalc::ReadTableInfo",
+                                          "DepCalc::Get DepItem", "DepCalc::Let DepItem"};
+  return report.isOfMemory() && isOneOf(report.procedure, reading);
+}
+
+/// Whether a change may now be done by half: what it had committed by then would be kept.
+bool leavesAChangeInPart(const ErrorReport& report) noexcept {
+  constexpr std::string_view writing[] = {"DepCalc::WriteData", "DepCalc::WriteTableInfo",
+                                          "DepCalc::DeleteRecord",
+                                          "DepCalc::DepCalcContSaveRecord"};
+  return report.isOfMemory() && isOneOf(report.procedure, writing);
 }
 
 /// What the calculator deals with, what a printer says, which printing tells, and what the company
@@ -34,16 +49,13 @@ bool isToldElsewhere(const ErrorReport& report) {
 }  // namespace
 
 /// Comes in the middle of what the calculator does, which goes on after it: what is to be told
-/// waits until that has come to its end.
+/// waits until that has come to its end. Nothing is allocated before changes are refused.
 void MainWindow::noteFailure(const ErrorReport& report) {
   if (company() == nullptr || isToldElsewhere(report)) return;
-  if (leavesAnAssetInPart(report)) {
+  const bool of_reading = leavesAssetsInPart(report);
+  if (of_reading || leavesAChangeInPart(report)) {
     company()->refuseChanges();
-    note_label_->setText(tr("Out of memory: open the company again to change it"));
-    tellLater(
-        tr("There was not enough memory to read all of an asset. So that nothing of it is "
-           "lost, the company cannot be changed until it has been opened again. Close other "
-           "programs first."));
+    tellChangesAreRefused(of_reading);
     return;
   }
   const auto trouble = company()->takeTrouble();
@@ -56,6 +68,18 @@ void MainWindow::noteFailure(const ErrorReport& report) {
   const QString reason =
       qtText(trouble.has_value() ? std::string_view(*trouble) : report.description);
   tellLater(tr("The last step could not be finished.\n\n%1").arg(reason));
+}
+
+void MainWindow::tellChangesAreRefused(bool of_reading) {
+  note_label_->setText(tr("Out of memory: open the company again to change it"));
+  tellLater(
+      of_reading
+          ? tr("There was not enough memory to read all of an asset. So that nothing of it is "
+               "lost, the company cannot be changed until it has been opened again. Close "
+               "other programs first.")
+          : tr("There was not enough memory to finish the last change. So that no asset is "
+               "left half changed, the company cannot be changed until it has been opened "
+               "again. Close other programs first."));
 }
 
 /// One failure has many reports: the first says most. A change that the user has given up was told.

@@ -46,7 +46,12 @@ void CompanyContents::afterChange() {
 }
 
 void CompanyContents::end() {
-  if (--depth_ == 0 && isOpen()) writeWaiting();
+  if (--depth_ > 0 || !isOpen()) return;
+  if (changes_refused_ && isWaiting()) {
+    recover();  // what was to come with it was refused
+  } else {
+    writeWaiting();
+  }
 }
 
 // --- Writing -------------------------------------------------------------------------------------

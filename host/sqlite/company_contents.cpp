@@ -34,7 +34,7 @@ void CompanyContents::requireOpen() const {
 }
 
 const CompanyInfo& CompanyContents::info() const {
-  requireOpen();
+  if (!isOpen()) throw RuntimeError::objectNotSet();
   return info_;
 }
 

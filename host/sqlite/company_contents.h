@@ -27,11 +27,12 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
 
   [[nodiscard]] bool isOpen() const { return open_.has_value(); }
   [[nodiscard]] const std::string& path() const { return path_; }
+  /// As it was read last, where the file cannot be read now.
   [[nodiscard]] const CompanyInfo& info() const;
   void info(const CompanyInfo& info);
   [[nodiscard]] std::shared_ptr<StoredTable> table(std::string_view name);
   void close();
-  /// From now on every change is error 57.
+  /// From now on every change is error 57. Of a unit of work that is open nothing is kept.
   void refuseChanges() noexcept { changes_refused_ = true; }
 
   /// Makes a company file of what is in memory, what waits to be written among it. Where the open

@@ -70,10 +70,14 @@ TEST_F(Views, HaveNoneForPrinting) {
 TEST_F(Views, CoverTheContainerWhileTheRegisterFills) {
   Control& cover = *container.child("CoverPicture");
   container.setSize(1234, 567);
+  screens.ctl->bringToFront();
   screens.view->events.ShowCover(true);
   EXPECT_TRUE(cover.visible());
   EXPECT_EQ(cover.width(), 1234);
   EXPECT_EQ(cover.height(), 567);
+  for (const Control* other : container.children()) {
+    EXPECT_TRUE(other == &cover || other->stacking() < cover.stacking()) << other->name();
+  }
   screens.view->events.ShowCover(false);
   EXPECT_FALSE(cover.visible());
 }

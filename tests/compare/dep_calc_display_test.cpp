@@ -425,6 +425,16 @@ TEST_F(Comparison, FillStopsWhereTheYearLabelsDateDoesNotExist) {
               ElementsAre("DepCalcDisplay::PopulateDepInfo Error#9: Subscript out of range"));
 }
 
+TEST_F(Comparison, AMethodIsChosenEvenWhereTheTableHasNoRows) {
+  auto asset = sample();
+  asset->DepRecovery(40'000);
+  open(asset);
+  EXPECT_THAT(reports, ElementsAre("DepCalcDisplay::Paint Error#6: Overflow"));
+  ASSERT_EQ(screen.DisplayTable.rows(), 0);
+  EXPECT_NO_THROW(user.click(screen.UoPOption));
+  EXPECT_EQ(record().DepMethod(), "UOP");
+}
+
 TEST_F(Comparison, MethodIsWrittenEvenWhereItsAmountsAreMissing) {
   auto asset = sample();
   asset->DepRecovery(0);

@@ -342,16 +342,18 @@ TEST_F(Window, NothingOfTheHostFailsWhereNoCompanyIsOpen) {
   EXPECT_EQ(status(1), "");
 }
 
-TEST_F(Window, WhereMemoryLeftAnAssetInPartNothingIsChangedUntilTheNextOpening) {
+TEST_F(Window, WhereMemoryLeftAnAssetOrAChangeInPartNothingIsChangedUntilTheNextOpening) {
   newCompany();
   bool& refused = companies.companies.at(path().toStdString()).changes_refused;
-  ReportError({"DepCalc::WriteData", 7, "Out of memory"});
+  ReportError({"DepCalc::ShowView", 7, "Out of memory"});
   settle();
   EXPECT_EQ(boxes.take().size(), 1U);
   ReportError({"DepCalc::ReadData", 13, "Type mismatch"});
   EXPECT_FALSE(refused);
   for (const char* procedure :
-       {"DepCalc::ReadData", "DepCalc::Get DepItem", "DepCalc::Let DepItem"}) {
+       {"DepCalc::ReadData", "DepCalc::ReadTableInfo", "DepCalc::Get DepItem",
+        "DepCalc::Let DepItem", "DepCalc::WriteData", "DepCalc::WriteTableInfo",
+        "DepCalc::DeleteRecord", "DepCalc::DepCalcContSaveRecord"}) {
     refused = false;
     ReportError({procedure, 7, "Out of memory"});
     EXPECT_TRUE(refused) << procedure;

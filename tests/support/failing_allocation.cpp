@@ -14,7 +14,7 @@ using In = depcalc::testing_support::FailingAllocation::In;
 struct Plan {
   In in = In::program;
   long left = 0;  ///< until one fails; 0 and less: it has
-  bool and_after = false;
+  long in_a_row = 1;
   bool planned = false;
 };
 
@@ -24,7 +24,7 @@ std::atomic<std::size_t> live = 0;
 bool fails(In in) {
   if (!plan.planned || plan.in != in) return false;
   --plan.left;
-  return plan.left == 0 || (plan.and_after && plan.left < 0);
+  return plan.left <= 0 && -plan.left < plan.in_a_row;
 }
 
 sqlite3_mem_methods usual;
@@ -46,9 +46,9 @@ const bool installed = install();
 
 namespace depcalc::testing_support {
 
-FailingAllocation::FailingAllocation(In in, long nth, bool and_after) {
+FailingAllocation::FailingAllocation(In in, long nth, long in_a_row) {
   if (!installed) std::abort();
-  plan = {in, nth, and_after, nth > 0};
+  plan = {in, nth, in_a_row, nth > 0};
 }
 
 FailingAllocation::~FailingAllocation() { plan.planned = false; }

@@ -2,16 +2,19 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 
 namespace depcalc::testing_support {
 
-/// While it lives, the nth allocation from now fails, alone or with all that follow; 0: none. One
-/// at a time.
+/// While it lives, so many allocations in a row fail, the nth from now first; 0: none. One at a
+/// time.
 class FailingAllocation {
  public:
   enum class In { program, library };  ///< operator new; SQLite's own
 
-  FailingAllocation(In in, long nth, bool and_after);
+  static constexpr long endless = std::numeric_limits<long>::max();
+
+  FailingAllocation(In in, long nth, long in_a_row);
   ~FailingAllocation();
   FailingAllocation(const FailingAllocation&) = delete;
   FailingAllocation& operator=(const FailingAllocation&) = delete;

@@ -46,7 +46,7 @@ inline void writeBytes(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
 }
 
-class CompanyFile : public testing::Test {
+class CompanyFile : public ::testing::Test {
  protected:
   File create() { return openOf(SqliteCompanyFile::create(path_, {.name = "Acme"}, options())); }
 

@@ -63,7 +63,7 @@ class OutOfMemory : public CompanyFile {
     Surroundings surroundings{out, errors, Date::carrying(2024, 6, 1)};
     int status = 0;
     {
-      const FailingAllocation failing(in, nth, and_after);
+      const FailingAllocation failing(in, nth, and_after ? FailingAllocation::endless : 1);
       status = runCommandLine(static_cast<int>(words.size()), words.data(), surroundings);
       reached = failing.reached();
     }
@@ -150,7 +150,7 @@ TEST_F(OutOfMemory, ASaveThatStopsSaysSoAndHarmsNoOtherAsset) {
           bool told = false;
           const ErrorReportHook hook([&told](const ErrorReport&) { told = true; });
           {
-            const FailingAllocation failing(in, n, and_after);
+            const FailingAllocation failing(in, n, and_after ? FailingAllocation::endless : 1);
             store.WriteData(index);
             reached = n == 0 || failing.reached();
           }
