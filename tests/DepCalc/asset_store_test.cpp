@@ -343,6 +343,23 @@ TEST_P(AssetStoreOn, FollowsTheHostsFiscalYear) {
   EXPECT_EQ(shown(0, "FYEND"), "Date 03/31/2024");
 }
 
+TEST_P(AssetStoreOn, SumsUpARegisterWithoutAssets) {
+  pair_.openBoth();
+  pair_.both([](auto& side, auto&) { side.WriteTableInfo(); });
+  EXPECT_EQ(shown(0, "Start"), "Integer 3000");
+  EXPECT_EQ(shown(0, "NumYears"), "Double 0");
+}
+
+TEST_P(AssetStoreOn, SumsUpTheSameAfterTheSummarysOwnSlotWasRead) {
+  pair_.openBoth();
+  pair_.both([](auto& side, auto&) { (void)side.ReadData(0); });
+  pair_.saveNew({.id = "A", .life = 7});
+  pair_.saveNew({.id = "B", .life = 3});
+  pair_.both([](auto& side, auto&) { (void)side.ReadData(0); });
+  pair_.saveNew({.id = "C", .life = 5});
+  EXPECT_EQ(shown(0, "NumYears"), "Double 7");
+}
+
 TEST_P(AssetStoreOn, SavesOnThoughTheSummaryCannotBeMade) {
   pair_.openBoth();
   pair_.saveNew({.id = "A", .life = 3});
