@@ -28,7 +28,8 @@ void DepCalcDisplayCtl::setLooks() {
   style::otherTab(ViewAllLabel);
   ViewAllLabel.setMnemonic('V');
   style::title(TitleLabel);
-  for (Label* link : {&HelpLabel, &stepLabel, &TotalHelp}) style::helpLink(*link);
+  style::pageHelp(HelpLabel);
+  for (Label* link : {&stepLabel, &TotalHelp}) style::helpLink(*link);
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
   stepLabel.setAlignment(TextAlignment::right);
@@ -86,6 +87,7 @@ void DepCalcDisplayCtl::placeControls() {
                      rate_height + grid_border});
 
   const int buttons_top = rate_top + 915;
+  SaveButton.setRole(ButtonRole::primary);
   SaveButton.setPlace({style::inner_left, buttons_top, 1500, style::button_height});
   CloseButton.setPlace({2550, buttons_top, 1500, style::button_height});
   const int frame_height = buttons_top + style::button_height + 360 - style::frame_top;

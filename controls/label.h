@@ -8,9 +8,21 @@ namespace depcalc {
 
 class InputControl;
 
+/// What a label is for. Whoever shows it goes by this, not by its name or looks.
+enum class LabelRole {
+  text,
+  title,     ///< of the screen or popup that it stands in
+  tab,       ///< leads to a page, or is that of the page that shows
+  link,      ///< a click opens help
+  page_help  ///< the link to help with the whole page
+};
+
 class Label : public WithFont<Control> {
  public:
   Label(UserControl& parent, std::string name, std::string text = {});
+
+  [[nodiscard]] LabelRole role() const { return role_; }
+  void setRole(LabelRole role) { role_ = role; }
 
   [[nodiscard]] const std::string& text() const { return text_; }
   void setText(std::string text);
@@ -36,6 +48,7 @@ class Label : public WithFont<Control> {
   void fontSet(bool differs) override;
   void fit();
 
+  LabelRole role_ = LabelRole::text;
   std::string text_;
   bool word_wrap_ = false;
   bool auto_size_ = false;

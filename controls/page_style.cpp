@@ -11,6 +11,7 @@ void paint(Label& label, Colour text, Colour background) {
 }
 
 void tab(Label& label) {
+  label.setRole(LabelRole::tab);
   label.setFont({body_points, true});
   label.setAlignment(TextAlignment::center);
 }
@@ -25,9 +26,16 @@ void caption(Label& label) {
 void helpLink(Label& label) {
   caption(label);
   label.setUnderline(true);
+  label.setRole(LabelRole::link);
+}
+
+void pageHelp(Label& label) {
+  helpLink(label);
+  label.setRole(LabelRole::page_help);
 }
 
 void title(Label& label) {
+  label.setRole(LabelRole::title);
   label.setFont({title_points, true});
   paint(label, scheme::dark_red, scheme::cream);
 }

@@ -22,6 +22,8 @@ inline constexpr double title_points = 13;
 void caption(Label& label);
 /// The same, underlined as a sign that a click opens help.
 void helpLink(Label& label);
+/// The same, for the whole page.
+void pageHelp(Label& label);
 void title(Label& label);
 /// The tab of the page that shows: cream on dark red; of another page: dark red on tan.
 void currentTab(Label& label);

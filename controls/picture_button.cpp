@@ -19,6 +19,11 @@ PicturePair::PicturePair(UserControl& parent, const std::string& name, const std
   pressed.layOver(normal);
 }
 
+void PicturePair::setRole(ButtonRole role) {
+  normal.setRole(role);
+  pressed.setRole(role);
+}
+
 void PicturePair::setPlace(const Place& place) {
   normal.setPlace(place);
   pressed.setPlace(place);

@@ -5,6 +5,13 @@
 
 namespace depcalc {
 
+/// What a button is for.
+enum class ButtonRole {
+  plain,
+  primary,  ///< leads on: the one of its screen that most users press
+  close     ///< closes what it stands on
+};
+
 /// A picture that can be pressed. It never takes the focus.
 class PictureButton : public Control {
  public:
@@ -13,6 +20,9 @@ class PictureButton : public Control {
       : Control(parent, ControlKind::pictureButton, std::move(name)),
         picture_(std::move(picture)),
         caption_(std::move(caption)) {}
+
+  [[nodiscard]] ButtonRole role() const { return role_; }
+  void setRole(ButtonRole role) { role_ = role; }
 
   [[nodiscard]] const std::string& picture() const { return picture_; }
   void setPicture(std::string picture) { assign(picture_, std::move(picture), Aspect::picture); }
@@ -41,6 +51,7 @@ class PictureButton : public Control {
   void pressAbandoned() override { raise("PressAbandoned", onPressAbandoned); }
   Control& pressTarget() override { return under_ != nullptr ? *under_ : *this; }
 
+  ButtonRole role_ = ButtonRole::plain;
   std::string picture_;
   std::string caption_;
   PictureButton* under_ = nullptr;
@@ -53,6 +64,7 @@ struct PicturePair {
   PicturePair(UserControl& parent, const std::string& name, const std::string& picture,
               const std::string& caption, char mnemonic);
 
+  void setRole(ButtonRole role);
   void setPlace(const Place& place);
   void setVisible(bool visible);  ///< the normal picture; hiding hides the pressed one too
 

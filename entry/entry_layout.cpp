@@ -45,7 +45,7 @@ void DepCalcCtl::layOut() {
   style::otherTab(ViewAllLabel);
   ViewAllLabel.setPlace(style::view_all_tab);
   ViewAllLabel.setMnemonic('V');
-  style::helpLink(HelpLabel);
+  style::pageHelp(HelpLabel);
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
   HelpLabel.setPlace(style::page_help);
@@ -77,6 +77,7 @@ void DepCalcCtl::layOut() {
     amount->setAlignment(TextAlignment::right);
   }
 
+  CalcButton.setRole(ButtonRole::primary);
   CalcButton.setPlace({style::inner_left, buttons_top, 1800, style::button_height});
   ClearButton.setPlace({2850, buttons_top, 1500, style::button_height});
   SaveButton.setPlace({4530, buttons_top, 1500, style::button_height});

@@ -30,6 +30,7 @@ DepCalcPopup::DepCalcPopup(UserControl& parent, std::string name, DepCalcPopupEv
   BorderShape.setForeColour(scheme::dark_red);
   BorderShape.setBackColour(scheme::white);
 
+  HelpTitle.setRole(LabelRole::title);
   HelpTitle.setFont({title_points, true});
   HelpTitle.setForeColour(scheme::dark_red);
   HelpTitle.setAutoSize(true);
@@ -40,6 +41,7 @@ DepCalcPopup::DepCalcPopup(UserControl& parent, std::string name, DepCalcPopupEv
   HelpLabel.setAutoSize(true);
   for (std::size_t i = 0; i < link_count; ++i) {
     Label& link = LinkLabel[i];
+    link.setRole(LabelRole::link);
     link.setFont({body_points, false, true});
     link.setForeColour(scheme::dark_red);
     link.setAutoSize(true);
@@ -48,6 +50,7 @@ DepCalcPopup::DepCalcPopup(UserControl& parent, std::string name, DepCalcPopupEv
     link.onClick = [this, i] { clickLink(i); };
   }
   CloseButton.setSize(close_size, close_size);
+  CloseButton.setRole(ButtonRole::close);
   CloseButton.onClick = [this] { close(); };
 }
 

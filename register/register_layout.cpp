@@ -31,7 +31,7 @@ void DepCalcView::setLooks() {
   CalcDepLabel.setMnemonic('C');
   style::currentTab(ViewAllLabel);
   ViewAllLabel.setPlace(style::view_all_tab);
-  style::helpLink(HelpLabel);
+  style::pageHelp(HelpLabel);
   HelpLabel.setBackColour(scheme::white);
   HelpLabel.setAlignment(TextAlignment::right);
   HelpLabel.setMnemonic('U');
@@ -43,6 +43,7 @@ void DepCalcView::setLooks() {
     style::caption(*line);
     line->setPlace({style::inner_left, line_top, 8400, line_height});
   }
+  NewButton.setRole(ButtonRole::primary);
   int left = style::inner_left;
   for (PicturePair* button : {&NewButton, &EditButton, &DeleteButton, &PrintButton}) {
     button->setPlace({left, buttons_top, button_width, style::button_height});

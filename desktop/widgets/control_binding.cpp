@@ -23,9 +23,10 @@ const Label* labelOf(const Control& control) {
 }
 
 QString titleOf(const UserControl& control) {
-  for (const char* name : {"TitleLabel", "HelpTitle"}) {
-    const Control* title = control.child(name);
-    if (title != nullptr) return qtText(static_cast<const Label*>(title)->text()).simplified();
+  for (const Control* child : control.children()) {
+    if (child->kind() != ControlKind::label) continue;
+    const auto& label = static_cast<const Label&>(*child);
+    if (label.role() == LabelRole::title) return qtText(label.text()).simplified();
   }
   return {};
 }

@@ -88,8 +88,8 @@ Control* helpTarget(const Stage& stage) {
   });
   if (named != nullptr) return named;
   return firstShown(stage, [](const Control* control) {
-    return control->name() == "HelpLabel" && control->kind() == ControlKind::label &&
-           static_cast<const Label*>(control)->clickable();
+    return control->kind() == ControlKind::label &&
+           static_cast<const Label*>(control)->role() == LabelRole::page_help;
   });
 }
 
@@ -123,7 +123,7 @@ std::vector<Control*> tabStops(const Stage& stage) {
 Control* closeTarget(const Stage& stage) {
   return firstShown(stage, [](const Control* control) {
     return control->kind() == ControlKind::pictureButton &&
-           static_cast<const PictureButton*>(control)->picture() == "close";
+           static_cast<const PictureButton*>(control)->role() == ButtonRole::close;
   });
 }
 

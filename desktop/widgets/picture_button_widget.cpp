@@ -7,24 +7,8 @@
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
-namespace {
-
-/// The first button of a screen is the one that leads on.
-bool isPrimary(const PictureButton& button) {
-  const PictureButton& normal = button.under() != nullptr ? *button.under() : button;
-  for (const Control* sibling : normal.parent()->children()) {
-    if (sibling->kind() == ControlKind::pictureButton) return sibling == &normal;
-  }
-  return false;
-}
-
-}  // namespace
-
 PictureButtonWidget::PictureButtonWidget(PictureButton& button, Surface& surface, QWidget* parent)
-    : QAbstractButton(parent),
-      button_(button),
-      primary_(isPrimary(button)),
-      binding_(*this, button, surface, [this](Aspect) {
+    : QAbstractButton(parent), button_(button), binding_(*this, button, surface, [this](Aspect) {
         if (ring_ != nullptr) showRing();
         update();
       }) {
@@ -44,7 +28,7 @@ void PictureButtonWidget::paintEvent(QPaintEvent*) {
   const QString caption = qtText(button_.caption());
   drawButton(painter, rect(),
              {qtText(button_.picture()), caption, mnemonicPosition(caption, named.mnemonic()),
-              primary_, underMouse()},
+              button_.role() == ButtonRole::primary, underMouse()},
              binding_.colours(), binding_.scale());
 }
 

@@ -39,7 +39,6 @@ class PictureButtonWidget : public QAbstractButton {
 
   PictureButton& button_;
   QPointer<FocusRing> ring_;
-  bool primary_;
   ControlBinding binding_;
 };
 

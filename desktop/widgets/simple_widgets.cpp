@@ -16,7 +16,7 @@ constexpr double corner_twips = 75;  // twips
 
 constexpr float faint = 0.2F;  // of the usual opacity
 
-bool isTab(const Label& label) { return label.backColour() != window_background; }
+bool isTab(const Label& label) { return label.role() == LabelRole::tab; }
 
 /// Whether the frame of a page lies within that of the whole screen. The outer one is then a faint
 /// line, or the two would stand side by side.

@@ -58,6 +58,7 @@ TEST_F(Keyboard, EscapeClosesThePopupInFront) {
     Popup(UserControl& parent, std::string name) : UserControl(parent, std::move(name)) {
       setPlace({0, 0, 3000, 3000});
       Close.setPlace({2700, 60, 195, 195});
+      Close.setRole(ButtonRole::close);
       Close.onClick = [this] { hide(); };
     }
     PictureButton Close{*this, "CloseButton", "close", "Close"};

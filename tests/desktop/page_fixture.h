@@ -28,6 +28,7 @@ struct SmallScreen : UserControl {
     NameLabel.setTarget(NameText);
     NameLabel.onClick = [this] { said.emplace_back("help name"); };
     HelpLabel.setPlace({6000, 300, 2400, 240});
+    HelpLabel.setRole(LabelRole::page_help);
     HelpLabel.onClick = [this] { said.emplace_back("help"); };
     NameText.setPlace({2000, 300, 3000, 315});
     AmountText.setPlace({2000, 700, 3000, 315});

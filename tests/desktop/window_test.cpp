@@ -299,7 +299,7 @@ TEST_F(Window, EveryPictureThatIsClickedHasAMnemonicThatNoMenuTakes) {
   for (const Control* control : controls) {
     const auto* picture = dynamic_cast<const PictureButton*>(control);
     // Escape closes a popup.
-    if (picture != nullptr && picture->under() == nullptr && picture->picture() != "close") {
+    if (picture != nullptr && picture->under() == nullptr && picture->role() != ButtonRole::close) {
       ++pictures;
       EXPECT_NE(picture->mnemonic(), 0) << picture->name();
     }
