@@ -5,7 +5,6 @@
 namespace depcalc {
 
 BoxAnswer HeadlessSite::showBox(const MessageBox& box) {
-  boxes_.push_back(box.text);
   return box.buttons == BoxButtons::ok ? BoxAnswer::ok : BoxAnswer::no;
 }
 

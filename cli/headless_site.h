@@ -1,14 +1,13 @@
 // What surrounds a screen that nobody looks at.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <string_view>
 
 #include "controls/site.h"
 
 namespace depcalc {
 
-/// Boxes are kept instead of shown, and questions answered with No.
+/// No box is shown, and questions are answered with No.
 class HeadlessSite final : public Site {
  public:
   explicit HeadlessSite(Date today) : today_(today) {}
@@ -24,13 +23,10 @@ class HeadlessSite final : public Site {
   }
 
   void setPrinter(Printer& printer) { printer_ = &printer; }
-  /// The texts of the boxes so far.
-  [[nodiscard]] const std::vector<std::string>& boxes() const { return boxes_; }
 
  private:
   Date today_;
   Printer* printer_ = nullptr;
-  std::vector<std::string> boxes_;
 };
 
 }  // namespace depcalc

@@ -32,9 +32,4 @@ void GridTable::restructure() {
   endResetModel();
 }
 
-void GridTable::cellsChanged() {
-  if (grid_.rows() == 0 || grid_.columns() == 0) return;
-  emit dataChanged(index(0, 0), index(grid_.rows() - 1, grid_.columns() - 1));
-}
-
 }  // namespace depcalc::desktop

@@ -20,7 +20,6 @@ class GridTable : public QAbstractTableModel {
 
   [[nodiscard]] const Grid& grid() const { return grid_; }
   void restructure();
-  void cellsChanged();
 
  private:
   const Grid& grid_;
