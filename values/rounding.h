@@ -1,5 +1,6 @@
-// Rounding and checked arithmetic on doubles. Every rule of rounding to a whole number or to
-// cents stands here once; halves always go to the even neighbour ("banker's rounding").
+// Rounding and checked arithmetic on doubles. Doubles become whole numbers or cents by these rules;
+// halves always go to the even neighbour ("banker's rounding"). Currency rounds its own integers
+// and dates their day numbers, by the same rule, in currency.cpp and date.cpp.
 #pragma once
 
 #include <bit>
