@@ -1,0 +1,34 @@
+# What docs/contributing.md sends its readers to is there: each `FILE` exists, and what stands behind
+# it in quotes (`FILE`: `TEXT`) is in it. Run in the root: awk -f tests/contributing_test.awk PAGE
+function complain(what) { print FILENAME ":" FNR ": " what; wrong = 1 }
+
+function exists(file,    line, got) {
+  got = (getline line < file)
+  close(file)
+  return got >= 0
+}
+
+function holds(file, text,    line, found) {
+  while (!found && (getline line < file) > 0) found = index(line, text) > 0
+  close(file)
+  return found
+}
+
+{
+  count = split($0, parts, "`")
+  for (i = 2; i <= count; i += 2) {
+    if (parts[i] !~ /^[A-Za-z_\/0-9]+\.(h|cpp|txt|awk|golden|1)$/ || parts[i] !~ /\/|CMakeLists/) continue
+    ++files
+    if (!exists(parts[i])) complain(parts[i] " is not there")
+    else if (parts[i + 1] == ": ") {
+      ++texts
+      if (!holds(parts[i], parts[i + 2])) complain(parts[i] " has no " parts[i + 2])
+      i += 2
+    }
+  }
+}
+
+END {
+  print files " files, " texts " texts"
+  exit wrong || files < 40 || texts < 30
+}
