@@ -20,12 +20,12 @@ std::optional<AssetColumn> columnNamed(std::string_view name, HeaderRules rules)
 }
 
 std::string unknownColumnMessage(HeaderRules rules) {
-  std::string message = "There is no column of this name;";
+  std::string message = "Unknown column; the columns are";
   for (const std::string_view name : asset_column_names) {
     if (columnNamed(name, rules)) message.append(" ").append(name).append(",");
   }
-  message.back() = ' ';
-  return message + "are known, and --ignore-unknown skips the others.";
+  message.back() = ';';
+  return message + " --ignore-unknown skips all others.";
 }
 
 RowProblem headerProblem(const CsvField& field, std::string message) {
@@ -49,13 +49,13 @@ AssetColumns AssetColumns::fromHeader(std::span<const CsvField> header, HeaderRu
     }
     auto& index = columns.index_[static_cast<std::size_t>(*column)];
     if (index)
-      problems.push_back(headerProblem(header[i], "The column appears twice; please leave one."));
+      problems.push_back(headerProblem(header[i], "The column appears twice; please remove one."));
     index = i;
   }
   for (const AssetColumn column : required_columns) {
     if (columns.index_[static_cast<std::size_t>(column)]) continue;
     problems.push_back({header.front().place.line, std::string(nameOf(column)),
-                        "The column is required and missing; please name it in the first row.",
+                        "This required column is missing; please add it to the first row.",
                         std::nullopt});
   }
   return columns;

@@ -70,9 +70,9 @@ void AssetReader::addWidthProblem() {
   const CsvPlace place = record[too_many ? columns_.width() : record.size() - 1].place;
   problems_.push_back({place.line, "column " + std::to_string(place.column),
                        "The row has " + std::to_string(record.size()) +
-                           " fields where the header has " + std::to_string(columns_.width()) +
-                           (too_many ? "; please put a field with commas between quotes."
-                                     : "; an empty field needs its comma, too."),
+                           " fields, but the header has " + std::to_string(columns_.width()) +
+                           (too_many ? "; please enclose a field that contains commas in quotes."
+                                     : "; an empty field needs its comma as well."),
                        std::nullopt});
 }
 

@@ -61,7 +61,7 @@ class RowReading {
 
   bool refusedForComma(AssetColumn column) {
     if (!rules_.decimal_commas || !hasStrangeComma(trimmed(text(column)))) return false;
-    refuse(column, "Please put decimals behind a point, as in 1250.50.");
+    refuse(column, "Please use a decimal point, as in 1250.50.");
     return true;
   }
 
@@ -123,8 +123,7 @@ class RowReading {
     // A row that names the usual day gives the same record as one that names none.
     if (month_and_day && isSameDayOfYear(*month_and_day, usual)) return asset_.FYEnd(usual);
     if (const auto date = fiscalYearEndFromFile(end)) return asset_.FYEnd(*date);
-    refuse(AssetColumn::fiscal_year_end,
-           "Please enter a month and a day, such as 12-31, or a date.");
+    refuse(AssetColumn::fiscal_year_end, "Please enter a month and day, such as 12-31, or a date.");
   }
 
   bool readLife() {

@@ -29,9 +29,9 @@ class CheckCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     app.footer(
-        R"(The file's structure, the digest of every record, the assets' numbers, the types of their
-values and the register's summary are checked. Nothing is changed.
-Exit status: 0 all is well, 1 something is wrong, 2 wrong usage, 3 the file cannot be read,
+        R"(Checks the file's structure, the digest of every record, the assets' numbers, the types of their
+values and the register's summary. Nothing is changed.
+Exit status: 0 no problems, 1 problems found, 2 wrong usage, 3 the file cannot be read,
 4 it is in use.)");
   }
 
@@ -41,7 +41,7 @@ Exit status: 0 all is well, 1 something is wrong, 2 wrong usage, 3 the file cann
     for (const std::string& problem : found) complain(company, problem, surroundings.errors);
     if (!found.empty()) return exit_bad_data;
     const std::int32_t count = company.assetCount();
-    surroundings.out.write(company.name() + ": All is well with " + std::to_string(count) +
+    surroundings.out.write(company.name() + ": No problems found in " + std::to_string(count) +
                            (count == 1 ? " asset.\n" : " assets.\n"));
     return exit_success;
   }

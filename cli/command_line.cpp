@@ -13,11 +13,11 @@ namespace {
 constexpr std::string_view overview =
     R"(  depcalc schedule assets.csv                 compare the methods for every asset
   depcalc schedule --format csv - < a.csv     the amounts, for another program
-  depcalc new workshop.company                make a company file
-  depcalc import workshop.company assets.csv  save the assets in it
-  depcalc list workshop.company               what it holds
+  depcalc new workshop.company                create a company file
+  depcalc import workshop.company assets.csv  add the assets of a CSV file
+  depcalc list workshop.company               list its assets
   depcalc register workshop.company           the amounts of all assets, year by year
-  depcalc help schedule                       more of them, for each command
+  depcalc help schedule                       more examples, for each command
 )";
 
 /// Help that begins with what people look for.
@@ -35,8 +35,8 @@ class ExamplesFirst : public CLI::Formatter {
 
 void declareCommands(CLI::App& app, const std::vector<std::unique_ptr<Command>>& commands) {
   app.formatter(std::make_shared<ExamplesFirst>(overview));
-  app.set_help_flag("--help,-h", "Print this help and end");
-  app.set_version_flag("--version", "depcalc " DEPCALC_VERSION, "Print the version and end");
+  app.set_help_flag("--help,-h", "Print this help and exit");
+  app.set_version_flag("--version", "depcalc " DEPCALC_VERSION, "Print the version and exit");
   app.require_subcommand(1);
   for (const auto& command : commands) {
     CLI::App* sub =

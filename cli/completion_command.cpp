@@ -28,8 +28,8 @@ class CompletionCommand final : public Command {
         ->check(CLI::IsMember({"bash", "zsh", "fish"}))
         ->option_text(" ");
     app.footer(
-        "The Debian package has put them in place already.\n"
-        "Exit status: 0 done, 2 wrong usage, 3 the output cannot be written.");
+        "The Debian package installs all three.\n"
+        "Exit status: 0 success, 2 wrong usage, 3 the output cannot be written.");
   }
 
   ExitStatus run(Surroundings& surroundings) override {

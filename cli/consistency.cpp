@@ -57,7 +57,7 @@ bool sumUp(Company& company, std::vector<std::string>& found) {
   if (!done && (heard.last().empty() || heard.ofMemory())) {
     throw RuntimeError::outOfMemory();
   }
-  if (!done) found.push_back("The assets cannot be summed up: " + heard.last() + ".");
+  if (!done) found.push_back("The assets cannot be summarized: " + heard.last() + ".");
   return done;
 }
 
@@ -70,7 +70,7 @@ void compareSummary(Company& company, HostTable& table, std::vector<std::string>
     const bool empty = stored.type() == StoredValue::Type::empty;
     if (empty && may_be_empty) return;
     found.push_back("In the summary " + std::string(name) + " is " +
-                    (empty ? "empty" : stored.asText()) + "; the assets make it " +
+                    (empty ? "empty" : stored.asText()) + "; according to the assets it is " +
                     expected.asText() + ".");
   };
   // Before the first save the summary holds the fiscal-year end alone.

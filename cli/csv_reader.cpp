@@ -99,7 +99,7 @@ void CsvReader::checkCharacter(unsigned char byte) {
   if (utf8_.atBoundary()) character_ = place_;
   if (!utf8_.accepts(byte)) fail(character_, std::string(not_utf8));
   if (byte == 0)
-    fail(place_, "There is a NUL character; please save the file as plain text in UTF-8.");
+    fail(place_, "The file contains a NUL character; please save it as plain UTF-8 text.");
 }
 
 void CsvReader::advancePlace(unsigned char byte) {
@@ -165,8 +165,8 @@ void CsvReader::readPlain() {
     if (endsField(next)) return;
     if (next == '"')
       fail(place_,
-           "There is a quote inside a field that does not begin with one; please put the whole "
-           "field between quotes and double those inside.");
+           "A quote appears inside an unquoted field; please enclose the whole field in quotes and "
+           "double the quotes inside it.");
     const char byte = static_cast<char>(take());
     keep({&byte, 1});
   }
@@ -187,7 +187,7 @@ void CsvReader::readQuoted() {
   const int next = peek();
   if (!endsField(next)) {
     fail(place_,
-         "There is text behind the quote that closes the field; please double quotes that stand "
+         "Text follows the closing quote of the field; please double quotes that appear "
          "inside.");
   }
 }
@@ -235,7 +235,7 @@ void CsvReader::endRecord() {
 /// That a field without an end is too long as well helps nobody.
 void CsvReader::failOpen(CsvPlace opened) {
   if (problem_.place == opened) failed_ = false;
-  fail(opened, "The quote opened here is never closed; please end the field with a quote.");
+  fail(opened, "The quote opened here is never closed; please add the closing quote.");
 }
 
 void CsvReader::fail(CsvPlace place, std::string message) {

@@ -35,10 +35,10 @@ class DeleteCommand final : public CompanyCommand {
           const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
           return whole && text.size() < 10 && text.find_first_not_of('0') != std::string::npos
                      ? ""
-                     : "\"" + text + "\" is no number of an asset; the first is 1";
+                     : "\"" + text + "\" is not an asset number; numbers start at 1";
         });
     app.footer(
-        R"(Exit status: 0 done, 1 there is no such asset, 2 wrong usage, 3 the file cannot be read or
+        R"(Exit status: 0 success, 1 no such asset, 2 wrong usage, 3 the file cannot be read or
 written, 4 it is in use.)");
   }
 

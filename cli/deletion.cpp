@@ -25,7 +25,7 @@ std::optional<std::string> whatWouldBeLost(Company& company, std::int32_t number
   for (std::int32_t i = std::max(number - 1, 1); i <= count; ++i) {
     if (i == number) continue;
     const auto wrong = wrongTypesIn(*table, static_cast<std::int16_t>(i));
-    if (!wrong.empty()) return wrong.front() + " The deletion would lose that";
+    if (!wrong.empty()) return wrong.front() + " Deleting the asset would lose that value";
   }
   return std::nullopt;
 }

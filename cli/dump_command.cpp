@@ -61,8 +61,9 @@ class DumpCommand final : public CompanyCommand {
   void declareMore(CLI::App& app) override {
     app.footer(
         R"(The types are Empty, Integer, Double, Currency (a text with four decimals), Date
-(YYYY-MM-DD) and String. Record 0 sums the register up; the others are the assets.
-Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
+(YYYY-MM-DD) and String. Record 0 summarizes the register; the others are the assets.
+Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be read,
+4 it is in use.)");
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {

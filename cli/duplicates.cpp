@@ -22,7 +22,7 @@ std::vector<RowProblem> Duplicates::problemsOf(const CalculateDep& asset, std::s
     const auto [owner, is_new] = owners.emplace(text, "Line " + std::to_string(line));
     if (is_new) return;
     problems.push_back({line, std::string(nameOf(column)),
-                        owner->second + " has this " + what + " already.", text});
+                        owner->second + " already has this " + what + ".", text});
   };
   look(ids_, asset.AssetID(), AssetColumn::id, "ID");
   look(serials_, asset.ASerial(), AssetColumn::serial, "serial number");

@@ -28,9 +28,9 @@ class HelpCommand final : public Command {
 
   void declare(CLI::App& app) override {
     app_ = &app;
-    app.add_option("COMMAND", command_, "The command; without one, what commands there are")
+    app.add_option("COMMAND", command_, "The command; without one, all commands are listed")
         ->option_text(" ");
-    app.footer("Exit status: 0 done, 2 there is no such command.");
+    app.footer("Exit status: 0 success, 2 unknown command.");
   }
 
   ExitStatus run(Surroundings& surroundings) override {

@@ -54,24 +54,23 @@ class ImportCommand final : public CompanyCommand {
     app.add_option("CSV", csv_path_, "CSV file with a header row; - for standard input")
         ->required()
         ->option_text(" ");
-    app.add_flag("--dry-run", dry_run_, "Do everything but save");
+    app.add_flag("--dry-run", dry_run_, "Do everything except save");
     app.add_flag("--allow-duplicates", allow_duplicates_,
-                 "Take rows whose ID or serial number is there already");
+                 "Accept rows whose ID or serial number already exists");
     addSeparatorOption(app, separator_);
-    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
-    app.add_flag("--raw", raw_texts_,
-                 "Take texts as they are, as `depcalc list --raw` writes them");
-    app.footer(R"(Columns as `depcalc schedule --help` has them, but:
-  method             SL, SYD, DDB, UOP, or empty: saved without amounts
-  fiscal_year_end    MM-DD, or a date of which month and day count (the company's)
-  placed_in_service  any date; those more than 50 years from today are remarked on
-  life, basis        0 is taken, too, where there is no method
+    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
+    app.add_flag("--raw", raw_texts_, "Read texts unchanged, as `depcalc list --raw` writes them");
+    app.footer(R"(Columns are the same as for `depcalc schedule --help`, except:
+  method             SL, SYD, DDB, UOP, or empty (saved without amounts)
+  fiscal_year_end    MM-DD, or a date, whose year is ignored (the company's)
+  placed_in_service  any date; those more than 50 years from today are pointed out
+  life, basis        0 is also accepted where there is no method
   id, name, serial, department   texts of any length
 
 Every row that cannot be used is reported on standard error, and then nothing is imported. So is
-a row whose ID or serial number stands in the register or in a line before; empty ones do not
-count. After the 200th such row one line says how many more there are.
-Exit status: 0 done, 1 some rows were refused or are too many, 2 wrong usage, 3 a file cannot be
+a row whose ID or serial number already appears in the register or on an earlier line, unless it
+is empty. After the 200th such row, one line gives the number of the others.
+Exit status: 0 success, 1 some rows were refused or are too many, 2 wrong usage, 3 a file cannot be
 read or written, 4 the company file is in use.)");
   }
 
@@ -114,7 +113,7 @@ read or written, 4 the company file is in use.)");
     }
     std::string message = "Nothing was imported.";
     if (rows.duplicate_rows > 0) {
-      message += " With --allow-duplicates IDs and serial numbers may be there already.";
+      message += " Use --allow-duplicates to accept IDs and serial numbers that already exist.";
     }
     complain(company, message, errors);
     return exit_bad_data;
@@ -154,7 +153,7 @@ read or written, 4 the company file is in use.)");
     const std::size_t count = rows.distant_lines.size();
     complain(company,
              counted(count, "asset") + (count == 1 ? " is" : " are") +
-                 " placed in service more than 50 years from today; see line " +
+                 " placed in service more than 50 years before or after today; see line " +
                  std::to_string(rows.distant_lines.front()) + ".",
              errors);
   }

@@ -93,13 +93,14 @@ class ListCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     addFormatOption(app, format_);
-    app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes");
+    app.add_flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
     app.footer(
-        R"(In csv a text that a spreadsheet would take for a formula (it begins with = + - @, a tab or a
-carriage return) gets an apostrophe in front, which import and schedule take away again.
-With --raw it gets none; import --raw reads that.
+        R"(In csv, a text that a spreadsheet would take for a formula (it begins with = + - @, a tab or a
+carriage return) is preceded by an apostrophe, which import and schedule remove again.
+With --raw it is not; import --raw reads such a file.
 
-Exit status: 0 done, 1 the file is damaged, 2 wrong usage, 3 it cannot be read, 4 it is in use.)");
+Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be read,
+4 it is in use.)");
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {

@@ -40,7 +40,7 @@ class NewCommand final : public Command {
  public:
   [[nodiscard]] std::string_view name() const override { return "new"; }
 
-  [[nodiscard]] std::string_view summary() const override { return "Make an empty company file"; }
+  [[nodiscard]] std::string_view summary() const override { return "Create an empty company file"; }
 
   [[nodiscard]] std::string_view examples() const override {
     return R"(  depcalc new workshop.company
@@ -51,23 +51,25 @@ class NewCommand final : public Command {
   }
 
   void declare(CLI::App& app) override {
-    app.add_option("FILE", path_, "The company file to make")->required()->option_text(" ");
-    app.add_option("--name", name_, "The company's name, else that of the file")
+    app.add_option("FILE", path_, "The company file to create")->required()->option_text(" ");
+    app.add_option("--name", name_, "The company's name (default: the file's name)")
         ->option_text("TEXT")
         ->check([](const std::string& text) {
-          return isLine(text) ? "" : "the name must be UTF-8 on one line";
+          return isLine(text) ? "" : "the name must be a single line of UTF-8 text";
         });
     app.add_option_function<std::string>(
            "--first-month",
            [this](const std::string& text) { first_month_ = *monthFromText(text); },
-           "The fiscal year's first month, else January")
+           "The fiscal year's first month (default: January)")
         ->option_text("MONTH")
         ->check([](const std::string& text) {
-          return monthFromText(text) ? "" : "\"" + text + "\" is no month; 1 to 12 or a name is";
+          return monthFromText(text)
+                     ? ""
+                     : "\"" + text + "\" is not a month; use 1 to 12 or a month name";
         });
     addTodayOption(app, today_);
-    app.footer(R"(A file that is there is left alone.
-Exit status: 0 done, 2 wrong usage, 3 the file exists or cannot be made.)");
+    app.footer(R"(An existing file is never overwritten.
+Exit status: 0 success, 2 wrong usage, 3 the file exists or cannot be created.)");
   }
 
   ExitStatus run(Surroundings& surroundings) override {

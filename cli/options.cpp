@@ -29,7 +29,7 @@ void addDateOption(CLI::App& app, const std::string& name, Target& target,
          name, [&target, read](const std::string& text) { target = *read(text); }, description)
       ->option_text(form)
       ->check([read, form](const std::string& text) {
-        return read(text) ? std::string() : "\"" + text + "\" is no date of the form " + form;
+        return read(text) ? std::string() : "\"" + text + "\" is not a date in the form " + form;
       });
 }
 
@@ -44,8 +44,8 @@ void addFormatOption(CLI::App& app, OutputFormat& format, const std::vector<std:
                     : name == "json" ? OutputFormat::json
                                      : OutputFormat::table;
          },
-         with_json ? "How to write: table (for people), csv or json"
-                   : "How to write: table (for people) or csv")
+         with_json ? "Output format: table (for reading), csv or json"
+                   : "Output format: table (for reading) or csv")
       ->check(CLI::IsMember(known))
       ->option_text("FORMAT");
 }
@@ -54,20 +54,20 @@ void addSeparatorOption(CLI::App& app, char& separator) {
   app.add_option_function<std::string>(
          "--separator",
          [&separator](const std::string& text) { separator = *separatorNamed(text); },
-         "What parts the columns: comma (the default), semicolon, tab or a character")
+         "Column separator: comma (the default), semicolon, tab or a single character")
       ->option_text("SEPARATOR")
       ->check(CLI::Validator(
           [](const std::string& text) {
-            return separatorNamed(text)
-                       ? ""
-                       : "\"" + text + "\" is no separator; comma, semicolon and tab are";
+            return separatorNamed(text) ? ""
+                                        : "\"" + text +
+                                              "\" is not a separator; use comma, semicolon, tab or "
+                                              "a single character";
           },
           "{comma,semicolon,tab}"));
 }
 
 void addTodayOption(CLI::App& app, std::optional<Date>& today) {
-  addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD",
-                "Take this day for today instead of the clock's");
+  addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD", "Use this date as today's date");
 }
 
 void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description) {

@@ -29,16 +29,16 @@ class PrintCommand final : public CompanyCommand {
   [[nodiscard]] bool onlyReads() const override { return true; }
 
   void declareMore(CLI::App& app) override {
-    app.add_option("--output", output_, "Where the document goes; - for standard output")
+    app.add_option("--output", output_, "The PDF document to write; - for standard output")
         ->required()
         ->option_text("FILE.pdf");
-    app.add_option("--paper", paper_, "A4 (without the option) or Letter")
+    app.add_option("--paper", paper_, "A4 (the default) or Letter")
         ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case))
         ->option_text("PAPER");
     app.add_flag("--landscape", landscape_,
-                 "Turn the paper: more assets and fewer years on a page");
-    app.footer(R"(Needs no display. Beside the captions seven assets fit on upright paper.
-Exit status: 0 done, 1 the file is damaged or not everything could be printed, 2 wrong usage,
+                 "Print in landscape: more assets and fewer years per page");
+    app.footer(R"(No display is needed. In portrait, seven assets fit on a page beside the captions.
+Exit status: 0 success, 1 the file is damaged or not everything could be printed, 2 wrong usage,
 3 a file cannot be read or written, 4 it is in use.)");
   }
 
@@ -80,10 +80,11 @@ Exit status: 0 done, 1 the file is damaged or not everything could be printed, 2
                                       Printer& printer, Output& errors) {
     const int left_out = page.assetsLeftOut(printer);
     if (left_out > 0) {
-      complain(company, "the last " + std::to_string(left_out) + " assets are on no page", errors);
+      complain(company, "the last " + std::to_string(left_out) + " assets do not fit on the pages",
+               errors);
     }
     if (!page.trouble().empty()) {
-      complain(company, "the table ends early: " + page.trouble(), errors);
+      complain(company, "the table is incomplete: " + page.trouble(), errors);
     }
     return left_out > 0 || !page.trouble().empty() ? exit_bad_data : exit_success;
   }

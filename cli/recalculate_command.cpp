@@ -50,7 +50,7 @@ class RecalculateCommand final : public CompanyCommand {
   [[nodiscard]] std::string_view name() const override { return "recalculate"; }
 
   [[nodiscard]] std::string_view summary() const override {
-    return "Calculate all assets of a company file anew";
+    return "Recalculate all assets of a company file";
   }
 
   [[nodiscard]] std::string_view examples() const override {
@@ -65,18 +65,18 @@ class RecalculateCommand final : public CompanyCommand {
   [[nodiscard]] bool onlyReads() const override { return dry_run_; }
 
   void declareMore(CLI::App& app) override {
-    app.add_flag("--dry-run", dry_run_, "Do everything but save");
+    app.add_flag("--dry-run", dry_run_, "Do everything except save");
     app.add_flag("--company-year", company_year_,
-                 "Give all assets the company's fiscal-year end; else each keeps its own");
+                 "Give all assets the company's fiscal-year end (default: each keeps its own)");
     addFormatOption(app, format_, {"table", "csv"});
     app.footer(
-        R"(Every asset is calculated by its method, as import does it; one without a method keeps none. An
-asset that the entry form would refuse to calculate is named on standard error and left as it is.
-All the others are saved, or none where something fails.
-In csv only the amounts that change stand: n,id,fiscal_year,before,after. The rate per unit of
-production has no fiscal year.
+        R"(Every asset is calculated by its method, as import does; one without a method has no amounts. An
+asset that the entry form would refuse to calculate is named on standard error and left unchanged.
+All the others are saved, or none if anything fails.
+In csv, only the amounts that change are written: n,id,fiscal_year,before,after. The rate per unit
+of production has no fiscal year.
 
-Exit status: 0 done, 1 assets were left as they are or the file is damaged, 2 wrong usage,
+Exit status: 0 success, 1 some assets were left unchanged or the file is damaged, 2 wrong usage,
 3 the file cannot be read or written, 4 it is in use.)");
   }
 
@@ -88,7 +88,7 @@ Exit status: 0 done, 1 assets were left as they are or the file is damaged, 2 wr
     for (const LeftAsset& left : result.left) {
       complain(company,
                "Asset " + std::to_string(left.number) + ", " + quotedText(left.id) +
-                   ", is left as it is: " + left.reason,
+                   ", was left unchanged: " + left.reason,
                surroundings.errors);
     }
     return result.left.empty() ? exit_success : exit_bad_data;
@@ -111,8 +111,8 @@ Exit status: 0 done, 1 assets were left as they are or the file is damaged, 2 wr
     if (format_ == OutputFormat::csv) return writeCsv(result.changes, out);
     if (!result.changes.empty()) writeTable(result.changes, out);
     const auto assets = static_cast<std::size_t>(result.calculated);
-    out.write((dry_run_ ? "Would calculate " : "Calculated ") + counted(assets, "asset") +
-              " anew; " + counted(result.changes.size(), "amount") +
+    out.write((dry_run_ ? "Would recalculate " : "Recalculated ") + counted(assets, "asset") +
+              "; " + counted(result.changes.size(), "amount") +
               (dry_run_ ? " would change.\n" : " changed.\n"));
     if (result.moved > 0) {
       out.write(counted(static_cast<std::size_t>(result.moved), "asset") +

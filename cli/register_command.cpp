@@ -30,9 +30,10 @@ class RegisterCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     addFormatOption(app, format_);
-    app.add_flag("--raw", raw_, "With csv: texts as they are, for pipes; see list --help");
-    app.footer(R"(A row stands for a field or a fiscal year, a column for an asset.
-Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usage,
+    app.add_flag("--raw", raw_,
+                 "With csv: write texts unchanged, for other programs; see list --help");
+    app.footer(R"(Each row is a field or a fiscal year, each column an asset.
+Exit status: 0 success, 1 the file is damaged or the table is incomplete, 2 wrong usage,
 3 it cannot be read, 4 it is in use.)");
   }
 
@@ -40,7 +41,7 @@ Exit status: 0 done, 1 the file is damaged or the table ends early, 2 wrong usag
     const RegisterPage page(company);
     write(page, surroundings.out);
     if (page.trouble().empty()) return exit_success;
-    complain(company, "the table ends early: " + page.trouble(), surroundings.errors);
+    complain(company, "the table is incomplete: " + page.trouble(), surroundings.errors);
     return exit_bad_data;
   }
 

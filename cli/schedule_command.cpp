@@ -35,25 +35,26 @@ class ScheduleCommand final : public Command {
     addFormatOption(app, format_);
     addTodayOption(app, today_);
     addFiscalYearEndOption(app, fiscal_year_end_,
-                           "The fiscal year's last day where the file names none, else 12-31");
+                           "The fiscal year's last day where the file gives none (default: 12-31)");
     addSeparatorOption(app, separator_);
-    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip columns whose name is not known");
+    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
     app.add_flag("--no-date-limit", no_date_limit_,
                  "Accept dates more than 50 years before or after today");
     app.add_flag("--raw", raw_texts_,
-                 "Take and write texts as they are, for pipes; see list --help");
-    app.footer(R"(Columns, in any order and any case; the first three are required:
+                 "Read and write texts unchanged, for other programs; see list --help");
+    app.footer(R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
   life               useful life in years, 1 to 50
   basis              cost, above 0 and below 10,000,000
   salvage            residual value, up to the basis (0)
   convention         Full Year, Half Year, Full Month, Half Month, Actual Days, or 0 to 4 (0)
-  fiscal_year_end    MM-DD, or a date of which month and day count (12-31)
+  fiscal_year_end    MM-DD, or a date, whose year is ignored (12-31)
   capacity           units that the asset will produce (0)
   id, name, serial, department   texts of up to 20 characters
 
 A row that cannot be used is reported on standard error and left out.
-Exit status: 0 done, 1 some rows were refused, 2 wrong usage, 3 a file cannot be read or written.)");
+Exit status: 0 success, 1 some rows were refused, 2 wrong usage, 3 a file cannot be read or
+written.)");
   }
 
   ExitStatus run(Surroundings& surroundings) override {

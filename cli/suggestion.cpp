@@ -51,7 +51,7 @@ std::string unknownCommand(const CLI::App& root, std::string_view word) {
     names.push_back(sub->get_name());
   }
   const std::string meant = closestTo(word, names);
-  return "There is no command " + quotedText(word) + "." +
+  return "Unknown command " + quotedText(word) + "." +
          (meant.empty() ? "" : " Did you mean " + meant + "?") +
          "\nRun with --help for more information.\n";
 }

@@ -34,15 +34,16 @@ struct Options {
 Options parse(const QApplication& application) {
   QCommandLineParser parser;
   parser.setApplicationDescription(
-      QObject::tr("Keeps a register of a business's assets and compares their depreciation."));
+      QObject::tr("Keep a register of a business's assets and compare their depreciation."));
   parser.addHelpOption();
   parser.addVersionOption();
   const QCommandLineOption preview(
       QStringLiteral("preview"),
-      QObject::tr("Draws FILE's screens and its printed schedule into DIRECTORY, without a "
-                  "display, and prints their paths."),
+      QObject::tr("Draw FILE's screens and its printed schedule into DIRECTORY, without a display, "
+                  "and print their paths."),
       QStringLiteral("DIRECTORY"));
-  const QCommandLineOption dark(QStringLiteral("dark"), QObject::tr("Looks as on a dark desktop."));
+  const QCommandLineOption dark(QStringLiteral("dark"),
+                                QObject::tr("Use the colors of a dark desktop."));
   parser.addOptions({preview, dark});
   parser.addPositionalArgument(QStringLiteral("FILE"), QObject::tr("The company file to open."),
                                QStringLiteral("[FILE]"));
@@ -58,8 +59,8 @@ QString writable(QStandardPaths::StandardLocation location) {
   return path;
 }
 
-/// On a copy, so that the company stays as it is and may be open elsewhere. What is wrong with it is
-/// told on standard error: nobody could answer a box here.
+/// On a copy, so that the company stays as it is and may be open elsewhere. What is wrong with it
+/// is told on standard error: nobody could answer a box here.
 int preview(CompanyFiles& files, MainWindow& window, const Options& options,
             const QString& scratch) {
   const QString copy = scratch + u'/' + QFileInfo(options.file).fileName();

@@ -139,7 +139,7 @@ QString Backups::restore(const Backup& backup, const QString& company_path, cons
   QString problem = copyFile(backup.path, held);
   if (problem.isEmpty() && QFile::exists(company_path)) {
     if (!setAside(company_path) || !keep(company_path, now)) {
-      problem = QCoreApplication::translate("Backups", "The present file could not be copied.");
+      problem = QCoreApplication::translate("Backups", "The current file could not be copied.");
     }
   }
   if (problem.isEmpty()) {

@@ -15,10 +15,10 @@ using InFile = FailedChange::InFile;
 
 QString whatFileHas(const FailedChange& change) {
   if (change.in_file == InFile::all) {
-    return QObject::tr("The change is in the company file, but the disk has not confirmed it.");
+    return QObject::tr("The change is in the company file, but the disk did not confirm it.");
   }
   if (change.in_file == InFile::unknown) {
-    return QObject::tr("Whether the change reached the company file cannot be told.");
+    return QObject::tr("It is not certain whether the change reached the company file.");
   }
   // Where the disk is full the reason says so already.
   return change.trouble.kind() == FileTrouble::Kind::disk_full
@@ -67,8 +67,8 @@ Choice choose(const FailedChange& change, QWidget* window) {
 }
 
 bool givesUp(QWidget* window) {
-  QMessageBox box(QMessageBox::Question, QObject::tr("Give Up Change"),
-                  QObject::tr("Give up this change?"), QMessageBox::Yes | QMessageBox::No, window);
+  QMessageBox box(QMessageBox::Question, QObject::tr("Discard Change"),
+                  QObject::tr("Discard this change?"), QMessageBox::Yes | QMessageBox::No, window);
   box.setDefaultButton(QMessageBox::No);
   keepAtSystemEnd(box);
   tidyBox(box);

@@ -8,11 +8,13 @@ namespace depcalc::desktop {
 QString folderTrouble(const QString& path) {
   const QFileInfo folder(QFileInfo(path).absolutePath());
   if (!folder.isDir()) {
-    return QObject::tr("There is no folder %1. Choose another folder, or make this one first.")
+    return QObject::tr(
+               "The folder %1 does not exist. Choose another folder, or create this one first.")
         .arg(folder.filePath());
   }
   if (!folder.isWritable()) {
-    return QObject::tr("You may not add files to the folder %1. Choose another folder.")
+    return QObject::tr(
+               "You do not have permission to add files to the folder %1. Choose another folder.")
         .arg(folder.filePath());
   }
   return {};

@@ -222,11 +222,10 @@ void MainWindow::showPlaceholder() {
     page_->showPlaceholder(start);
     return;
   }
-  const QString text =
-      multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator works in "
-                      "single-user mode.")
-                       .arg(companyTitle())
-                 : tr("%1 is open.").arg(companyTitle());
+  const QString text = multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator "
+                                       "works only in single-user mode.")
+                                        .arg(companyTitle())
+                                  : tr("%1 is open.").arg(companyTitle());
   page_->showPlaceholder(multi_user ? new StartPage(text, {to_single_user_})
                                     : new StartPage(text, {}));
 }
@@ -244,8 +243,7 @@ void MainWindow::showStatus() {
   setWindowTitle(tr("%1 – Depreciation Calculator").arg(companyTitle()));
   company_label_->setText(tr("%1 — %2").arg(companyTitle(), mode));
   const auto month = static_cast<std::size_t>(company()->info().first_month - 1);
-  QString figures =
-      tr("Fiscal year starts in %1").arg(qtText(en_us::month_names.at(month)));
+  QString figures = tr("Fiscal year starts in %1").arg(qtText(en_us::month_names.at(month)));
   const std::optional<int> assets =
       calculator_ == nullptr ? std::nullopt : calculator_->assetCount();
   if (assets.has_value()) {

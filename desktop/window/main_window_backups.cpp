@@ -26,8 +26,8 @@ void MainWindow::offerBackups(const QString& path) {
   const QVector<Backup> backups = around_.backups.of(path);
   if (backups.isEmpty()) {
     tell(
-        tr("There is no backup of this company yet. One is kept before the first change of each "
-           "opening."));
+        tr("There is no backup of this company yet. One is made before the first change each time "
+           "the company is opened."));
     return;
   }
   // Each is opened, and so checked: a long register takes its time.
@@ -69,7 +69,7 @@ void MainWindow::tellNotOpened(const CompanyFileError& error, const QString& pat
     return;
   }
   QMessageBox box(QMessageBox::Warning, tr("Depreciation Calculator"),
-                  tr("%1\n\nA backup of this company can take its place.").arg(text),
+                  tr("%1\n\nYou can replace it with a backup of this company.").arg(text),
                   QMessageBox::Close, this);
   box.setTextFormat(Qt::PlainText);
   QPushButton* const restore = box.addButton(tr("Restore &Backup…"), QMessageBox::AcceptRole);

@@ -61,25 +61,25 @@ void MainWindow::noteFailure(const ErrorReport& report) {
   const auto trouble = company()->takeTrouble();
   if (report.isOfMemory()) {
     tellLater(
-        tr("There was not enough memory for the last step. The company file holds what was "
-           "saved before. Close other programs, then try again."));
+        tr("There was not enough memory to complete the last step. The company file still holds "
+           "what was saved before. Close other programs, then try again."));
     return;
   }
   const QString reason =
       qtText(trouble.has_value() ? std::string_view(*trouble) : report.description);
-  tellLater(tr("The last step could not be finished.\n\n%1").arg(reason));
+  tellLater(tr("The last step could not be completed.\n\n%1").arg(reason));
 }
 
 void MainWindow::tellChangesAreRefused(bool of_reading) {
   note_label_->setText(tr("Out of memory: open the company again to change it"));
   tellLater(
       of_reading
-          ? tr("There was not enough memory to read all of an asset. So that nothing of it is "
-               "lost, the company cannot be changed until it has been opened again. Close "
-               "other programs first.")
-          : tr("There was not enough memory to finish the last change. So that no asset is "
-               "left half changed, the company cannot be changed until it has been opened "
-               "again. Close other programs first."));
+          ? tr("There was not enough memory to read an asset completely. To protect its data, the "
+               "company cannot be changed until it has been opened again. Close other programs "
+               "first.")
+          : tr("There was not enough memory to complete the last change. To protect the assets, "
+               "the company cannot be changed until it has been opened again. Close other "
+               "programs first."));
 }
 
 /// One failure has many reports: the first says most. A change that the user has given up was told.

@@ -78,10 +78,10 @@ bool MainWindow::hasUnsavedEntry() {
 }
 
 bool MainWindow::closeForSystem(int seconds) {
-  const QScopedValueRollback note(
-      leaving_note_, tr("The system is asking this program to close. If there is no answer within "
-                        "%1 seconds, it closes without saving.")
-                         .arg(seconds));
+  const QScopedValueRollback note(leaving_note_,
+                                  tr("The system has asked this program to close. Without an "
+                                     "answer within %1 seconds, it will close without saving.")
+                                      .arg(seconds));
   return close();
 }
 

@@ -65,7 +65,7 @@ void MainWindow::saveRecalculated(FiscalYearEnds ends, const Recalculation& seen
   const Recalculation now = recalculated(assets, ends);
   if (now.changes != seen.changes) {
     problem =
-        tr("Another program has changed the company meanwhile. Please look at the amounts "
+        tr("Another program has changed the company in the meantime. Please review the amounts "
            "again.");
   } else {
     problem = problemOfSaving(assets, now);
@@ -95,7 +95,7 @@ bool MainWindow::keepFreshBackup() {
   const QString before = newest();
   backup_kept_ = around_.backups.keep(path, QDateTime::currentDateTime());
   if (backup_kept_ && (!QFile::exists(path) || newest() != before)) return true;
-  tell(tr("Nothing was changed. No backup could be made in the folder of the backups."));
+  tell(tr("Nothing was changed. No backup could be made in the backup folder."));
   return false;
 }
 

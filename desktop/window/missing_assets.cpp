@@ -34,23 +34,23 @@ Missing missingAssets(const Grid& register_table, Printer& printer) {
 
 QString whatIsMissing(const Missing& missing) {
   if (missing.assets == missing.of) {
-    return QObject::tr("This paper is too narrow: no asset would be on a page.");
+    return QObject::tr("This paper is too narrow to print any assets.");
   }
   if (missing.assets == 1) {
-    return QObject::tr("On this paper the last of the %1 assets would be on no page.")
+    return QObject::tr("On this paper, the last of the %1 assets would not be printed.")
         .arg(missing.of);
   }
-  return QObject::tr("On this paper the last %1 of the %2 assets would be on no page.")
+  return QObject::tr("On this paper, the last %1 of the %2 assets would not be printed.")
       .arg(missing.assets)
       .arg(missing.of);
 }
 
 QString whatMayHelp(const Missing& missing) {
   if (!missing.none_if_turned) {
-    return QObject::tr("Paper of another size may have room for all of them.");
+    return QObject::tr("All of them may fit on paper of another size.");
   }
-  return missing.wide_paper ? QObject::tr("In portrait there is room for all of them.")
-                            : QObject::tr("In landscape there is room for all of them.");
+  return missing.wide_paper ? QObject::tr("All of them fit in portrait.")
+                            : QObject::tr("All of them fit in landscape.");
 }
 
 }  // namespace

@@ -17,8 +17,8 @@ QString troubleWith(const QString& path) {
   const QFileInfo file(path);
   if (file.exists() || file.isSymLink()) {
     return QObject::tr(
-               "%1 already exists. Choose another name for the new company; to open the "
-               "one that is there, use File > Open Company.")
+               "%1 already exists. Choose another name for the new company; to open the existing "
+               "company, use File > Open Company.")
         .arg(file.fileName());
   }
   return folderTrouble(path);

@@ -79,18 +79,17 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
       company_year_(new QCheckBox(this)),
       summary_(new QLabel(this)),
       changes_(new QTableView(this)),
-      left_label_(new QLabel(tr("These assets cannot be calculated and stay as they are:"), this)),
+      left_label_(new QLabel(tr("These assets cannot be calculated and remain unchanged:"), this)),
       left_(new QListWidget(this)),
       note_(new QLabel(this)) {
   setWindowTitle(tr("Recalculate All Assets"));
   auto* const explanation = new QLabel(this);
   explanation->setWordWrap(true);
-  explanation->setText(
-      company.other_fiscal_years == 0
-          ? tr("Every asset is calculated by its method with what is saved of it.")
-          : tr("Every asset is calculated by its method with what is saved of it. The fiscal year "
-               "of %1 does not end when the company's does, on %2.")
-                .arg(assets(company.other_fiscal_years), company.fiscal_year_end));
+  explanation->setText(company.other_fiscal_years == 0
+                           ? tr("Every asset is recalculated by its method from its saved values.")
+                           : tr("Every asset is recalculated by its method from its saved values. "
+                                "The fiscal year of %1 does not end on %2, as the company's does.")
+                                 .arg(assets(company.other_fiscal_years), company.fiscal_year_end));
   company_year_->setObjectName(QStringLiteral("CompanyYear"));
   company_year_->setText(tr("Use the company's fiscal year for &all assets"));
   company_year_->setChecked(ends == FiscalYearEnds::company);
@@ -111,7 +110,7 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   left_->setAccessibleName(left_label_->text());
   left_->setWordWrap(true);
   left_->setMaximumHeight(left_->fontMetrics().height() * 6);
-  note_->setText(tr("A backup is kept first. All of it is saved, or nothing."));
+  note_->setText(tr("A backup is made first. Either all of it is saved or none."));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   save_ = buttons->addButton(tr("&Save"), QDialogButtonBox::AcceptRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -162,7 +161,7 @@ void RecalculationDialog::calculate() {
 QString RecalculationDialog::summary() const {
   const auto changes = static_cast<int>(recalculation_.changes.size());
   if (recalculation_.to_save.empty()) {
-    return tr("All amounts are as they are calculated. There is nothing to save.");
+    return tr("All amounts are correct. There is nothing to save.");
   }
   QString text = changes == 0   ? tr("No amount changes.")
                  : changes == 1 ? tr("One amount changes:")

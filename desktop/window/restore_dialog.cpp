@@ -25,7 +25,7 @@ RestoreDialog::RestoreDialog(QVector<Backup> backups, const QVector<std::optiona
     : QDialog(parent), backups_(std::move(backups)), list_(new QListWidget(this)) {
   setWindowTitle(tr("Restore Backup"));
   auto* const question =
-      new QLabel(tr("Put the company back as it was before the changes that began at:"), this);
+      new QLabel(tr("Restore the company to what it was before the changes that began at:"), this);
   list_->setObjectName(QStringLiteral("Backups"));
   list_->setAccessibleName(question->text());
   for (qsizetype i = 0; i < backups_.size(); ++i) {
@@ -34,7 +34,7 @@ RestoreDialog::RestoreDialog(QVector<Backup> backups, const QVector<std::optiona
     list_->addItem(tr("%1   ·   %2").arg(made, inWords(assets[i])));
   }
   list_->setCurrentRow(0);
-  auto* const note = new QLabel(tr("The company as it is now is kept as a backup, too."), this);
+  auto* const note = new QLabel(tr("The company as it is now is also kept as a backup."), this);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   QPushButton* const restore = buttons->addButton(tr("&Restore"), QDialogButtonBox::AcceptRole);
   restore->setDefault(true);

@@ -33,10 +33,9 @@ void CompanyContents::beforeChange() {
     throw FileTrouble(Kind::read_only, path_ + " cannot be written. It was opened for reading.");
   }
   if (changes_refused_) {
-    throw FileTrouble(Kind::failed,
-                      path_ +
-                          " was not read whole, for want of memory. Nothing in it is changed until "
-                          "it has been opened again.");
+    throw FileTrouble(Kind::failed, path_ +
+                                        " could not be read completely because memory ran out. It "
+                                        "cannot be changed until it has been opened again.");
   }
   ++revision_;
 }
@@ -97,7 +96,7 @@ void CompanyContents::requireStillOurs() {
   if (fileIsAsKnown()) return;
   throw FileTrouble(Kind::changed, path_ +
                                        " was changed by another program while it was open here. "
-                                       "It was left as that program has it.");
+                                       "It was left as the other program saved it.");
 }
 
 /// Whether the file holds what it held when it was last read or written here.

@@ -79,10 +79,10 @@ void CompanyContents::read() {
   if (readable_) return;
   const std::string more =
       problems.size() > 1 ? " (and " + std::to_string(problems.size() - 1) + " more)" : "";
-  throw FileTrouble(FileTrouble::Kind::damaged,
-                    open_->database.path() + " is damaged: " + problems.front() + more +
-                        ". Bring back a copy from before.",
-                    problems);
+  throw FileTrouble(
+      FileTrouble::Kind::damaged,
+      open_->database.path() + " is damaged: " + problems.front() + more + ". Restore a backup.",
+      problems);
 }
 
 void CompanyContents::checkIntegrity(std::vector<std::string>& problems) {
@@ -110,7 +110,7 @@ void CompanyContents::readCompany(std::vector<std::string>& problems) {
   if (good) {
     info_.first_month = static_cast<int>(month);
   } else {
-    problems.emplace_back("the company's fiscal year or mode is none");
+    problems.emplace_back("the company's fiscal year or mode is not valid");
   }
   file_digest_ = written_digest_ = static_cast<std::uint64_t>(row.integer(3));
 }
@@ -123,7 +123,7 @@ void CompanyContents::readTables(std::vector<std::string>& problems) {
     const std::string name(row.text(1));
     if (id < 1 || id > most_tables || name.empty() ||
         (tables_.contains(name) && tables_[name]->id() != 0)) {
-      problems.push_back("the data table " + std::to_string(id) + " has no name of its own");
+      problems.push_back("the data table " + std::to_string(id) + " has no valid name of its own");
       continue;
     }
     const auto table = tableCalled(name);
@@ -146,7 +146,7 @@ void CompanyContents::readRecords(std::vector<std::string>& problems) {
     const auto digest = static_cast<std::uint64_t>(row.integer(2));
     const bool typed = row.isText(1) && row.isInteger(2);
     if (!table->second->read(static_cast<std::int16_t>(index), row.text(1), digest) || !typed) {
-      problems.push_back(describe(*table->second, index) + " is not as it was written");
+      problems.push_back(describe(*table->second, index) + " has been altered since it was saved");
     }
   }
 }
@@ -158,11 +158,11 @@ void CompanyContents::compareTables(std::vector<std::string>& problems) {
       problems.push_back("table " + table->name() + " has " + std::to_string(table->records()) +
                          " records instead of " + std::to_string(counted.records));
     } else if (table->tally() != counted.tally) {
-      problems.push_back("table " + table->name() + " has records of another time");
+      problems.push_back("table " + table->name() + " has records from another point in time");
     }
   }
   if (companyDigest() != file_digest_) {
-    problems.emplace_back("the company's own data are not as they were written");
+    problems.emplace_back("the company's own data have been altered since they were saved");
   }
 }
 

@@ -120,8 +120,8 @@ void CompanyLock::requireInPlace(const std::string& path) const {
   }
   if (ours.st_dev == there.st_dev && ours.st_ino == there.st_ino) return;
   throw FileTrouble(Kind::lost, path +
-                                    " is another file now: it was replaced while it was open. Put "
-                                    "the first one back and try again.");
+                                    " is now a different file: it was replaced while it was open. "
+                                    "Put the original back and try again.");
 }
 
 bool CompanyLock::sqliteHolds() const {

@@ -62,7 +62,7 @@ Header readHeader(const std::string& path, const std::string& vfs_name) {
   if (code == SQLITE_OK) code = file->pMethods->xRead(file.get(), header.data(), header.size(), 0);
   if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
   if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) {
-    throw FileTrouble(Kind::failed, path + " cannot be read. Its permissions must allow it.");
+    throw FileTrouble(Kind::failed, path + " cannot be read. Check its permissions.");
   }
   return header;
 }
@@ -74,7 +74,7 @@ std::string resolvedCompanyPath(const std::string& path) {
   const std::string shown = absolutePath(path);
   const fs::path resolved = fs::canonical(path, error);
   if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory) {
-    throw FileTrouble(Kind::not_found, shown + " does not exist. Name a company file.");
+    throw FileTrouble(Kind::not_found, shown + " does not exist. Specify a company file.");
   }
   if (error) throw FileTrouble(Kind::failed, shown + " cannot be read: " + inWords(error) + ".");
   if (!fs::is_regular_file(resolved, error)) {
@@ -90,11 +90,11 @@ std::string resolvedNewPath(const std::string& path) {
   const fs::path directory = fs::canonical(shown.parent_path(), error);
   if (error) {
     throw FileTrouble(Kind::not_found, shown.parent_path().string() + ": " + inWords(error) +
-                                           ". The directory of a new company file must exist.");
+                                           ". Create the directory first.");
   }
   const fs::path resolved = directory / shown.filename();
   if (shown.filename().empty() || fs::exists(fs::symlink_status(resolved, error))) {
-    throw FileTrouble(Kind::exists, shown.string() + " exists. Choose a name that is not taken.");
+    throw FileTrouble(Kind::exists, shown.string() + " already exists. Choose another name.");
   }
   return resolved.string();
 }
@@ -110,7 +110,7 @@ void requireCompanyHeader(const std::string& path, const std::string& vfs) {
   const Header header = readHeader(path, vfs);
   if (!beginsLikeCompanyFile(textOf(header))) {
     throw FileTrouble(Kind::not_a_company_file,
-                      path + " is not a company file. Company files are made by depcalc.");
+                      path + " is not a company file. Create company files with depcalc.");
   }
   const std::uint32_t format = bigEndian(textOf(header), 60);
   if (format > company_format) {
@@ -128,16 +128,16 @@ void requirePlainNeighbours(const std::string& path) {
     if (!fs::exists(status) || fs::is_regular_file(status)) continue;
     std::string message = path;
     message.append(" cannot be opened: ").append(neighbour);
-    throw FileTrouble(Kind::failed, message + " beside it is not a file. Take that away.");
+    throw FileTrouble(Kind::failed, message + " beside it is not a regular file. Remove it.");
   }
 }
 
 void requireWritableDirectory(const std::string& path) {
   const std::string directory = fs::path(path).parent_path().string();
   if (::access(directory.c_str(), W_OK) == 0) return;
-  throw FileTrouble(Kind::read_only, path + " cannot be written: no file can be made in " +
+  throw FileTrouble(Kind::read_only, path + " cannot be written: no file can be created in " +
                                          directory + " (" + std::generic_category().message(errno) +
-                                         "). Both must be writable.");
+                                         "). The file and its directory must be writable.");
 }
 
 }  // namespace depcalc

@@ -37,8 +37,8 @@ constexpr std::array<SchemaTable, 3> schema{{
 
 FileTrouble unexpected(const Database& database, const std::string& what) {
   return {FileTrouble::Kind::damaged,
-          database.path() + " is not as company files are: " + what +
-              ". Bring back a copy from before.",
+          database.path() + " does not have the structure of a company file: " + what +
+              ". Restore a backup.",
           {what}};
 }
 
@@ -57,7 +57,7 @@ void requireSmallSchema(Database& database) {
       static_cast<unsigned char>(page[16]) * 256 + static_cast<unsigned char>(page[17]);
   constexpr char leaf_of_table = 13;
   if (size == company_page_size && page[100] == leaf_of_table) return;
-  throw unexpected(database, "its tables are not described in the place for them");
+  throw unexpected(database, "its tables are not described in the expected place");
 }
 
 void requireSchema(Database& database) {
@@ -69,7 +69,7 @@ void requireSchema(Database& database) {
                           found.text(2) == schema[tables].sql;
     if (!expected) {
       throw unexpected(database, "the " + std::string(found.text(0)) + " " +
-                                     std::string(found.text(1)) + " does not belong there");
+                                     std::string(found.text(1)) + " does not belong in it");
     }
     ++tables;
   }

@@ -51,10 +51,9 @@ std::string sentence(FileTrouble::Kind kind, const std::string& path, const std:
     case FileTrouble::Kind::locked:
       return path + " is in use. Close it there and try again.";
     case FileTrouble::Kind::read_only:
-      return path + " cannot be written: " + why +
-             ". Both the file and its directory must be writable.";
+      return path + " cannot be written: " + why + ". The file and its directory must be writable.";
     case FileTrouble::Kind::damaged:
-      return path + " is damaged: " + why + ". Bring back a copy from before.";
+      return path + " is damaged: " + why + ". Restore a backup.";
     default:
       return path + " cannot be used: " + why + ".";
   }
@@ -104,10 +103,11 @@ void Database::fail(int code) const {
   if (code == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM) throw std::bad_alloc();
   const int system_error = systemErrorOf(handle_.get(), code);
   const FileTrouble::Kind kind = kindOf(code, system_error);
-  std::string why = (code & 0xFF) == SQLITE_TOOBIG ? "there is more in it than a company file holds"
+  std::string why = (code & 0xFF) == SQLITE_TOOBIG ? "it contains more than a company file may hold"
                                                    : sqlite3_errstr(code & 0xFF);
   if (kind == FileTrouble::Kind::disk_full) {
-    why = system_error == EFBIG ? "it would be larger than a file may be here" : "the disk is full";
+    why = system_error == EFBIG ? "it would exceed the size allowed for files here"
+                                : "the disk is full";
   }
   if (kind == FileTrouble::Kind::failed && system_error != 0) {
     why = std::generic_category().message(system_error);

@@ -51,10 +51,10 @@ class TemporaryFile {
     if (moved) return;
     const int error = errno;
     if (error == EEXIST) {
-      throw FileTrouble(Kind::exists, place + " exists. Choose a name that is not taken.");
+      throw FileTrouble(Kind::exists, place + " already exists. Choose another name.");
     }
-    throw FileTrouble(Kind::failed,
-                      place + " cannot be made: " + std::generic_category().message(error) + ".");
+    throw FileTrouble(Kind::failed, place + " cannot be created: " +
+                                        std::generic_category().message(error) + ".");
   }
 
  private:
@@ -85,7 +85,7 @@ OpenDatabase openDatabase(const std::string& path, const OpeningMode& mode,
   CompanyLock lock = held ? std::move(*held) : CompanyLock(path);
   Database database(path, Database::Access::read_write, mode.vfs);
   if (mode.writable && database.readOnly()) {
-    throw FileTrouble(Kind::read_only, path + " cannot be written. Its permissions must allow it.");
+    throw FileTrouble(Kind::read_only, path + " cannot be written. Check its permissions.");
   }
   holdDatabase(database);
   requireSmallSchema(database);

@@ -151,7 +151,8 @@ TEST_F(CompanyProgram, LeavesTheFileAsItWasWhereFilesMayNotGrow) {
     ::setrlimit(RLIMIT_FSIZE, &limit);
   });
   EXPECT_EQ(ran.status, 3);
-  EXPECT_THAT(ran.errors, HasSubstr(file_ + " cannot be written: it would be larger"));
+  EXPECT_THAT(ran.errors,
+              HasSubstr(file_ + " cannot be written: it would exceed the size allowed"));
   EXPECT_EQ(bytesOf(file_), before);
   EXPECT_FALSE(std::filesystem::exists(file_ + "-journal"));
   const std::string another = directory_.path() + "/new.company";

@@ -121,7 +121,8 @@ TEST_F(CompanyTest, DeletesNothingWhereAnAssetThatMovesUpCannotBeReadWhole) {
     set(2, name, value);
     const std::string wrong = "In record 2 " + std::string(name) + " is of the type String.";
     for (const std::int32_t deleted : {1, 3}) {
-      EXPECT_EQ(deleteAsset(company_, deleted), wrong + " The deletion would lose that");
+      EXPECT_EQ(deleteAsset(company_, deleted),
+                wrong + " Deleting the asset would lose that value");
       EXPECT_EQ(company_.assetCount(), 3);
       EXPECT_EQ(get(2, "DMethod"), StoredValue::text("DDB"));
     }
@@ -148,14 +149,14 @@ TEST_F(CompanyTest, FindsEveryInconsistency) {
   set(2, "RecIndex", StoredValue::integer(3));
   EXPECT_THAT(inconsistenciesOf(company_),
               ElementsAre("In record 2 RecIndex is 3.",
-                          "In the summary Start is 2022; the assets make it 2023.",
-                          "In the summary NumYears is 5; the assets make it 6."));
+                          "In the summary Start is 2022; according to the assets it is 2023.",
+                          "In the summary NumYears is 5; according to the assets it is 6."));
 
   set(3, "DRecovery", StoredValue::text("long"));
   EXPECT_THAT(
       inconsistenciesOf(company_),
       ElementsAre("In record 2 RecIndex is 3.", "In record 3 DRecovery is of the type String.",
-                  "The assets cannot be summed up: Summary Error#13: Type mismatch."));
+                  "The assets cannot be summarized: Summary Error#13: Type mismatch."));
 
   file_->OpenTable(asset_table_name)->Item(1)->Delete();
   EXPECT_THAT(inconsistenciesOf(company_),

@@ -79,15 +79,15 @@ TEST(CsvReader, ReadsWhatTheFormatAllows) {
 }
 
 constexpr const char* open_quote =
-    "The quote opened here is never closed; please end the field with a quote.";
+    "The quote opened here is never closed; please add the closing quote.";
 constexpr const char* stray_quote =
-    "There is a quote inside a field that does not begin with one; please put the whole field "
-    "between quotes and double those inside.";
+    "A quote appears inside an unquoted field; please enclose the whole field in quotes and double "
+    "the quotes inside it.";
 constexpr const char* behind_quote =
-    "There is text behind the quote that closes the field; please double quotes that stand inside.";
+    "Text follows the closing quote of the field; please double quotes that appear inside.";
 constexpr const char* not_utf8 = "The text is not UTF-8; please save it as UTF-8.";
 constexpr const char* nul =
-    "There is a NUL character; please save the file as plain text in UTF-8.";
+    "The file contains a NUL character; please save it as plain UTF-8 text.";
 
 TEST(CsvReader, SaysWhereARecordIsBrokenAndReadsOn) {
   expectRecords({

@@ -81,13 +81,13 @@ check quotes 1 "2: column 3: $too_long" $schedule
 good_row_read
 check commas 1 "2: column 1026: The record has more than 1,024 fields." $schedule
 good_row_read
-check nul 1 "2: column 3: There is a NUL character; please save the file as plain text in UTF-8." \
+check nul 1 "2: column 3: The file contains a NUL character; please save it as plain UTF-8 text." \
   $schedule
 good_row_read
 check bytes 1 "2: column 3: The text is not UTF-8; please save it as UTF-8." $schedule
 good_row_read
 check open 1 \
-  "2: column 3: The quote opened here is never closed; please end the field with a quote." $schedule
+  "2: column 3: The quote opened here is never closed; please add the closing quote." $schedule
 
 depcalc new "$work/w.company"
 import="depcalc import --today 2024-06-01 $work/w.company -"

@@ -47,13 +47,13 @@ TEST(FileNames, AFolderThatTakesNoFileIsSaidSo) {
   ASSERT_TRUE(QDir().mkpath(folder));
   EXPECT_EQ(folderTrouble(folder + "/new.company").toStdString(), "");
   EXPECT_EQ(folderTrouble(folder + "/none/new.company").toStdString(),
-            "There is no folder " + folder.toStdString() +
-                "/none. Choose another folder, or make this one first.");
+            "The folder " + folder.toStdString() +
+                "/none does not exist. Choose another folder, or create this one first.");
   ASSERT_TRUE(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
   const OrdinaryUser user;
-  EXPECT_EQ(
-      folderTrouble(folder + "/new.company").toStdString(),
-      "You may not add files to the folder " + folder.toStdString() + ". Choose another folder.");
+  EXPECT_EQ(folderTrouble(folder + "/new.company").toStdString(),
+            "You do not have permission to add files to the folder " + folder.toStdString() +
+                ". Choose another folder.");
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ TEST_F(NewCompany, ANameThatIsTakenIsSaidAtOnce) {
   choose();
   EXPECT_THAT(steps.takeBoxes(),
               ElementsAre("Depreciation Calculator | joinery.company already exists. Choose "
-                          "another name for the new company; to open the one that is there, use "
+                          "another name for the new company; to open the existing company, use "
                           "File > Open Company."));
   ASSERT_NE(window.company(), nullptr);
   EXPECT_EQ(window.company()->path(), path("carpentry.company").toStdString());
@@ -58,9 +58,9 @@ TEST_F(NewCompany, AFolderThatIsNotThereIsSaidAtOnce) {
   steps.thenPress("OK");
   steps.thenCancel();
   choose();
-  EXPECT_THAT(steps.takeBoxes(), ElementsAre("Depreciation Calculator | There is no folder " +
-                                             path("nowhere").toStdString() +
-                                             ". Choose another folder, or make this one first."));
+  EXPECT_THAT(steps.takeBoxes(),
+              ElementsAre("Depreciation Calculator | The folder " + path("nowhere").toStdString() +
+                          " does not exist. Choose another folder, or create this one first."));
   EXPECT_EQ(window.company(), nullptr);
 }
 

@@ -160,7 +160,7 @@ TEST_F(RecalculationWindow, TheMenuListsWhatWouldChangeAndWhatIsLeft) {
            [](QDialog& dialog) {
              EXPECT_TRUE(dialog.findChild<QCheckBox*>("CompanyYear")->isHidden());
              EXPECT_EQ(summaryOf(dialog).toStdString(),
-                       "All amounts are as they are calculated. There is nothing to save.");
+                       "All amounts are correct. There is nothing to save.");
              EXPECT_FALSE(saveButton(dialog).isEnabled());
              const auto& left = *dialog.findChild<QListWidget*>("LeftAssets");
              ASSERT_EQ(left.count(), 1);

@@ -87,8 +87,8 @@ TEST_F(SystemEnd, AsksAboutAnUnsavedAssetAndSaysWhy) {
   hear();
   EXPECT_TRUE(sees([this] { return !window.isVisible(); }));
   EXPECT_EQ(note,
-            "The system is asking this program to close. If there is no answer within 600 seconds, "
-            "it closes without saving.");
+            "The system has asked this program to close. Without an answer within 600 seconds, "
+            "it will close without saving.");
   EXPECT_EQ(ended, 0);
 }
 

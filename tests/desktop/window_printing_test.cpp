@@ -44,8 +44,8 @@ struct WindowPrinting : WindowTest {
 };
 
 const char* const missing_eight =
-    "Print | On this paper the last 8 of the 50 assets would be on no page. In landscape there is "
-    "room for all of them.";
+    "Print | On this paper, the last 8 of the 50 assets would not be printed. All of them fit in "
+    "landscape.";
 
 TEST_F(WindowPrinting, CancellingTheFileEndsWithoutAWord) {
   openRegister(3);
@@ -94,9 +94,9 @@ TEST_F(WindowPrinting, AFolderThatIsNotThereIsSaidBeforeAnythingIsPrinted) {
   steps.thenPress("OK");
   steps.thenCancel();
   pressPrint();
-  EXPECT_THAT(steps.takeBoxes(), ElementsAre("Depreciation Calculator | There is no folder " +
-                                             path("nowhere").toStdString() +
-                                             ". Choose another folder, or make this one first."));
+  EXPECT_THAT(steps.takeBoxes(),
+              ElementsAre("Depreciation Calculator | The folder " + path("nowhere").toStdString() +
+                          " does not exist. Choose another folder, or create this one first."));
 }
 
 TEST_F(WindowPrinting, AssetsOnNoPageAreSaidBeforeTheJob) {

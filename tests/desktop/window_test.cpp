@@ -330,7 +330,7 @@ TEST_F(Window, AFailureOfTheHostIsToldOnceWhenTheCalculatorHasEndedWhatItDoes) {
   settle();
   EXPECT_THAT(boxes.take(),
               ::testing::ElementsAre("Depreciation Calculator | The last step could not be "
-                                     "finished.\n\nacme.company cannot be written: the disk is "
+                                     "completed.\n\nacme.company cannot be written: the disk is "
                                      "full."));
   EXPECT_EQ(status(1), "");
 }

@@ -6,7 +6,7 @@
 // company file that is not there is made, its fiscal year beginning in that month. With
 // DRIVE_EVENTS in the environment each event that the register raises is printed.
 //
-// Exit status: 0 done, 1 a question had no answer, 2 a mistake in the script or the arguments,
+// Exit status: 0 success, 1 a question had no answer, 2 a mistake in the script or the arguments,
 // 3 the company file cannot be opened.
 #include <cstdlib>
 #include <fstream>

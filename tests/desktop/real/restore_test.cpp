@@ -63,7 +63,8 @@ TEST_F(Restoring, IsOfferedWhereTheCompanyIsDamaged) {
   user.choosesFile(path());
   const SeenDialog box = user.dialog();
   EXPECT_THAT(box.text.toStdString(), HasSubstr("is damaged"));
-  EXPECT_THAT(box.text.toStdString(), HasSubstr("A backup of this company can take its place."));
+  EXPECT_THAT(box.text.toStdString(),
+              HasSubstr("You can replace it with a backup of this company."));
   EXPECT_TRUE(user.answers("Restore Backup…"));
   EXPECT_EQ(user.dialog().title, "Restore Backup");
   ASSERT_EQ(listed().size(), 1);

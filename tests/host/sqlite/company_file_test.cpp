@@ -159,7 +159,7 @@ TEST_F(CompanyFile, ChangesNothingWhereChangesAreRefusedUntilItIsOpenedAgain) {
     std::int16_t index = 0;
     store.WriteData(index);
     store.DeleteRecord({newAsset({.id = "moved up"}), nullptr}, 0);
-    const auto refusal = HasSubstr("Error#57: " + path_ + " was not read whole");
+    const auto refusal = HasSubstr("Error#57: " + path_ + " could not be read completely");
     EXPECT_THAT(reports, testing::ElementsAre(refusal, refusal));
     EXPECT_THROW(file->info({.name = "Other", .first_month = 2}), FileTrouble);
     EXPECT_TRUE(contentOf(*file) == content);

@@ -116,30 +116,30 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverWasAddedToItsSchema) {
   };
   for (const Case& each : std::vector<Case>{
            {"trigger", "CREATE TRIGGER t AFTER INSERT ON record BEGIN DELETE FROM record; END",
-            "does not belong there"},
-           {"view", "CREATE VIEW v AS SELECT * FROM record", "does not belong there"},
-           {"table", "CREATE TABLE t (a)", "does not belong there"},
-           {"index", "CREATE INDEX i ON record (digest)", "does not belong there"},
+            "does not belong in it"},
+           {"view", "CREATE VIEW v AS SELECT * FROM record", "does not belong in it"},
+           {"table", "CREATE TABLE t (a)", "does not belong in it"},
+           {"index", "CREATE INDEX i ON record (digest)", "does not belong in it"},
            {"partial index", "CREATE INDEX i ON record (id) WHERE abs(id) > 1",
-            "does not belong there"},
-           {"virtual table", "CREATE VIRTUAL TABLE f USING fts5(a)", "does not belong there"},
+            "does not belong in it"},
+           {"virtual table", "CREATE VIRTUAL TABLE f USING fts5(a)", "does not belong in it"},
            {"statistics", "CREATE INDEX i ON record (digest); ANALYZE; DROP INDEX i",
-            "does not belong there"},
+            "does not belong in it"},
            {"generated column",
             "ALTER TABLE record ADD COLUMN g INTEGER GENERATED ALWAYS AS (id * 2) VIRTUAL",
-            "does not belong there"},
-           {"column", "ALTER TABLE company ADD COLUMN more TEXT", "does not belong there"},
-           {"renamed", "ALTER TABLE record RENAME TO records", "does not belong there"},
+            "does not belong in it"},
+           {"column", "ALTER TABLE company ADD COLUMN more TEXT", "does not belong in it"},
+           {"renamed", "ALTER TABLE record RENAME TO records", "does not belong in it"},
            {"dropped", "DROP TABLE record", "is missing"},
            {"view for a table",
             "ALTER TABLE record RENAME TO r; CREATE VIEW record AS SELECT * FROM r",
-            "does not belong there"},
+            "does not belong in it"},
            {"300,000 tables",
             "PRAGMA writable_schema = ON; "
             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300000) "
             "INSERT INTO sqlite_schema SELECT 'table', 't' || i, 't' || i, 2, "
             "'CREATE TABLE t' || i || ' (a)' FROM n",
-            "not described in the place"},
+            "not described in the expected place"},
            {"table of another root",
             "PRAGMA writable_schema = ON; "
             "UPDATE sqlite_schema SET rootpage = 7 - rootpage WHERE name <> 'company'",
@@ -186,12 +186,12 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
   const std::string giant = "CAST(printf('%*c', 100000000, 'x') AS TEXT)";
   for (const Case& each : std::vector<Case>{
            {"blob for a record", "UPDATE record SET fields = CAST(fields AS BLOB) WHERE id % 9 = 1",
-            "not as it was written"},
+            "altered since it was saved"},
            {"number for a record", "UPDATE record SET fields = 42 WHERE id % 9 = 1",
-            "not as it was written"},
-           {"text for a digest", "UPDATE record SET digest = 'none'", "not as it was written"},
+            "altered since it was saved"},
+           {"text for a digest", "UPDATE record SET digest = 'none'", "altered since it was saved"},
            {"real for a digest", "UPDATE record SET digest = digest + 0.5",
-            "not as it was written"},
+            "altered since it was saved"},
            {"no value",
             "PRAGMA writable_schema = ON; UPDATE sqlite_schema SET sql = replace(sql, "
             "' NOT NULL', '') WHERE name = 'record'; PRAGMA writable_schema = RESET; UPDATE record "
@@ -201,11 +201,11 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
             "  digest INTEGER NOT NULL\n)' WHERE name = 'record'",
             "NULL value in record.fields"},
            {"amount", "UPDATE record SET fields = replace(fields, '10000.0000', '10001.0000')",
-            "not as it was written"},
+            "altered since it was saved"},
            {"swapped records",
             "UPDATE record SET id = -1 WHERE id % 65536 = 1; UPDATE record SET id = id - 1 WHERE "
             "id % 65536 = 2; UPDATE record SET id = 65536 + 2 WHERE id = -1",
-            "not as it was written"},
+            "altered since it was saved"},
            {"lost record", "DELETE FROM record WHERE id % 65536 = 3", "records instead of"},
            {"foreign record", "UPDATE record SET id = id + 65536 * 5 WHERE id % 65536 = 3",
             "belongs to no table"},
@@ -213,9 +213,10 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
             "belongs to no table"},
            {"text for a count", "UPDATE data_table SET records = 'many'", "instead of"},
            {"no tables", "DELETE FROM data_table", "belongs to no table"},
-           {"nameless table", "UPDATE data_table SET name = ''", "no name of its own"},
+           {"nameless table", "UPDATE data_table SET name = ''", "no valid name of its own"},
            {"table of a huge number",
-            "INSERT INTO data_table VALUES (9223372036854775807, 'x', 0, 0)", "no name of its own"},
+            "INSERT INTO data_table VALUES (9223372036854775807, 'x', 0, 0)",
+            "no valid name of its own"},
            {"two companies",
             "PRAGMA ignore_check_constraints = ON; "
             "INSERT INTO company SELECT 2, name, 3, mode, digest FROM company",
@@ -226,13 +227,13 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
            {"mode", "UPDATE company SET mode = 'none'", "fiscal year or mode"},
            {"name", "UPDATE company SET name = 'Other'", "own data"},
            {"giant record", "UPDATE record SET fields = " + giant + " WHERE id % 65536 = 1",
-            "more in it than a company file holds"},
+            "more than a company file may hold"},
            {"giant blob", "UPDATE record SET fields = zeroblob(100000000) WHERE id % 65536 = 1",
-            "more in it than a company file holds"},
+            "more than a company file may hold"},
            {"giant company name", "UPDATE company SET name = " + giant,
-            "more in it than a company file holds"},
+            "more than a company file may hold"},
            {"giant table name", "UPDATE data_table SET name = " + giant,
-            "more in it than a company file holds"},
+            "more than a company file may hold"},
            {"large texts", "UPDATE record SET fields = CAST(printf('%*c', 4000000, 'x') AS TEXT)",
             "damaged"},
            {"many wrong records",
@@ -259,7 +260,7 @@ TEST_F(HostileCompanyFile, IsRefusedForWhatItsHeaderSays) {
            {"huge version", "PRAGMA user_version = 2147483647", "newer version"},
            {"negative version", "PRAGMA user_version = -1", "newer version"},
            {"vacuumed", "VACUUM", read_truly},
-           {"small pages", "PRAGMA page_size = 512; VACUUM", "not described in the place"},
+           {"small pages", "PRAGMA page_size = 512; VACUUM", "not described in the expected place"},
            {"written by another version of the library", "PRAGMA journal_mode = WAL", read_truly},
        }) {
     restore();
@@ -316,7 +317,7 @@ TEST_F(HostileCompanyFile, IsRefusedThoughItsPagesLeadInCircles) {
       writeBytes(path_, bytes);
       expectRefusal(std::string(in_schema ? "schema" : "records") + ", " +
                         std::to_string(children) + " children",
-                    in_schema ? "not described in the place" : "2nd reference");
+                    in_schema ? "not described in the expected place" : "2nd reference");
     }
   }
 }

@@ -184,7 +184,7 @@ TEST_F(LostLock, WritesNothingWhereAnotherFileHasTheName) {
   std::filesystem::copy_file(path_, path_ + ".new");
   const std::string before = bytesOf(path_);
   std::filesystem::rename(path_ + ".new", path_);
-  EXPECT_THAT(save(), testing::Contains(HasSubstr(path_ + " is another file now")));
+  EXPECT_THAT(save(), testing::Contains(HasSubstr(path_ + " is now a different file")));
   EXPECT_EQ(bytesOf(path_), before);
 }
 
