@@ -46,6 +46,8 @@ class Company {
   /// Makes a new company file of all that is in this one, which stays open; but where its file is
   /// no longer in its place, the new one takes it. Fails with CompanyFileError.
   virtual void saveCopy(const std::string& path) = 0;
+  /// What has become of the file, for the user, where it is no longer the one that was opened.
+  [[nodiscard]] virtual std::optional<std::string> lost() const = 0;
 
   /// Tells the file's listeners that it closes, and closes it.
   virtual void close() = 0;

@@ -45,6 +45,10 @@ class SqliteCompany final : public Company {
     const auto trouble = file_->takeTrouble();
     return trouble.has_value() ? std::optional(sentence(*trouble)) : std::nullopt;
   }
+  [[nodiscard]] std::optional<std::string> lost() const override {
+    const auto trouble = file_->lost();
+    return trouble.has_value() ? std::optional(sentence(*trouble)) : std::nullopt;
+  }
   void saveCopy(const std::string& path) override {
     if (const auto trouble = file_->saveCopy(path)) throw errorOf(*trouble);
   }

@@ -68,7 +68,7 @@ Choice choose(const FailedChange& change, QWidget* window) {
 
 bool givesUp(QWidget* window) {
   QMessageBox box(QMessageBox::Question, QObject::tr("Discard Change"),
-                  QObject::tr("Discard this change?"), QMessageBox::Yes | QMessageBox::No, window);
+                  QObject::tr("Give up this change?"), QMessageBox::Yes | QMessageBox::No, window);
   box.setDefaultButton(QMessageBox::No);
   keepAtSystemEnd(box);
   tidyBox(box);

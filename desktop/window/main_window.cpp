@@ -72,7 +72,7 @@ QString MainWindow::companyTitle() const {
 
 bool MainWindow::openCompany(const QString& path) {
   const QString absolute = QFileInfo(path).absoluteFilePath();
-  if (isOpen(absolute) && !leaveCompany()) return false;
+  if (isOpen(absolute) && (isLost() || !leaveCompany())) return false;
   bool copied = false;
   try {
     // What a crash left half done is put right first, so that the copy is whole.
@@ -97,6 +97,15 @@ bool MainWindow::openCompany(const QString& path) {
     return isOpen(absolute);
   }
   if (!copied) note_label_->setText(tr("No backup could be made"));
+  return true;
+}
+
+/// Whether the open company has no file any more: what is held in memory is then all there is of
+/// it, and must not be let go to open it again. The user is told.
+bool MainWindow::isLost() {
+  const auto lost = company()->lost();
+  if (!lost) return false;
+  tell(tr("%1\n\nTo keep what is open here, choose File > Save a Copy As….").arg(qtText(*lost)));
   return true;
 }
 

@@ -141,6 +141,7 @@ class MainWindow : public QMainWindow {
   void remember(const QString& open);
 
   [[nodiscard]] bool isOpen(const QString& path) const;
+  bool isLost();
   void endCalculator();
   void takeCompany(std::unique_ptr<Company> company, const QString& path);
   void showPlaceholder();

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "desktop/widgets/dialog_looks.h"
@@ -125,7 +126,8 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   layout->addWidget(buttons);
   layout->setStretchFactor(changes_, 1);
   this->calculate();
-  resize(fontMetrics().averageCharWidth() * 80, sizeHint().height());
+  const int across = fontMetrics().averageCharWidth() * 80;
+  resize(across, layout->totalHeightForWidth(across));
 }
 
 FiscalYearEnds RecalculationDialog::ends() const {
@@ -156,6 +158,9 @@ void RecalculationDialog::calculate() {
   note_->setVisible(any_change);
   save_->setEnabled(any_change);
   save_->setDefault(save_->isEnabled());
+  // Lines that break make a dialog's own minimum too small for what has come to be shown.
+  layout()->activate();
+  resize(width(), std::max(height(), layout()->totalHeightForWidth(width())));
 }
 
 QString RecalculationDialog::summary() const {

@@ -222,18 +222,21 @@ void CompanyContents::recover() {
 
 // --- Copies --------------------------------------------------------------------------------------
 
-void CompanyContents::saveCopy(const std::string& path) {
-  requireOpen();
-  bool in_place = false;
+std::optional<FileTrouble> CompanyContents::lost() const {
   try {
     open_->lock.requireInPlace(path_);
-    in_place = true;
-  } catch (const FileTrouble&) {
+  } catch (const FileTrouble& trouble) {
+    return trouble;
   }
-  if (in_place) {
-    (void)makeCopy(resolvedNewPath(path));
-  } else {
+  return std::nullopt;
+}
+
+void CompanyContents::saveCopy(const std::string& path) {
+  requireOpen();
+  if (lost()) {
     goOnWith(path);
+  } else {
+    (void)makeCopy(resolvedNewPath(path));
   }
 }
 

@@ -38,6 +38,8 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   /// Makes a company file of what is in memory, what waits to be written among it. Where the open
   /// file is no longer in its place, goes on with the copy. Throws a FileTrouble.
   void saveCopy(const std::string& path);
+  /// Whether the file was removed, renamed or replaced since it was opened, and how.
+  [[nodiscard]] std::optional<FileTrouble> lost() const;
 
   /// The trouble that the last write had; empty when it had none or was asked for already.
   std::optional<FileTrouble> takeTrouble();

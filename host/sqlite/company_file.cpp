@@ -98,6 +98,8 @@ std::optional<FileTrouble> SqliteCompanyFile::saveCopy(const std::string& path) 
   return trouble == nullptr ? std::nullopt : std::optional(*trouble);
 }
 
+std::optional<FileTrouble> SqliteCompanyFile::lost() const { return contents_->lost(); }
+
 std::optional<FileTrouble> SqliteCompanyFile::takeTrouble() { return contents_->takeTrouble(); }
 
 void SqliteCompanyFile::close() {

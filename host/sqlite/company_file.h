@@ -72,6 +72,9 @@ class SqliteCompanyFile final : public HostCompanyFile {
   /// Makes a new company file of all that is in this one, which stays the open one; but where it is
   /// no longer in its place, the copy takes it. Answers what went wrong.
   std::optional<FileTrouble> saveCopy(const std::string& path);
+  /// Whether the file was removed, renamed or replaced since it was opened, and how: what is held
+  /// in memory is then all there is. Not to be asked once it is closed.
+  [[nodiscard]] std::optional<FileTrouble> lost() const;
 
   /// Raises CompanyFileClosing, then closes and gives the lock back.
   void close();

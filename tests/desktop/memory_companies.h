@@ -15,6 +15,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
     std::shared_ptr<MemoryCompanyFile> file;
     CompanyInfo info;
     bool changes_refused = false;
+    std::optional<std::string> lost = {};
   };
 
   std::unique_ptr<desktop::Company> create(const std::string& path,
@@ -59,6 +60,7 @@ class MemoryCompanies : public desktop::CompanyFiles {
     }
     void refuseChanges() override { kept_.changes_refused = true; }
     std::optional<std::string> takeTrouble() override { return std::nullopt; }
+    [[nodiscard]] std::optional<std::string> lost() const override { return kept_.lost; }
     void saveCopy(const std::string& path) override {
       throw desktop::CompanyFileError(path + ": there is nothing but memory here");
     }

@@ -335,6 +335,19 @@ TEST_F(Window, AFailureOfTheHostIsToldOnceWhenTheCalculatorHasEndedWhatItDoes) {
   EXPECT_EQ(status(1), "");
 }
 
+TEST_F(Window, ACompanyWhoseFileIsLostIsNotLetGoToOpenItAgain) {
+  newCompany();
+  fill("A-1");
+  companies.companies.at(path().toStdString()).lost = "joinery is no longer there.";
+  EXPECT_FALSE(window.openCompany(path()));
+  settle();
+  EXPECT_THAT(boxes.take(),
+              ::testing::ElementsAre("Depreciation Calculator | joinery is no longer there.\n\nTo "
+                                     "keep what is open here, choose File > Save a Copy As…."));
+  ASSERT_NE(window.company(), nullptr);
+  EXPECT_EQ(form().IDText.text(), "A-1");
+}
+
 TEST_F(Window, NothingOfTheHostFailsWhereNoCompanyIsOpen) {
   action("Depreciation Calculator").trigger();
   settle();

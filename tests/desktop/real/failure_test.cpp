@@ -98,7 +98,7 @@ TEST_F(FailedSave, IsGivenUpOnlyByAnExpressYes) {
     EXPECT_EQ(save().title, "Change Not Saved");
     for (const char* way_back : {"Escape", "No"}) {
       EXPECT_TRUE(user.answers("Close"));
-      EXPECT_EQ(user.dialog().text, "Discard this change?");
+      EXPECT_EQ(user.dialog().text, "Give up this change?");
       if (*way_back == 'E') {
         user.key("Escape");
       } else {
@@ -107,7 +107,7 @@ TEST_F(FailedSave, IsGivenUpOnlyByAnExpressYes) {
       EXPECT_EQ(user.dialog().title, "Change Not Saved") << way_back;
     }
     user.key("Escape");
-    EXPECT_EQ(user.dialog().text, "Discard this change?");
+    EXPECT_EQ(user.dialog().text, "Give up this change?");
     EXPECT_TRUE(user.answers("Yes"));
     EXPECT_TRUE(user.seesNoDialog()) << "told once";
   }
@@ -174,9 +174,9 @@ TEST_F(FailedSave, IsNotLostWhereTheSystemEndsTheProgram) {
     user.settles();
     EXPECT_EQ(user.dialog().title, "Change Not Saved");
     EXPECT_TRUE(user.answers("Close"));
-    EXPECT_EQ(user.dialog().text, "Discard this change?");
+    EXPECT_EQ(user.dialog().text, "Give up this change?");
     user.settles();
-    EXPECT_EQ(user.dialog().text, "Discard this change?");
+    EXPECT_EQ(user.dialog().text, "Give up this change?");
     EXPECT_TRUE(user.answers("No"));
     EXPECT_EQ(user.dialog().title, "Change Not Saved");
   }

@@ -175,9 +175,12 @@ TEST_F(LostLock, WritesNothingIntoAFileThatIsGone) {
   const std::string before = bytesOf(other);
   EXPECT_THAT(save(), testing::Contains(HasSubstr("Error#53: " + path_ + " is no longer")));
   EXPECT_EQ(file_->takeTrouble()->kind(), Kind::lost);
+  ASSERT_TRUE(file_->lost());
+  EXPECT_THAT(file_->lost()->description(), HasSubstr("is no longer"));
   EXPECT_EQ(bytesOf(other), before);
   std::filesystem::rename(other, path_);
   EXPECT_THAT(save(), IsEmpty()) << "back in its place";
+  EXPECT_FALSE(file_->lost());
 }
 
 TEST_F(LostLock, WritesNothingWhereAnotherFileHasTheName) {
@@ -185,6 +188,8 @@ TEST_F(LostLock, WritesNothingWhereAnotherFileHasTheName) {
   const std::string before = bytesOf(path_);
   std::filesystem::rename(path_ + ".new", path_);
   EXPECT_THAT(save(), testing::Contains(HasSubstr(path_ + " is now a different file")));
+  ASSERT_TRUE(file_->lost());
+  EXPECT_THAT(file_->lost()->description(), HasSubstr("is now a different file"));
   EXPECT_EQ(bytesOf(path_), before);
 }
 
