@@ -105,7 +105,8 @@ bool MainWindow::openCompany(const QString& path) {
 bool MainWindow::isLost() {
   const auto lost = company()->lost();
   if (!lost) return false;
-  tell(tr("%1\n\nTo keep what is open here, choose File > Save a Copy As….").arg(qtText(*lost)));
+  tell(tr("%1\n\nTo keep what is open here, choose Save a Copy As… from the File menu.")
+           .arg(qtText(*lost)));
   return true;
 }
 

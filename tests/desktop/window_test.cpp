@@ -343,7 +343,8 @@ TEST_F(Window, ACompanyWhoseFileIsLostIsNotLetGoToOpenItAgain) {
   settle();
   EXPECT_THAT(boxes.take(),
               ::testing::ElementsAre("Depreciation Calculator | joinery is no longer there.\n\nTo "
-                                     "keep what is open here, choose File > Save a Copy As…."));
+                                     "keep what is open here, choose Save a Copy As… from the File "
+                                     "menu."));
   ASSERT_NE(window.company(), nullptr);
   EXPECT_EQ(form().IDText.text(), "A-1");
 }
