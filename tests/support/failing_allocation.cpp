@@ -73,3 +73,16 @@ void operator delete(void* memory) noexcept {
 }
 
 void operator delete(void* memory, std::size_t /*size*/) noexcept { operator delete(memory); }
+
+// The algorithms that sort ask for memory in this way.
+void* operator new(std::size_t size, const std::nothrow_t& /*no_throw*/) noexcept {
+  try {
+    return operator new(size);
+  } catch (const std::bad_alloc&) {
+    return nullptr;
+  }
+}
+
+void operator delete(void* memory, const std::nothrow_t& /*no_throw*/) noexcept {
+  operator delete(memory);
+}
