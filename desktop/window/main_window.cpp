@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <filesystem>
@@ -12,7 +11,6 @@
 #include "desktop/window/start_page.h"
 #include "host/unit_of_work.h"
 #include "values/en_us.h"
-#include "values/runtime_error.h"
 
 namespace depcalc::desktop {
 namespace {

@@ -1,6 +1,5 @@
 // The company's fiscal year and the assets' amounts.
 #include <QFile>
-#include <QLabel>
 
 #include "DepCalc/recalculation.h"
 #include "common/trapped.h"
@@ -8,7 +7,6 @@
 #include "desktop/window/company_info_dialog.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/recalculation_dialog.h"
-#include "values/runtime_error.h"
 
 namespace depcalc::desktop {
 namespace {
