@@ -1,5 +1,6 @@
 # What docs/contributing.md sends its readers to is there: each `FILE` exists, and what stands behind
-# it in quotes (`FILE`: `TEXT`) is in it. Run in the root: awk -f tests/contributing_test.awk PAGE
+# it in quotes (`FILE`: `TEXT`) is in it. Prints where, as compilers do, for editors to go there.
+# Run in the root: awk -f tests/contributing_test.awk docs/contributing.md
 function complain(what) { print FILENAME ":" FNR ": " what; wrong = 1 }
 
 function exists(file,    line, got) {
@@ -8,11 +9,17 @@ function exists(file,    line, got) {
   return got >= 0
 }
 
-function holds(file, text,    line, found) {
-  while (!found && (getline line < file) > 0) found = index(line, text) > 0
+# The number of the first line that has the text, or 0.
+function line_of(file, text,    line, number, found) {
+  while (!found && (getline line < file) > 0) {
+    ++number
+    if (index(line, text)) found = number
+  }
   close(file)
   return found
 }
+
+/^## / { print substr($0, 4) }
 
 {
   count = split($0, parts, "`")
@@ -22,7 +29,8 @@ function holds(file, text,    line, found) {
     if (!exists(parts[i])) complain(parts[i] " is not there")
     else if (parts[i + 1] == ": ") {
       ++texts
-      if (!holds(parts[i], parts[i + 2])) complain(parts[i] " has no " parts[i + 2])
+      if (line = line_of(parts[i], parts[i + 2])) print parts[i] ":" line ": " parts[i + 2]
+      else complain(parts[i] " has no " parts[i + 2])
       i += 2
     }
   }
