@@ -31,7 +31,7 @@ double unlimitedFraction(std::int32_t convention, Date start, Date year_end) {
     case cdepHalfMonth:
       return wholeMonths(start, year_end) / 12.0;
     case cdepActualDays:
-      return (daysBetween(start, year_end) + 1) / (containsLeapDay(year_end) ? 366.0 : 365.0);
+      return (daysBetween(start, year_end) + 1) / daysCounted(year_end);
     default:
       return 0.0;
   }
@@ -60,5 +60,7 @@ Date depreciationStart(std::int32_t convention, Date placed_in_service, Date fir
 double firstYearFraction(std::int32_t convention, Date depreciation_start, Date first_year_end) {
   return std::min(unlimitedFraction(convention, depreciation_start, first_year_end), 1.0);
 }
+
+double daysCounted(Date year_end) { return containsLeapDay(year_end) ? 366.0 : 365.0; }
 
 }  // namespace depcalc

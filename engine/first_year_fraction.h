@@ -25,4 +25,8 @@ Date depreciationStart(std::int32_t convention, Date placed_in_service, Date fir
 /// always finds these.
 double firstYearFraction(std::int32_t convention, Date depreciation_start, Date first_year_end);
 
+/// The days that Actual Days counts a fiscal year as: 366 where the one that ends on `year_end`
+/// contains a 29 February, else 365.
+double daysCounted(Date year_end);
+
 }  // namespace depcalc
