@@ -4,10 +4,10 @@
 #include <string>
 #include <utility>
 
-#include "cli/data_text.h"
 #include "engine/convention.h"
 #include "engine/method.h"
 #include "host/fiscal_year.h"
+#include "values/data_text.h"
 #include "values/number_text.h"
 #include "values/text.h"
 

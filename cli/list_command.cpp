@@ -8,12 +8,12 @@
 
 #include "cli/asset_columns.h"
 #include "cli/company.h"
-#include "cli/data_text.h"
 #include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/text_columns.h"
 #include "engine/convention.h"
 #include "entry/field_rules.h"
+#include "values/data_text.h"
 #include "values/display_format.h"
 #include "values/json_text.h"
 #include "values/number_text.h"

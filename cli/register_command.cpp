@@ -1,11 +1,11 @@
 // depcalc register: the register as the calculator shows it.
 #include <CLI/CLI.hpp>
 
-#include "cli/data_text.h"
 #include "cli/options.h"
 #include "cli/printable_text.h"
 #include "cli/register_page.h"
 #include "cli/text_columns.h"
+#include "values/data_text.h"
 #include "values/json_text.h"
 
 namespace depcalc {

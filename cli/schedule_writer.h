@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "cli/data_text.h"
 #include "cli/output.h"
 #include "cli/schedules.h"
 #include "engine/calculate_dep.h"
+#include "values/data_text.h"
 
 namespace depcalc {
 

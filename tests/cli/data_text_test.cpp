@@ -1,4 +1,4 @@
-#include "cli/data_text.h"
+#include "values/data_text.h"
 
 #include <gtest/gtest.h>
 

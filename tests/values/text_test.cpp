@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "values/html_text.h"
 #include "values/json_text.h"
 
 namespace depcalc {
@@ -46,6 +47,12 @@ TEST(JsonText, EscapesWhatJsonCannotHold) {
   EXPECT_EQ(jsonString("a\"b\\c\nd\te"), "\"a\\\"b\\\\c\\nd\\u0009e\"");
   EXPECT_EQ(jsonString(std::string("\0", 1)), "\"\\u0000\"");
   EXPECT_EQ(jsonString(""), "\"\"");
+}
+
+TEST(HtmlText, WritesWhatWouldBeMarkup) {
+  EXPECT_EQ(htmlText("plain \xC3\xA9 'x'"), "plain \xC3\xA9 'x'");
+  EXPECT_EQ(htmlText("<b title=\"a\">&amp;"), "&lt;b title=&quot;a&quot;&gt;&amp;amp;");
+  EXPECT_EQ(htmlText(""), "");
 }
 
 }  // namespace
