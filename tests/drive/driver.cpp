@@ -4,6 +4,7 @@
 #include <charconv>
 #include <utility>
 
+#include "tests/drive/control_text.h"
 #include "tests/drive/drive_text.h"
 #include "values/number_text.h"
 
@@ -248,6 +249,8 @@ bool Driver::lookAtLayout(const std::string& command, std::string_view rest) {
     printSizes(out_, anyGrid(rest));
   } else if (command == "looks") {
     printLooks(out_, anyGrid(rest));
+  } else if (command == "controls") {
+    printControls(out_, screenOf(rest));
   } else if (command == "jobs") {
     out_ << "jobs " << site_.recorder().jobs() << '\n';
   } else {
@@ -311,6 +314,12 @@ const Control* Driver::onAnyScreen(std::string_view name) const {
     found = static_cast<const UserControl&>(*container_.child(screen)).child(name);
   }
   return found;
+}
+
+const UserControl& Driver::screenOf(std::string_view name) const {
+  const auto* const found = dynamic_cast<const UserControl*>(&anyControl(name));
+  if (found == nullptr) throw ScriptError("'" + std::string(name) + "' is no screen");
+  return *found;
 }
 
 const Grid& Driver::anyGrid(std::string_view name) const {

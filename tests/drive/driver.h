@@ -34,8 +34,8 @@ struct DriveOptions {
 /// mode single|multi · printer on|off · paper W H (what can be printed on, in twips) · failpage N
 /// (printing on the Nth page of a job is error 482; 0: on none)
 ///
-/// What is there to see: show · grid NAME · sizes GRID · looks GRID · place NAME · popups ·
-/// pages · jobs ("jobs N": how many have ended)
+/// What is there to see: show · grid NAME · sizes GRID · looks GRID · place NAME ·
+/// controls SCREEN · popups · pages · jobs ("jobs N": how many have ended)
 ///
 /// What is behind it: record · table
 ///
@@ -46,8 +46,8 @@ struct DriveOptions {
 ///
 /// A name is one of the visible screen's; DepCalcPopup1.NAME is one on a popup. `place`, `sizes`
 /// and `looks` also find what is hidden, on the visible screen, on another one, or named
-/// SCREEN.NAME; `place` knows the container and everything that stands in it. Blank lines and lines
-/// that begin with # do nothing.
+/// SCREEN.NAME; `place` and `controls` know the container and everything that stands in it. Blank
+/// lines and lines that begin with # do nothing.
 class Driver {
  public:
   Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options);
@@ -86,6 +86,7 @@ class Driver {
   Kind& controlOf(std::string_view name) const;
   [[nodiscard]] const Control& anyControl(std::string_view name) const;
   [[nodiscard]] const Control* onAnyScreen(std::string_view name) const;
+  [[nodiscard]] const UserControl& screenOf(std::string_view name) const;
   [[nodiscard]] const Grid& anyGrid(std::string_view name) const;
 
   DriveHost& host_;
