@@ -4,10 +4,10 @@
 #include <variant>
 
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "common/heard_reports.h"
 #include "common/trapped.h"
 #include "host/sqlite/company_file.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 

@@ -5,7 +5,7 @@
 
 #include "cli/company.h"
 #include "cli/deletion.h"
-#include "cli/printable_text.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

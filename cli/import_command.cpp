@@ -8,11 +8,11 @@
 #include "cli/importer.h"
 #include "cli/input_file.h"
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "cli/progress.h"
 #include "cli/text_columns.h"
 #include "host/sqlite/database.h"
 #include "values/display_format.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

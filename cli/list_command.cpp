@@ -9,7 +9,6 @@
 #include "cli/asset_columns.h"
 #include "cli/company.h"
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "cli/text_columns.h"
 #include "engine/convention.h"
 #include "entry/field_rules.h"
@@ -17,6 +16,7 @@
 #include "values/display_format.h"
 #include "values/json_text.h"
 #include "values/number_text.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

@@ -3,9 +3,9 @@
 
 #include "cli/output_file.h"
 #include "cli/print_module.h"
-#include "cli/printable_text.h"
 #include "cli/register_page.h"
 #include "register/print_pages.h"
+#include "values/printable_text.h"
 #include "values/text.h"
 
 namespace depcalc {

@@ -8,11 +8,11 @@
 #include "DepCalc/recalculation.h"
 #include "cli/company.h"
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "cli/progress.h"
 #include "cli/text_columns.h"
 #include "values/data_text.h"
 #include "values/display_format.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

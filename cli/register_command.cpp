@@ -2,11 +2,11 @@
 #include <CLI/CLI.hpp>
 
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "cli/register_page.h"
 #include "cli/text_columns.h"
 #include "values/data_text.h"
 #include "values/json_text.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

@@ -1,6 +1,6 @@
 #include "cli/row_problem.h"
 
-#include "cli/printable_text.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 

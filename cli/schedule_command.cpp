@@ -5,8 +5,8 @@
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/options.h"
-#include "cli/printable_text.h"
 #include "cli/schedule_writer.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {
@@ -42,7 +42,8 @@ class ScheduleCommand final : public Command {
                  "Accept dates more than 50 years before or after today");
     app.add_flag("--raw", raw_texts_,
                  "Read and write texts unchanged, for other programs; see list --help");
-    app.footer(R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
+    app.footer(
+        R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
   life               useful life in years, 1 to 50
   basis              cost, above 0 and below 10,000,000

@@ -2,10 +2,10 @@
 #include <string>
 #include <utility>
 
-#include "cli/printable_text.h"
 #include "cli/schedule_writer.h"
 #include "cli/text_columns.h"
 #include "values/display_format.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

@@ -3,7 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "cli/printable_text.h"
+#include "values/printable_text.h"
 
 namespace depcalc {
 namespace {

@@ -14,18 +14,6 @@
 
 namespace depcalc {
 
-/// Blanks behind, up to `width` characters.
-inline std::string padded(std::string text, std::size_t width) {
-  const std::size_t length = characterCount(text);
-  return text.append(width > length ? width - length : 0, ' ');
-}
-
-/// Blanks before, up to `width` characters.
-inline std::string rightAligned(const std::string& text, std::size_t width) {
-  const std::size_t length = characterCount(text);
-  return std::string(width > length ? width - length : 0, ' ') + text;
-}
-
 /// Writes the cells of `rows` below each other, those of numbers to the right.
 template <std::size_t Columns>
 void writeColumns(const std::vector<std::array<std::string, Columns>>& rows,

@@ -81,6 +81,11 @@ std::string grouped(Currency value, int places) {
 std::string formatMoney(Currency value) { return grouped(value, 2); }
 std::string formatMoney(double value) { return grouped(DecimalDigits::of(value), 2); }
 
+std::string formatExactMoney(Currency value) {
+  const std::int64_t ticks = value.ticks();
+  return grouped(value, ticks % 100 == 0 ? 2 : ticks % 10 == 0 ? 3 : 4);
+}
+
 Currency moneyAsShown(std::string_view text) {
   if (const auto plain = plainDecimal(text); plain && plain->decimals <= 2) {
     return Currency::fromText(text);

@@ -13,6 +13,9 @@ namespace depcalc {
 std::string formatMoney(Currency value);
 std::string formatMoney(double value);
 
+/// "#,##0.00##": money with as many decimals as it has, two at least, 12,344.5025.
+std::string formatExactMoney(Currency value);
+
 /// The amount that formatMoney shows for the number that `text` says: cents, halves to even.
 /// Not numeric: error 13. Out of a Currency's range: error 6.
 Currency moneyAsShown(std::string_view text);

@@ -66,4 +66,14 @@ std::string toLower(std::string_view text) {
   return lower;
 }
 
+std::string padded(std::string text, std::size_t width) {
+  const std::size_t length = characterCount(text);
+  return text.append(width > length ? width - length : 0, ' ');
+}
+
+std::string rightAligned(const std::string& text, std::size_t width) {
+  const std::size_t length = characterCount(text);
+  return std::string(width > length ? width - length : 0, ' ') + text;
+}
+
 }  // namespace depcalc

@@ -22,4 +22,10 @@ std::string_view trimmed(std::string_view text);
 
 std::string toLower(std::string_view text);
 
+/// With blanks behind, up to `width` characters.
+std::string padded(std::string text, std::size_t width);
+
+/// With blanks before, up to `width` characters.
+std::string rightAligned(const std::string& text, std::size_t width);
+
 }  // namespace depcalc

@@ -260,6 +260,10 @@ TEST(DisplayFormat, ShowsAmountsExactly) {
   EXPECT_EQ(formatMoney(Currency::fromText("1.015")), "1.02");
   EXPECT_EQ(formatMoney(Currency::fromText("-1234.5")), "-1,234.50");
   EXPECT_EQ(formatMoney(Currency::fromText("-0.0049")), "0.00");
+  EXPECT_EQ(formatExactMoney(Currency::fromText("12344.5")), "12,344.50");
+  EXPECT_EQ(formatExactMoney(Currency::fromText("-12344.505")), "-12,344.505");
+  EXPECT_EQ(formatExactMoney(Currency::fromText("0.0001")), "0.0001");
+  EXPECT_EQ(formatExactMoney(Currency()), "0.00");
   EXPECT_EQ(formatRate(Currency::fromText("0.2297")), "0.2297");
   EXPECT_EQ(formatRate(Currency::fromText("95054.47")), "95,054.4700");
   EXPECT_EQ(formatMoney(Currency::fromTicks(INT64_MAX)), "922,337,203,685,477.58");

@@ -1,4 +1,4 @@
-#include "cli/printable_text.h"
+#include "values/printable_text.h"
 
 #include "values/text.h"
 
