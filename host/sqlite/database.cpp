@@ -89,7 +89,6 @@ void Database::setDefences() {
   sqlite3_limit(handle_.get(), SQLITE_LIMIT_ATTACHED, 0);
   // What is larger is refused before there is memory for it.
   sqlite3_limit(handle_.get(), SQLITE_LIMIT_LENGTH, static_cast<int>(most_text_bytes) + 1'024);
-  check(sqlite3_busy_timeout(handle_.get(), 0));
   execute("PRAGMA cell_size_check = ON");
   execute("PRAGMA mmap_size = 0");
   execute("PRAGMA temp_store = MEMORY");

@@ -473,6 +473,22 @@ TEST_P(AssetStoreOn, HoldsAsManyAssetsAsSixteenBitsCount) {
   EXPECT_EQ(table->Item(32'767)->Fields().GetValue("AID").asText(), "last");
 }
 
+/// Where a host says what has changed, the store keeps account of the register's years.
+TEST_P(AssetStoreOn, AsksTheHostNoMoreForASaveHoweverManyAssetsThereAre) {
+  if (!GetParam().has_units) return;
+  pair_.openBoth();
+  for (int i = 0; i < 3; ++i) pair_.saveNew({.life = 3});
+  const auto callsOfASave = [this] {
+    const int before = pair_.plan->calls;
+    pair_.saveEdited(2, {.life = 2});
+    return pair_.plan->calls - before;
+  };
+  (void)callsOfASave();  // from now on the save changes nothing
+  const int among_three = callsOfASave();
+  for (int i = 0; i < 10; ++i) pair_.saveNew({.life = 3});
+  EXPECT_EQ(callsOfASave(), among_three);
+}
+
 INSTANTIATE_TEST_SUITE_P(Hosts, AssetStoreOn, testing::ValuesIn(storeHostKinds()),
                          [](const auto& kind) { return testNameOf(kind.param); });
 

@@ -327,6 +327,16 @@ TEST_F(Comparison, ClosePutsThePriorMethodAndAmountsBack) {
   EXPECT_THAT(amounts(6), ElementsAre("1", "2", "3", "4", "5", "6"));
 }
 
+TEST_F(Comparison, ClosePutsBackTheLastYearOfALifeOfTwoYearsAndAHalf) {
+  const auto asset = withPriorChoice();
+  asset->DepConvention("0");
+  asset->DepRecovery(2.5);
+  open(asset);
+  user.click(screen.CloseButton.normal);
+  EXPECT_THAT(amounts(3), ElementsAre("1", "2", "3")) << "one year more than the table has";
+  EXPECT_THAT(reports, IsEmpty());
+}
+
 TEST_F(Comparison, CloseLeavesANewRecordWithoutAMethod) {
   open(sample());
   user.click(screen.CloseButton.normal);
