@@ -57,9 +57,10 @@ Exit status: 0 success, 1 the file is damaged or the table is incomplete, 2 wron
     }
   }
 
-  /// Captions, and the texts of an asset; everything else is a number, a date or a name of ours.
+  /// Captions, and what users entered; everything else is a number, a date or a name of ours.
   static bool isText(const Grid& table, int row, int column) {
-    return column == 0 || table.alignment(row, column) == CellAlignment::leftBottom;
+    const CellKind kind = table.kind(row, column);
+    return kind == CellKind::text || kind == CellKind::caption;
   }
 
   static void writeCsv(const Grid& table, CsvFields fields, Output& out) {

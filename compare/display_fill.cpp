@@ -17,6 +17,11 @@ constexpr int year_column = 0;
 // Twips.
 constexpr int row_height = 360;
 
+CellKind scheduleCell(int row, int total_row) {
+  if (row == 0) return CellKind::heading;
+  return row == total_row ? CellKind::total : CellKind::amount;
+}
+
 /// Keeps the table from being drawn while it is half filled.
 class DrawingPaused {
  public:
@@ -83,9 +88,9 @@ void DepCalcDisplayCtl::sizeTable() {
   const int total_row = years_ + 1;
   for (int row = 0; row <= total_row; ++row) {
     DisplayTable.setRowHeight(row, row_height);
-    DisplayTable.setBold(row, year_column, true);
+    DisplayTable.setKind(row, year_column, row == 0 ? CellKind::heading : CellKind::caption);
     for (int column = 1; column <= 3; ++column) {
-      DisplayTable.setBold(row, column, row == 0 || row == total_row);
+      DisplayTable.setKind(row, column, scheduleCell(row, total_row));
       DisplayTable.setAlignment(
           row, column, row == 0 ? CellAlignment::centerCenter : CellAlignment::rightCenter);
     }

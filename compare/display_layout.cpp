@@ -45,7 +45,8 @@ void DepCalcDisplayCtl::setLooks() {
     option->setFont({style::body_points});
     option->setBackColour(scheme::white);
   }
-  UoPTable.setBold(0, 0, true);
+  UoPTable.setKind(0, 0, CellKind::caption);
+  UoPTable.setKind(0, 1, CellKind::amount);
   UoPTable.setAlignment(0, 1, CellAlignment::rightCenter);
 }
 

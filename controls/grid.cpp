@@ -94,10 +94,12 @@ void Grid::setColumnAlignment(int column, CellAlignment alignment) {
   if (columns_[columnAt(column)].setAlignment(alignment)) announce(Aspect::cells);
 }
 
-bool Grid::bold(int row, int column) const { return columns_[columnAt(column)].bold(rowAt(row)); }
+CellKind Grid::kind(int row, int column) const {
+  return columns_[columnAt(column)].kind(rowAt(row));
+}
 
-void Grid::setBold(int row, int column, bool bold) {
-  if (columns_[columnAt(column)].setBold(rowAt(row), bold)) announce(Aspect::cells);
+void Grid::setKind(int row, int column, CellKind kind) {
+  if (columns_[columnAt(column)].setKind(rowAt(row), kind)) announce(Aspect::cells);
 }
 
 void Grid::setRow(int row) {
@@ -180,7 +182,7 @@ GridPicture Grid::Picture() const {
   for (const int row : picture.rows) {
     for (const int column : picture.columns) {
       picture.cells.push_back(
-          {std::string(text(row, column)), alignment(row, column), bold(row, column)});
+          {std::string(text(row, column)), alignment(row, column), kind(row, column)});
     }
   }
   return picture;

@@ -35,8 +35,9 @@ class Grid : public InputControl {
   void setAlignment(int row, int column, CellAlignment alignment);
   /// Aligns every cell of the column, rows added later included.
   void setColumnAlignment(int column, CellAlignment alignment);
-  [[nodiscard]] bool bold(int row, int column) const;
-  void setBold(int row, int column, bool bold);
+  [[nodiscard]] CellKind kind(int row, int column) const;
+  void setKind(int row, int column, CellKind kind);
+  [[nodiscard]] bool bold(int row, int column) const { return isBold(kind(row, column)); }
 
   /// The current cell. Moving it raises nothing; only a user's click does.
   [[nodiscard]] int row() const { return row_; }

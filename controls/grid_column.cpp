@@ -9,10 +9,12 @@
 namespace depcalc {
 namespace {
 
-constexpr std::uint8_t bold_bit = 0x80;
+constexpr unsigned alignment_bits = 4;
+constexpr unsigned alignment_mask = (1U << alignment_bits) - 1;
 
-constexpr std::uint8_t styled(CellAlignment alignment, bool bold) {
-  return static_cast<std::uint8_t>(static_cast<std::uint8_t>(alignment) | (bold ? bold_bit : 0));
+constexpr std::uint8_t styled(CellAlignment alignment, CellKind kind) {
+  return static_cast<std::uint8_t>(static_cast<unsigned>(alignment) | static_cast<unsigned>(kind)
+                                                                          << alignment_bits);
 }
 
 }  // namespace
@@ -20,7 +22,7 @@ constexpr std::uint8_t styled(CellAlignment alignment, bool bold) {
 void GridColumn::resize(std::size_t rows) {
   if (rows < ends_.size()) texts_.resize(start(rows));
   ends_.resize(rows, static_cast<std::uint32_t>(texts_.size()));
-  styles_.resize(rows, styled(alignment_, false));
+  styles_.resize(rows, styled(alignment_, CellKind::text));
 }
 
 std::string_view GridColumn::text(std::size_t row) const {
@@ -39,18 +41,20 @@ bool GridColumn::setText(std::size_t row, std::string_view text) {
 }
 
 CellAlignment GridColumn::alignment(std::size_t row) const {
-  return static_cast<CellAlignment>(styles_[row] & ~bold_bit);
+  return static_cast<CellAlignment>(styles_[row] & alignment_mask);
 }
 
-bool GridColumn::bold(std::size_t row) const { return (styles_[row] & bold_bit) != 0; }
+CellKind GridColumn::kind(std::size_t row) const {
+  return static_cast<CellKind>(styles_[row] >> alignment_bits);
+}
 
 bool GridColumn::setAlignment(std::size_t row, CellAlignment alignment) {
-  const std::uint8_t style = styled(alignment, bold(row));
+  const std::uint8_t style = styled(alignment, kind(row));
   return std::exchange(styles_[row], style) != style;
 }
 
-bool GridColumn::setBold(std::size_t row, bool bold) {
-  const std::uint8_t style = styled(alignment(row), bold);
+bool GridColumn::setKind(std::size_t row, CellKind kind) {
+  const std::uint8_t style = styled(alignment(row), kind);
   return std::exchange(styles_[row], style) != style;
 }
 

@@ -21,10 +21,10 @@ class GridColumn {
   bool setText(std::size_t row, std::string_view text);
 
   [[nodiscard]] CellAlignment alignment(std::size_t row) const;
-  [[nodiscard]] bool bold(std::size_t row) const;
+  [[nodiscard]] CellKind kind(std::size_t row) const;
   /// Return whether anything differed.
   bool setAlignment(std::size_t row, CellAlignment alignment);
-  bool setBold(std::size_t row, bool bold);
+  bool setKind(std::size_t row, CellKind kind);
   /// All rows, those to come included.
   bool setAlignment(CellAlignment alignment);
 
@@ -36,7 +36,7 @@ class GridColumn {
 
   std::string texts_;
   std::vector<std::uint32_t> ends_;   // where each row's text ends
-  std::vector<std::uint8_t> styles_;  // alignment, and bold in the top bit
+  std::vector<std::uint8_t> styles_;  // the kind above four bits of alignment
   CellAlignment alignment_ = CellAlignment::leftCenter;
 };
 

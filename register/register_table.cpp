@@ -32,6 +32,13 @@ enum FieldRow : int {
 };
 static_assert(row_rate + 1 == DepCalcView::first_year_row);
 
+/// What the cells of an asset are in a row of the register.
+constexpr CellKind assetCell(int row) {
+  if (row <= row_department) return CellKind::text;
+  const bool money = row >= row_basis && row <= row_depreciation_basis;
+  return money || row >= row_rate ? CellKind::amount : CellKind::value;
+}
+
 std::string yearCaption(int year) { return "FY" + std::to_string(year); }
 
 }  // namespace
@@ -54,13 +61,14 @@ void DepCalcView::SetupTable() {
     table.setText(first_year_row + k, 0, yearCaption(myStartYr + k));
   }
   for (int row = 0; row < table.rows(); ++row) {
-    table.setBold(row, 0, true);
+    table.setKind(row, 0, CellKind::caption);
     // A print run that failed may have left it collapsed.
     table.setRowHeight(row, least_row_height);
   }
   for (int column = 1; column < table.columns(); ++column) {
     table.setColumnWidth(column, asset_width);
     table.setColumnAlignment(column, CellAlignment::centerTop);
+    for (int row = 0; row < table.rows(); ++row) table.setKind(row, column, assetCell(row));
   }
 }
 

@@ -29,11 +29,6 @@ double placed(int part, double room, double size) { return (room - size) * part 
 int horizontal(CellAlignment alignment) { return static_cast<int>(alignment) / 3; }
 int vertical(CellAlignment alignment) { return static_cast<int>(alignment) % 3; }
 
-bool isAmount(const QString& text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](QChar c) { return c.isDigit() || QStringView(u",.-").contains(c); });
-}
-
 /// Breaks `layout` into lines of `width` and returns their height.
 double layOut(QTextLayout& layout, double width) {
   double height = 0;
@@ -64,34 +59,36 @@ class CellDrawing {
         usual_(twipFont(family, cell_sizes.front(), bold)),
         metrics_(usual_) {}
 
-  void draw(const QRectF& room, CellAlignment alignment, const QString& text) const {
+  void draw(const QRectF& room, const GridPicture::Cell& cell) const {
+    const QString text = QString::fromStdString(cell.text);
     const double width = metrics_.horizontalAdvance(text);
     if (width > room.width() || text.contains(u'\n')) {
-      drawBroken(room, alignment, text);
+      drawBroken(room, cell, text);
       return;
     }
-    const double x = placed(horizontal(alignment), room.width(), width);
-    const double y = placed(vertical(alignment), room.height(), metrics_.height());
+    const double x = placed(horizontal(cell.alignment), room.width(), width);
+    const double y = placed(vertical(cell.alignment), room.height(), metrics_.height());
     painter_.setFont(usual_);
     painter_.drawText(room.topLeft() + QPointF(x, y + metrics_.ascent()), text);
   }
 
  private:
-  void drawBroken(const QRectF& room, CellAlignment alignment, const QString& text) const {
+  void drawBroken(const QRectF& room, const GridPicture::Cell& cell, const QString& text) const {
     QTextLayout layout(text);
     // A smaller size rather than a broken word, a broken word rather than a lost line. An amount
     // must not be broken behind a thousands separator.
     double height = layOutFitting(
-        layout, isAmount(text) ? QTextOption::ManualWrap : QTextOption::WordWrap, room);
+        layout, isAmount(cell.kind) ? QTextOption::ManualWrap : QTextOption::WordWrap, room);
     if (height > room.height() || widestLine(layout) > room.width()) {
       height = layOutFitting(layout, QTextOption::WrapAtWordBoundaryOrAnywhere, room);
     }
     for (int i = 0; i < layout.lineCount(); ++i) {
       QTextLine line = layout.lineAt(i);
-      const double spare = placed(horizontal(alignment), room.width(), line.naturalTextWidth());
+      const double spare =
+          placed(horizontal(cell.alignment), room.width(), line.naturalTextWidth());
       line.setPosition({spare, line.y()});
     }
-    const double top = std::max(0.0, placed(vertical(alignment), room.height(), height));
+    const double top = std::max(0.0, placed(vertical(cell.alignment), room.height(), height));
     painter_.save();
     if (height > room.height()) painter_.setClipRect(room);
     layout.draw(&painter_, room.topLeft() + QPointF(0, top));
@@ -144,7 +141,7 @@ class GridDrawing {
     forEachCell([&](const QRectF& area, const GridPicture::Cell& cell) {
       if (cell.text.empty()) return;
       const QRectF room = area.adjusted(margin_beside, margin_above, -margin_beside, -margin_above);
-      (cell.bold ? bold : plain).draw(room, cell.alignment, QString::fromStdString(cell.text));
+      (isBold(cell.kind) ? bold : plain).draw(room, cell);
     });
   }
 
@@ -162,7 +159,7 @@ class GridDrawing {
 
   void fillCaptions() const {
     forEachCell([this](const QRectF& area, const GridPicture::Cell& cell) {
-      if (cell.bold) painter_.fillRect(area, caption_colour);
+      if (isBold(cell.kind)) painter_.fillRect(area, caption_colour);
     });
   }
 

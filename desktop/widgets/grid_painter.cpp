@@ -20,12 +20,6 @@ int qtAlignment(CellAlignment alignment) {
   return static_cast<int>(flags.toInt());
 }
 
-/// Which must not be broken behind a thousands separator.
-bool isAmount(const QString& text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](QChar c) { return c.isDigit() || QStringView(u",.-").contains(c); });
-}
-
 }  // namespace
 
 void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -40,10 +34,10 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
 
 QColor GridPainter::background(int row, int column) const {
   const Colours& colours = surface_.colours();
-  const bool headed = grid_.columns() > 1 && grid_.bold(0, 1);
-  if (row == 0 && headed) return colours.heading();
+  const CellKind kind = grid_.kind(row, column);
+  if (kind == CellKind::heading) return colours.heading();
   if (column > 0 && column == grid_.column()) return colours.selection();
-  return grid_.bold(row, column) ? colours.caption() : colours.base();
+  return isBold(kind) ? colours.caption() : colours.base();
 }
 
 /// A text too large for its cell is drawn smaller, then with words broken, and at last from its
@@ -54,13 +48,14 @@ void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int co
   const int margin = std::max(2, surface_.scale().pixels(margin_twips));
   const QRect room = cell.adjusted(margin, 1, -margin, -1);
   const int alignment = qtAlignment(grid_.alignment(row, column));
-  const int wrap = isAmount(text) ? Qt::TextSingleLine : Qt::TextWordWrap;
+  const CellKind kind = grid_.kind(row, column);
+  const int wrap = isAmount(kind) ? Qt::TextSingleLine : Qt::TextWordWrap;
   painter.save();
   painter.setClipRect(cell);
   painter.setPen(surface_.colours().text());
   const auto fits = [&](int flags) {
     for (const double part : {1.0, 0.93, 0.87, 0.8, 0.75}) {
-      painter.setFont(qtFont({cell_points * part, grid_.bold(row, column)}, surface_.scale()));
+      painter.setFont(qtFont({cell_points * part, isBold(kind)}, surface_.scale()));
       const QSize needed = painter.boundingRect(room, flags, text).size();
       if (needed.height() <= room.height() && needed.width() <= room.width()) return true;
     }

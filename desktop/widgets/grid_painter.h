@@ -8,7 +8,7 @@
 
 namespace depcalc::desktop {
 
-/// A bold cell is a caption: of a column where it stands in a first row of such, else of a row.
+/// By what each cell is, and whether its column is the current one.
 class GridPainter : public QStyledItemDelegate {
   Q_OBJECT
 

@@ -185,6 +185,21 @@ TEST_F(Comparison, RowsOfALongerScheduleLeaveNothingBehind) {
   }
 }
 
+TEST_F(Comparison, SaysOfEachCellWhatItIs) {
+  open(sample("1"));
+  const Grid& table = screen.DisplayTable;
+  const int total_row = table.rows() - 1;
+  for (int row = 0; row <= total_row; ++row) {
+    const CellKind amount = row == total_row ? CellKind::total : CellKind::amount;
+    EXPECT_EQ(table.kind(row, 0), row == 0 ? CellKind::heading : CellKind::caption) << row;
+    for (int number = 1; number < 4; ++number) {
+      EXPECT_EQ(table.kind(row, number), row == 0 ? CellKind::heading : amount) << row;
+    }
+  }
+  EXPECT_EQ(screen.UoPTable.kind(0, 0), CellKind::caption);
+  EXPECT_EQ(screen.UoPTable.kind(0, 1), CellKind::amount);
+}
+
 TEST_F(Comparison, IsFilledAsSoonAsItIsShown) {
   container.record = sample();
   screen.show();

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "controls/user.h"
 #include "tests/support/scripted_site.h"
 
@@ -78,8 +80,9 @@ TEST_F(GridTest, RefusesCellsOutsideItAsError9) {
       [&] { static_cast<void>(grid.alignment(3, 0)); },
       [&] { grid.setAlignment(3, 0, CellAlignment::rightTop); },
       [&] { grid.setColumnAlignment(2, CellAlignment::rightTop); },
-      [&] { static_cast<void>(grid.bold(0, 2)); },
-      [&] { grid.setBold(3, 0, true); },
+      [&] { static_cast<void>(grid.kind(0, 2)); },
+      [&] { static_cast<void>(grid.bold(3, 0)); },
+      [&] { grid.setKind(3, 0, CellKind::amount); },
       [&] { grid.setRow(3); },
       [&] { grid.setColumn(2); },
       [&] { static_cast<void>(grid.rowHeight(3)); },
@@ -124,18 +127,52 @@ TEST_F(GridTest, AlignsColumnsAndSingleCells) {
   EXPECT_EQ(grid.alignment(0, 0), CellAlignment::leftCenter);
   grid.setColumnAlignment(1, CellAlignment::centerTop);
   grid.setAlignment(0, 1, CellAlignment::leftBottom);
-  grid.setBold(0, 1, true);
+  grid.setKind(0, 1, CellKind::heading);
   grid.setRows(4);
   EXPECT_EQ(grid.alignment(0, 1), CellAlignment::leftBottom);
   EXPECT_EQ(grid.alignment(3, 1), CellAlignment::centerTop) << "rows to come included";
   EXPECT_EQ(grid.alignment(3, 0), CellAlignment::leftCenter);
-  EXPECT_TRUE(grid.bold(0, 1));
-  EXPECT_FALSE(grid.bold(1, 1));
   grid.setColumnAlignment(1, CellAlignment::rightBottom);
   EXPECT_EQ(grid.alignment(0, 1), CellAlignment::rightBottom);
-  EXPECT_TRUE(grid.bold(0, 1));
-  grid.setBold(0, 1, false);
-  EXPECT_EQ(grid.alignment(0, 1), CellAlignment::rightBottom);
+  EXPECT_EQ(grid.kind(0, 1), CellKind::heading) << "an alignment leaves the kind alone";
+  grid.setKind(0, 1, CellKind::text);
+  EXPECT_EQ(grid.alignment(0, 1), CellAlignment::rightBottom) << "and the other way round";
+}
+
+TEST_F(GridTest, KnowsOfEachCellWhatItIs) {
+  struct Case {
+    CellKind kind;
+    bool bold;
+    bool amount;
+  };
+  constexpr std::array cases = {
+      Case{CellKind::text, false, false},   Case{CellKind::value, false, false},
+      Case{CellKind::amount, false, true},  Case{CellKind::total, true, true},
+      Case{CellKind::caption, true, false}, Case{CellKind::heading, true, false},
+  };
+  for (const Case& each : cases) {
+    for (const CellAlignment alignment : {CellAlignment::leftTop, CellAlignment::rightBottom}) {
+      grid.setAlignment(1, 1, alignment);
+      grid.setKind(1, 1, each.kind);
+      EXPECT_EQ(grid.kind(1, 1), each.kind);
+      EXPECT_EQ(grid.alignment(1, 1), alignment);
+      EXPECT_EQ(grid.bold(1, 1), each.bold);
+      EXPECT_EQ(isAmount(each.kind), each.amount);
+      EXPECT_EQ(grid.Picture().cell(1, 1).kind, each.kind);
+    }
+  }
+  EXPECT_EQ(grid.kind(0, 1), CellKind::text) << "the others are as they were";
+  grid.setRows(1);
+  grid.setRows(3);
+  EXPECT_EQ(grid.kind(1, 1), CellKind::text) << "what was cut off does not come back";
+}
+
+TEST_F(GridTest, TellsOfAnotherKindOnce) {
+  std::vector<Aspect> heard;
+  const auto observation = grid.observe([&](Aspect aspect) { heard.push_back(aspect); });
+  grid.setKind(0, 0, CellKind::caption);
+  grid.setKind(0, 0, CellKind::caption);
+  EXPECT_THAT(heard, ElementsAre(Aspect::cells));
 }
 
 TEST_F(GridTest, KeepsTheCurrentCellInside) {
@@ -165,7 +202,7 @@ TEST_F(GridTest, KeepsSpareNumbers) {
 TEST_F(GridTest, PicturesOnlyRowsAndColumnsOfSomeSize) {
   grid.setColumns(3);
   for (int column = 0; column < 3; ++column) grid.setText(1, column, "c" + std::to_string(column));
-  grid.setBold(1, 0, true);
+  grid.setKind(1, 0, CellKind::caption);
   grid.setAlignment(1, 2, CellAlignment::rightTop);
   grid.setColumnWidth(1, 0);
   grid.setColumnWidth(2, 1200);
@@ -176,8 +213,9 @@ TEST_F(GridTest, PicturesOnlyRowsAndColumnsOfSomeSize) {
   EXPECT_THAT(picture.column_widths, ElementsAre(960, 1200));
   EXPECT_EQ(picture.width(), 2160);
   EXPECT_EQ(picture.height(), 480);
-  EXPECT_EQ(picture.cell(0, 0), (GridPicture::Cell{"c0", CellAlignment::leftCenter, true}));
-  EXPECT_EQ(picture.cell(0, 1), (GridPicture::Cell{"c2", CellAlignment::rightTop, false}));
+  EXPECT_EQ(picture.cell(0, 0),
+            (GridPicture::Cell{"c0", CellAlignment::leftCenter, CellKind::caption}));
+  EXPECT_EQ(picture.cell(0, 1), (GridPicture::Cell{"c2", CellAlignment::rightTop, CellKind::text}));
   EXPECT_EQ(picture.cell(1, 1).text, "");
 }
 

@@ -90,6 +90,23 @@ TEST_F(GridWidgetTest, MarksTheColumnOfTheCurrentCell) {
   EXPECT_EQ(drawn.pixelColor(other.center()), surface.colours().base());
 }
 
+TEST_F(GridWidgetTest, EachKindOfCellHasItsBackground) {
+  const desktop::Colours& colours = surface.colours();
+  const std::vector<std::pair<CellKind, QColor>> cases = {
+      {CellKind::text, colours.base()},       {CellKind::value, colours.base()},
+      {CellKind::amount, colours.base()},     {CellKind::total, colours.caption()},
+      {CellKind::caption, colours.caption()}, {CellKind::heading, colours.heading()},
+  };
+  for (const auto& [row, column] : {std::pair(0, 0), std::pair(0, 1), std::pair(2, 1)}) {
+    for (const auto& [kind, colour] : cases) {
+      screen.Table.setKind(row, column, kind);
+      const QRect cell = view().visualRect(view().model()->index(row, column));
+      const QImage drawn = view().viewport()->grab().toImage();
+      EXPECT_EQ(drawn.pixelColor(cell.center()), colour) << row << ' ' << column;
+    }
+  }
+}
+
 TEST_F(GridWidgetTest, ToolTipsShowTextsThatLookLikeMarkupAsTheyAre) {
   for (const QString text : {"<b>Saw</b> & <i>Sons</i>", "Saw", "1 < 2", ""}) {
     screen.Table.setText(1, 1, text.toStdString());
@@ -116,6 +133,7 @@ int inkHeight(const QImage& cell) {
 TEST_F(GridWidgetTest, AnAmountIsDrawnSmallerRatherThanBroken) {
   screen.Table.setRowHeight(1, 450);  // room for two lines
   screen.Table.setColumnWidth(1, 1200);
+  screen.Table.setKind(1, 1, CellKind::amount);
   for (const char* text : {"77,777.37", "1,077,777.37", "-1,077,777.37"}) {
     screen.Table.setText(1, 1, text);
     const QRect cell = view().visualRect(view().model()->index(1, 1)).adjusted(2, 2, -2, -2);
@@ -129,7 +147,9 @@ TEST_F(GridWidgetTest, CaptionsStayInSightWhileThePageScrolls) {
   constexpr int columns = 40;
   screen.Table.setRows(60);
   screen.Table.setColumns(columns);
-  for (int row = 0; row < 60; ++row) screen.Table.setBold(row, 0, true);
+  for (int row = 0; row < 60; ++row) {
+    screen.Table.setKind(row, 0, CellKind::caption);
+  }
   const int width = columns * screen.Table.columnWidth(1) + 60;
   const int height = 60 * screen.Table.rowHeight(1) + 45;
   screen.Table.setPlace({0, 0, width, height});

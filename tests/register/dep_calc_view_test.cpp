@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "tests/support/register_fixture.h"
 #include "tests/support/reports.h"
 #include "values/display_format.h"
@@ -181,6 +183,35 @@ TEST_F(Register, SetsEveryCellsLooks) {
   EXPECT_EQ(table.columnWidth(1), 1200);
   EXPECT_EQ(table.columnWidth(2), 1200);
   EXPECT_EQ(table.minimumRowHeight(), 450);
+}
+
+TEST_F(Register, SaysOfEachCellWhatItIs) {
+  const std::map<std::string, CellKind> kinds = {
+      {"Asset ID", CellKind::text},
+      {"Name", CellKind::text},
+      {"Serial #", CellKind::text},
+      {"Dept/Loc", CellKind::text},
+      {"Placed-in-service Date", CellKind::value},
+      {"Basis", CellKind::amount},
+      {"Salvage Value", CellKind::amount},
+      {"Depreciation Basis", CellKind::amount},
+      {"Convention", CellKind::value},
+      {"Useful Life", CellKind::value},
+      {"Method", CellKind::value},
+      {"Unit of Production Rate", CellKind::amount},
+  };
+  container.assets = {lathe(), producer("UOP", "1")};
+  for (const double span : {6.0, 9.0, 2.0}) {
+    container.years = span;
+    showView();
+    for (int row = 0; row < table.rows(); ++row) {
+      EXPECT_EQ(table.kind(row, 0), CellKind::caption) << row;
+      const std::string caption(table.text(row, 0));
+      const bool is_year = caption.starts_with("FY");
+      const CellKind kind = is_year ? CellKind::amount : kinds.at(caption);
+      for (const int column : {1, 2}) EXPECT_EQ(table.kind(row, column), kind) << caption;
+    }
+  }
 }
 
 TEST_F(Register, StopsFillingAtAnAssetWhoseFiscalYearEndDoesNotExist) {
