@@ -2,11 +2,14 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <algorithm>
 #include <optional>
 
+#include "controls/copied_cells.h"
 #include "desktop/widgets/arrow_keys.h"
+#include "desktop/widgets/cell_clipboard.h"
 #include "desktop/widgets/grid_painter.h"
 #include "desktop/widgets/input_style.h"
 
@@ -218,6 +221,33 @@ void GridWidget::mousePressEvent(QMouseEvent* event) {
 void GridWidget::mouseDoubleClickEvent(QMouseEvent* event) {
   const QModelIndex at = indexAt(event->position().toPoint());
   if (event->button() == Qt::LeftButton && at.isValid()) openCell(at.row(), at.column());
+}
+
+/// Where a menu opens: at the pointer, whose cell becomes the current one, or, by its key, below
+/// the current cell.
+QPoint GridWidget::menuPlace(const QContextMenuEvent& event) {
+  if (event.reason() != QContextMenuEvent::Mouse) {
+    const QRect cell = visualRect(table_.index(grid_.row(), grid_.column()));
+    return viewport()->mapToGlobal(cell.bottomLeft());
+  }
+  const bool on_cells = std::none_of(captions_.begin(), captions_.end(), [&](const auto* strip) {
+    return strip->isVisible() && strip->geometry().contains(event.pos());
+  });
+  const QModelIndex at = indexAt(event.pos());
+  if (on_cells && at.isValid()) clickCell(at.row(), at.column());
+  return event.globalPos();
+}
+
+void GridWidget::contextMenuEvent(QContextMenuEvent* event) {
+  const QPoint place = menuPlace(*event);
+  QMenu menu(this);
+  menu.setObjectName(QStringLiteral("GridMenu"));
+  menu.setAccessibleName(accessibleName());
+  QAction* const marked = menu.addAction(tr("&Copy"));
+  QAction* const whole = menu.addAction(tr("Copy &Whole Table"));
+  const QAction* const chosen = menu.exec(place);
+  if (chosen == marked) copyCells(markedColumn(grid_));
+  if (chosen == whole) copyCells(wholeGrid(grid_));
 }
 
 void GridWidget::focusInEvent(QFocusEvent* event) {

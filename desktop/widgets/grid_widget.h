@@ -11,7 +11,7 @@ namespace depcalc::desktop {
 
 /// Only cells that are to be seen are read and drawn. The column of the current cell is marked,
 /// unless it is the first, which holds captions. Captions that the page has scrolled away lie over
-/// the cells at the edge.
+/// the cells at the edge. A context menu copies.
 class GridWidget : public QTableView {
   Q_OBJECT
 
@@ -26,6 +26,7 @@ class GridWidget : public QTableView {
   void mouseReleaseEvent(QMouseEvent*) override {}
   void mouseMoveEvent(QMouseEvent*) override {}
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -37,6 +38,7 @@ class GridWidget : public QTableView {
   void showScrollBars();
   void clickCell(int row, int column);
   void openCell(int row, int column);
+  [[nodiscard]] QPoint menuPlace(const QContextMenuEvent& event);
   void repaintColumn(int column);
   void keepCaptionsInSight();
 

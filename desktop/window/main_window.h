@@ -9,6 +9,7 @@
 #include "desktop/host/desktop_application.h"
 #include "desktop/window/asset_menu.h"
 #include "desktop/window/calculator.h"
+#include "desktop/window/edit_menu.h"
 #include "desktop/window/print_help.h"
 #include "desktop/window/settings.h"
 #include "desktop/window/view_menu.h"
@@ -177,6 +178,7 @@ class MainWindow : public QMainWindow {
   QLabel* note_label_;
   QLabel* figures_label_;
   QMenu* recent_menu_ = nullptr;
+  EditMenu* edit_menu_ = nullptr;
   AssetMenu* asset_menu_ = nullptr;
   ViewMenu* view_menu_ = nullptr;
   QAction* new_company_ = nullptr;

@@ -11,6 +11,7 @@ namespace depcalc::desktop {
 // The letters of the menus are none that the calculator's own buttons and tabs use.
 void MainWindow::makeMenus() {
   makeFileMenu();
+  edit_menu_ = new EditMenu(*menuBar()->addMenu(tr("Ed&it")), [this] { return calculator(); });
   makeCompanyMenu();
   asset_menu_ = new AssetMenu(*menuBar()->addMenu(tr("&Asset")), [this] { return calculator(); });
   view_menu_ = new ViewMenu(*menuBar()->addMenu(tr("Vie&w")), around_.settings, *page_);
@@ -86,6 +87,7 @@ void MainWindow::fillRecentMenu() {
 }
 
 void MainWindow::enableActions() {
+  edit_menu_->enable();
   asset_menu_->enable();
   const bool open = company() != nullptr;
   const bool multi = open && application_->CompanyFile()->IsMultiUser();

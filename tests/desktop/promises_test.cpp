@@ -184,6 +184,7 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
        {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Save a Copy As…",
         "Restore Backup…", "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…",
         "Print Preview…", "Quit"}},
+      {"Edit", {"Copy", "Copy Whole Table"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
       {"Asset", {"New", "Edit", "Delete", "Calculate", "Save"}},
       {"View", {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
@@ -192,8 +193,8 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
         "Entering assets without comparing methods", "Recalculating depreciation expense",
         "Printing the asset record", "Deleting a record", "About"}}};
   const QList<QAction*> found = window.menuBar()->actions();
-  ASSERT_EQ(found.size(), 5);
-  for (int i = 0; i < 5; ++i) {
+  ASSERT_EQ(found.size(), std::ssize(menus));
+  for (int i = 0; i < found.size(); ++i) {
     std::vector<std::string> texts;
     for (const QAction* item : found[i]->menu()->actions()) {
       if (!item->isSeparator()) texts.push_back(item->text().remove(u'&').toStdString());

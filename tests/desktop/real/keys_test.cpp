@@ -1,4 +1,6 @@
 // The register and the form by keys alone, the help beside them, and all assets calculated anew.
+#include <QClipboard>
+
 #include "DepCalc/company_assets.h"
 #include "help/dep_calc_popup.h"
 #include "tests/desktop/real/real_window.h"
@@ -7,6 +9,8 @@ namespace depcalc::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
 /// Two assets of calendar years in a company whose year begins in April.
 struct TwoAssets : RealWindow {
@@ -52,6 +56,22 @@ TEST_F(Keys, EditSaveAndDeleteTheSelectedAsset) {
   EXPECT_TRUE(user.answers("Yes"));
   EXPECT_TRUE(user.seesNoDialog());
   EXPECT_THAT(idsIn(path()), ElementsAre("A1"));
+}
+
+TEST_F(Keys, CopyTheSelectedAssetAndByItsMenuAllOfThem) {
+  const auto copied = [] {
+    return gui([] { return QApplication::clipboard()->text().toStdString(); });
+  };
+  clickCell(0, 2);
+  user.key("ctrl+c");
+  EXPECT_THAT(copied(), StartsWith("Asset ID\tA2\nName\t\n"));
+  user.key("Menu");
+  ASSERT_TRUE(user.sees([] { return QApplication::activePopupWidget() != nullptr; }));
+  user.key("w");
+  EXPECT_TRUE(user.sees([] { return QApplication::activePopupWidget() == nullptr; }));
+  user.settles();
+  EXPECT_THAT(copied(), StartsWith("Asset ID\tA1\tA2\nName\t\t\n"));
+  EXPECT_THAT(copied(), HasSubstr("\nBasis\t1000.00\t1500.00\n"));
 }
 
 TEST_F(Keys, ReachTheButtonsBehindTheLastField) {
