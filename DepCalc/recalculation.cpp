@@ -44,7 +44,7 @@ std::string refusedByForm(const CalculateDep& asset) {
     return method.code == asset.DepMethod();
   });
   if (!known) {
-    return "There is no method \"" + asset.DepMethod() + "\".";
+    return "\"" + asset.DepMethod() + "\" is not a depreciation method.";
   }
   if (asset.AssetStartDate().year() + asset.DepRecovery() >= last_year_of_calendar) {
     return "The schedule would run beyond the year 9999.";
@@ -101,7 +101,8 @@ class Calculating {
     const auto wrong = wrongTypesIn(*table_, static_cast<std::int16_t>(number));
     if (!wrong.empty()) return leave(wrong.front());
     if (asset->RecIndex() != std::to_string(number)) {
-      return leave("Its record says that it is number " + asset->RecIndex() + ".");
+      return leave("Its record has the number " + asset->RecIndex() + " instead of " +
+                   std::to_string(number) + ".");
     }
     const bool has_method = !asset->DepMethod().empty();
     if (std::string refusal = has_method ? refusedByForm(*asset) : ""; !refusal.empty()) {

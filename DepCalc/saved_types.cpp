@@ -48,7 +48,7 @@ std::vector<std::string> wrongTypesOf(const HostFields& fields, std::int16_t ind
   for (const std::string& name : fields.names()) {
     const StoredValue value = fields.GetValue(name);
     if (isSavedType(name, value)) continue;
-    found.push_back("In record " + std::to_string(index) + " " + name + " is of the type " +
+    found.push_back("In record " + std::to_string(index) + ", " + name + " has the type " +
                     std::string(value.typeName()) + ".");
   }
   return found;

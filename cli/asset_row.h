@@ -17,7 +17,7 @@ struct AssetRules {
   Date today;
   DateLimit date_limit = DateLimit::fifty_years;
   bool raw_texts = false;  ///< texts are as they stand, an apostrophe before a formula included
-  /// Takes whatever the calculator can have saved: texts of any length, and for an asset without
+  /// Takes whatever the calculator can have saved: text of any length, and for an asset without
   /// a method a life and a basis of 0.
   bool as_saved = false;
   /// A comma in a number may be meant for a decimal point, as where it separates no fields: it is

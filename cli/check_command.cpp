@@ -18,9 +18,9 @@ class CheckCommand final : public CompanyCommand {
 
   [[nodiscard]] std::string_view examples() const override {
     return R"(  depcalc check workshop.company
-      what is wrong with the file, if anything is
+      what is wrong with the file, if anything
   depcalc check workshop.company && cp workshop.company backup/
-      keep copies of sound files only
+      copy the file only if it is sound
 )";
   }
 

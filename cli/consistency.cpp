@@ -30,7 +30,7 @@ void findStrangeIndex(const HostFields& fields, std::int16_t index,
   const StoredValue stored = fields.GetValue("RecIndex");
   if (stored == StoredValue::integer(index)) return;
   const std::string text = stored.asText();
-  found.push_back("In " + recordName(index) + " RecIndex is " + (text.empty() ? "empty" : text) +
+  found.push_back("In " + recordName(index) + ", RecIndex is " + (text.empty() ? "empty" : text) +
                   ".");
 }
 
@@ -69,9 +69,9 @@ void compareSummary(Company& company, HostTable& table, std::vector<std::string>
     if (stored == expected) return;
     const bool empty = stored.type() == StoredValue::Type::empty;
     if (empty && may_be_empty) return;
-    found.push_back("In the summary " + std::string(name) + " is " +
-                    (empty ? "empty" : stored.asText()) + "; according to the assets it is " +
-                    expected.asText() + ".");
+    found.push_back("In the summary, " + std::string(name) + " is " +
+                    (empty ? "empty" : stored.asText()) +
+                    "; according to the assets it should be " + expected.asText() + ".");
   };
   // Before the first save the summary holds the fiscal-year end alone.
   const bool no_assets = table.Count() == 1;

@@ -22,7 +22,7 @@ class DeleteCommand final : public CompanyCommand {
     return R"(  depcalc list workshop.company
       the numbers of the assets
   depcalc delete workshop.company 3
-      delete the third; those behind it move up by one
+      delete the third asset; those after it move up by one
 )";
   }
 

@@ -60,7 +60,7 @@ class DumpCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     app.footer(
-        R"(The types are Empty, Integer, Double, Currency (a text with four decimals), Date
+        R"(The types are Empty, Integer, Double, Currency (a string with four decimals), Date
 (YYYY-MM-DD) and String. Record 0 summarizes the register; the others are the assets.
 Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be read,
 4 it is in use.)");

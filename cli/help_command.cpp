@@ -19,7 +19,7 @@ std::string helpOf(const CLI::App& app, const CLI::App& root) {
 class HelpCommand final : public Command {
  public:
   [[nodiscard]] std::string_view name() const override { return "help"; }
-  [[nodiscard]] std::string_view summary() const override { return "Print the help of a command"; }
+  [[nodiscard]] std::string_view summary() const override { return "Print the help for a command"; }
   [[nodiscard]] std::string_view examples() const override {
     return R"(  depcalc help import
       the same as depcalc import --help

@@ -31,11 +31,11 @@ class ImportCommand final : public CompanyCommand {
   depcalc import --dry-run workshop.company assets.csv
       say what is wrong with the rows, and save nothing
   depcalc list --format csv old.company | depcalc import --allow-duplicates new.company -
-      take every asset over into another company file
+      copy every asset to another company file
   depcalc import --separator semicolon workshop.company export.csv
       read what a spreadsheet writes where a comma is the decimal point
   depcalc import --ignore-unknown workshop.company - < export.csv
-      read standard input; other columns do no harm
+      read standard input; other columns are skipped
 )";
   }
 
@@ -59,17 +59,17 @@ class ImportCommand final : public CompanyCommand {
                  "Accept rows whose ID or serial number already exists");
     addSeparatorOption(app, separator_);
     app.add_flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
-    app.add_flag("--raw", raw_texts_, "Read texts unchanged, as `depcalc list --raw` writes them");
+    app.add_flag("--raw", raw_texts_, "Read text unchanged, as `depcalc list --raw` writes it");
     app.footer(R"(Columns are the same as for `depcalc schedule --help`, except:
   method             SL, SYD, DDB, UOP, or empty (saved without amounts)
   fiscal_year_end    MM-DD, or a date, whose year is ignored (the company's)
   placed_in_service  any date; those more than 50 years from today are pointed out
   life, basis        0 is also accepted where there is no method
-  id, name, serial, department   texts of any length
+  id, name, serial, department   text of any length
 
-Every row that cannot be used is reported on standard error, and then nothing is imported. So is
-a row whose ID or serial number already appears in the register or on an earlier line, unless it
-is empty. After the 200th such row, one line gives the number of the others.
+Every row that cannot be used is reported on standard error, and then nothing is imported. The same
+goes for a row whose ID or serial number already appears in the register or on an earlier line;
+empty ones are ignored. After the 200th such row, one line gives the number of the others.
 Exit status: 0 success, 1 some rows were refused or are too many, 2 wrong usage, 3 a file cannot be
 read or written, 4 the company file is in use.)");
   }

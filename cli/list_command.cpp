@@ -84,7 +84,7 @@ class ListCommand final : public CompanyCommand {
     return R"(  depcalc list workshop.company
       the assets and their numbers
   depcalc list --format csv old.company | depcalc import --allow-duplicates new.company -
-      take every asset over into another company file
+      copy every asset to another company file
 )";
   }
 
@@ -93,9 +93,9 @@ class ListCommand final : public CompanyCommand {
 
   void declareMore(CLI::App& app) override {
     addFormatOption(app, format_);
-    app.add_flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
+    app.add_flag("--raw", raw_, "With csv: write text unchanged, for other programs");
     app.footer(
-        R"(In csv, a text that a spreadsheet would take for a formula (it begins with = + - @, a tab or a
+        R"(In csv, text that a spreadsheet would take for a formula (beginning with = + - @, a tab or a
 carriage return) is preceded by an apostrophe, which import and schedule remove again.
 With --raw it is not; import --raw reads such a file.
 

@@ -21,7 +21,7 @@ class PrintCommand final : public CompanyCommand {
     return R"(  depcalc print acme.company --output schedule.pdf
       the pages that the calculator's Print button prints
   depcalc print acme.company --output - --paper Letter --landscape | lp
-      the same on wide paper, to standard output
+      the same in landscape, to standard output
 )";
   }
 

@@ -57,7 +57,7 @@ class RecalculateCommand final : public CompanyCommand {
     return R"(  depcalc recalculate --dry-run workshop.company
       the amounts that would change, before and after
   depcalc recalculate --company-year workshop.company
-      give all assets the company's fiscal year, after that was changed
+      give all assets the company's fiscal year after it has changed
 )";
   }
 

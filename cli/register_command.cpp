@@ -31,7 +31,7 @@ class RegisterCommand final : public CompanyCommand {
   void declareMore(CLI::App& app) override {
     addFormatOption(app, format_);
     app.add_flag("--raw", raw_,
-                 "With csv: write texts unchanged, for other programs; see list --help");
+                 "With csv: write text unchanged, for other programs; see list --help");
     app.footer(R"(Each row is a field or a fiscal year, each column an asset.
 Exit status: 0 success, 1 the file is damaged or the table is incomplete, 2 wrong usage,
 3 it cannot be read, 4 it is in use.)");

@@ -25,7 +25,7 @@ class ScheduleCommand final : public Command {
   depcalc schedule --format csv assets.csv > amounts.csv
       a row per asset, method and fiscal year, for another program
   depcalc schedule --fiscal-year-end 06-30 --ignore-unknown - < export.csv
-      read standard input; fiscal years end on June 30; other columns do no harm
+      read standard input; fiscal years end on June 30; other columns are skipped
 )";
   }
 
@@ -41,7 +41,7 @@ class ScheduleCommand final : public Command {
     app.add_flag("--no-date-limit", no_date_limit_,
                  "Accept dates more than 50 years before or after today");
     app.add_flag("--raw", raw_texts_,
-                 "Read and write texts unchanged, for other programs; see list --help");
+                 "Read and write text unchanged, for other programs; see list --help");
     app.footer(
         R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
@@ -51,7 +51,7 @@ class ScheduleCommand final : public Command {
   convention         Full Year, Half Year, Full Month, Half Month, Actual Days, or 0 to 4 (0)
   fiscal_year_end    MM-DD, or a date, whose year is ignored (12-31)
   capacity           units that the asset will produce (0)
-  id, name, serial, department   texts of up to 20 characters
+  id, name, serial, department   text of up to 20 characters
 
 A row that cannot be used is reported on standard error and left out.
 Exit status: 0 success, 1 some rows were refused, 2 wrong usage, 3 a file cannot be read or

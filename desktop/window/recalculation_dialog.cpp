@@ -111,7 +111,7 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   left_->setAccessibleName(left_label_->text());
   left_->setWordWrap(true);
   left_->setMaximumHeight(left_->fontMetrics().height() * 6);
-  note_->setText(tr("A backup is made first. Either all of it is saved or none."));
+  note_->setText(tr("A backup is made first. The changes are saved completely or not at all."));
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
   save_ = buttons->addButton(tr("&Save"), QDialogButtonBox::AcceptRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -123,7 +123,8 @@ void CompanyContents::readTables(std::vector<std::string>& problems) {
     const std::string name(row.text(1));
     if (id < 1 || id > most_tables || name.empty() ||
         (tables_.contains(name) && tables_[name]->id() != 0)) {
-      problems.push_back("the data table " + std::to_string(id) + " has no valid name of its own");
+      problems.push_back("data table " + std::to_string(id) +
+                         " has no valid number or no name of its own");
       continue;
     }
     const auto table = tableCalled(name);
@@ -140,7 +141,8 @@ void CompanyContents::readRecords(std::vector<std::string>& problems) {
     const std::int64_t index = id % records_per_table;
     const auto table = by_id_.find(id / records_per_table);
     if (id < 0 || table == by_id_.end() || index > INT16_MAX) {
-      problems.push_back("the record with the id " + std::to_string(id) + " belongs to no table");
+      problems.push_back("the record with id " + std::to_string(id) +
+                         " does not belong to any table");
       continue;
     }
     const auto digest = static_cast<std::uint64_t>(row.integer(2));

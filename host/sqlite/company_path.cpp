@@ -114,8 +114,9 @@ void requireCompanyHeader(const std::string& path, const std::string& vfs) {
   }
   const std::uint32_t format = bigEndian(textOf(header), 60);
   if (format > company_format) {
-    throw FileTrouble(Kind::newer, path + " was written by a newer version of the program (form " +
-                                       std::to_string(format) + "; this one reads up to " +
+    throw FileTrouble(Kind::newer, path +
+                                       " was written by a newer version of the program (format " +
+                                       std::to_string(format) + "; this one reads up to format " +
                                        std::to_string(company_format) + "). Use that version.");
   }
 }

@@ -176,7 +176,7 @@ Statement& Statement::bind(int parameter, std::int64_t value) {
 Statement& Statement::bind(int parameter, std::string_view text) {
   if (text.size() > most_text_bytes) {
     throw FileTrouble(FileTrouble::Kind::failed, database_->path() +
-                                                     " cannot hold a text of more than " +
+                                                     " cannot hold text of more than " +
                                                      std::to_string(most_text_bytes) + " bytes.");
   }
   database_->check(sqlite3_bind_text64(statement_.get(), parameter, text.data(), text.size(),

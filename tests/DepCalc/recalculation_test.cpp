@@ -134,9 +134,9 @@ TEST_F(RecalculationTest, NamesAndLeavesWhatTheFormWouldRefuse) {
       {"AStart", StoredValue::date(Date()), "Please enter the Placed-in-service Date."},
       {"AStart", StoredValue::date(Date::strict(9998, 1, 1)),
        "The schedule would run beyond the year 9999."},
-      {"DMethod", StoredValue::text("XL"), "There is no method \"XL\"."},
-      {"ABasis", StoredValue::text("plenty"), "In record 1 ABasis is of the type String."},
-      {"RecIndex", StoredValue::integer(7), "Its record says that it is number 7."},
+      {"DMethod", StoredValue::text("XL"), "\"XL\" is not a depreciation method."},
+      {"ABasis", StoredValue::text("plenty"), "In record 1, ABasis has the type String."},
+      {"RecIndex", StoredValue::integer(7), "Its record has the number 7 instead of 1."},
   };
   save("A", "SL");
   save("B", "SL");

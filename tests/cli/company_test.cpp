@@ -119,7 +119,7 @@ TEST_F(CompanyTest, DeletesNothingWhereAnAssetThatMovesUpCannotBeReadWhole) {
     ASSERT_EQ(save({asset("A", 5, "SL"), asset("B", 3, "DDB"), asset("C", 9, "SYD")}),
               std::nullopt);
     set(2, name, value);
-    const std::string wrong = "In record 2 " + std::string(name) + " is of the type String.";
+    const std::string wrong = "In record 2, " + std::string(name) + " has the type String.";
     for (const std::int32_t deleted : {1, 3}) {
       EXPECT_EQ(deleteAsset(company_, deleted),
                 wrong + " Deleting the asset would lose that value");
@@ -147,21 +147,22 @@ TEST_F(CompanyTest, FindsEveryInconsistency) {
   set(0, "Start", StoredValue::integer(2022));
   set(0, "NumYears", StoredValue::real(5));
   set(2, "RecIndex", StoredValue::integer(3));
-  EXPECT_THAT(inconsistenciesOf(company_),
-              ElementsAre("In record 2 RecIndex is 3.",
-                          "In the summary Start is 2022; according to the assets it is 2023.",
-                          "In the summary NumYears is 5; according to the assets it is 6."));
+  EXPECT_THAT(
+      inconsistenciesOf(company_),
+      ElementsAre("In record 2, RecIndex is 3.",
+                  "In the summary, Start is 2022; according to the assets it should be 2023.",
+                  "In the summary, NumYears is 5; according to the assets it should be 6."));
 
   set(3, "DRecovery", StoredValue::text("long"));
   EXPECT_THAT(
       inconsistenciesOf(company_),
-      ElementsAre("In record 2 RecIndex is 3.", "In record 3 DRecovery is of the type String.",
+      ElementsAre("In record 2, RecIndex is 3.", "In record 3, DRecovery has the type String.",
                   "The assets cannot be summarized: Summary Error#13: Type mismatch."));
 
   file_->OpenTable(asset_table_name)->Item(1)->Delete();
   EXPECT_THAT(inconsistenciesOf(company_),
               ElementsAre("The table holds 3 records, but record 1 is missing.",
-                          "In record 2 RecIndex is 3."));
+                          "In record 2, RecIndex is 3."));
 }
 
 }  // namespace

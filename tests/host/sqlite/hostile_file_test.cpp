@@ -208,15 +208,14 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
             "altered since it was saved"},
            {"lost record", "DELETE FROM record WHERE id % 65536 = 3", "records instead of"},
            {"foreign record", "UPDATE record SET id = id + 65536 * 5 WHERE id % 65536 = 3",
-            "belongs to no table"},
+            "does not belong to any table"},
            {"negative record", "UPDATE record SET id = -7 WHERE id % 65536 = 3",
-            "belongs to no table"},
+            "does not belong to any table"},
            {"text for a count", "UPDATE data_table SET records = 'many'", "instead of"},
-           {"no tables", "DELETE FROM data_table", "belongs to no table"},
-           {"nameless table", "UPDATE data_table SET name = ''", "no valid name of its own"},
+           {"no tables", "DELETE FROM data_table", "does not belong to any table"},
+           {"nameless table", "UPDATE data_table SET name = ''", "no name of its own"},
            {"table of a huge number",
-            "INSERT INTO data_table VALUES (9223372036854775807, 'x', 0, 0)",
-            "no valid name of its own"},
+            "INSERT INTO data_table VALUES (9223372036854775807, 'x', 0, 0)", "no name of its own"},
            {"two companies",
             "PRAGMA ignore_check_constraints = ON; "
             "INSERT INTO company SELECT 2, name, 3, mode, digest FROM company",
@@ -436,7 +435,7 @@ TEST_F(HostileCompanyFile, TakesNothingThatItCouldNotReadAgain) {
   };
   keep(4'190'000);
   EXPECT_THROW(keep(4'194'304), FileTrouble);
-  EXPECT_THAT(file->takeTrouble()->description(), HasSubstr("cannot hold a text of more than"));
+  EXPECT_THAT(file->takeTrouble()->description(), HasSubstr("cannot hold text of more than"));
   for (int i = 2; i <= 16; ++i) file->OpenTable("table " + std::to_string(i));
   EXPECT_THROW(file->OpenTable("table 17"), RuntimeError);
   const TableContent shown = contentOf(*file);
