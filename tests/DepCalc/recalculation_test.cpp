@@ -136,6 +136,7 @@ TEST_F(RecalculationTest, NamesAndLeavesWhatTheFormWouldRefuse) {
        "The schedule would run beyond the year 9999."},
       {"DMethod", StoredValue::text("XL"), "\"XL\" is not a depreciation method."},
       {"ABasis", StoredValue::text("plenty"), "In record 1, ABasis has the type String."},
+      {"Dep0", StoredValue::text("plenty"), "In record 1, Dep0 has the type String."},
       {"RecIndex", StoredValue::integer(7), "Its record has the number 7 instead of 1."},
   };
   save("A", "SL");

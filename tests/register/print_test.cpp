@@ -297,6 +297,26 @@ TEST_F(Printing, GivesBackTheFirstVisibleCell) {
   EXPECT_EQ(table.leftColumn(), 9);
 }
 
+TEST_F(Printing, GivesBackTheFirstVisibleCellThoughItWasScrolledMeanwhile) {
+  struct Scrolling : RecordingPrinter {
+    Scrolling(Grid& scrolled, Paper paper)
+        : RecordingPrinter(paper.width, paper.height), grid(scrolled) {}
+    void newPage() override {
+      RecordingPrinter::newPage();
+      grid.setTopRow(3);
+      grid.setLeftColumn(2);
+    }
+    Grid& grid;
+  };
+  load(40, 60);
+  table.setTopRow(14);
+  table.setLeftColumn(9);
+  Scrolling printer(table, papers[0]);
+  print(printer);
+  EXPECT_EQ(table.topRow(), 14);
+  EXPECT_EQ(table.leftColumn(), 9);
+}
+
 TEST_F(Printing, TellsObserversOnceAndOnlyAtTheEnd) {
   load(40, 60);
   RecordingPrinter printer(papers[0].width, papers[0].height);

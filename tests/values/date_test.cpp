@@ -34,6 +34,11 @@ TEST(DateValue, CarriesPartsThatOverflow) {
   EXPECT_EQ(errorOf([] { Date::carrying(9999, 12, 32); }), 5);
   EXPECT_EQ(errorOf([] { Date::carrying(100, 1, 0); }), 5);
   EXPECT_EQ(errorOf([] { Date::carrying(2'000'000'000, 1, 1); }), 5);
+  // The day carries as far as it has to, from the years that a month may carry into.
+  EXPECT_EQ(Date::carrying(-9999, 1, 4'382'545).toText(), "01/01/2000");
+  EXPECT_EQ(errorOf([] { Date::carrying(-10'000, 12, 4'382'545); }), 5);
+  EXPECT_EQ(Date::carrying(19'999, 12, -6'574'333).toText(), "01/01/2000");
+  EXPECT_EQ(errorOf([] { Date::carrying(20'000, 1, -6'574'333); }), 5);
 }
 
 TEST(DateValue, RefusesPartsThatAreNoDay) {

@@ -113,6 +113,21 @@ TEST_F(CompanyFile, RefusesToOverwriteAndLeavesNothingBehind) {
 }
 
 /// In a child that is not root, on a file or in a directory that it may not write.
+TEST_F(CompanyFile, IsNotWrittenWhereNothingHasChanged) {
+  save(create(), 2);
+  const std::string before = bytesOf(path_);
+  {
+    const File file = openOf(SqliteCompanyFile::open(path_, options()));
+    file->unitOfWork()->begin();
+    file->unitOfWork()->end();
+    file->unitOfWork()->begin();
+    file->unitOfWork()->abandon();
+    file->unitOfWork()->begin();
+    file->unitOfWork()->end();
+  }
+  EXPECT_EQ(bytesOf(path_), before);
+}
+
 TEST_F(CompanyFile, ReadsWhatItMayNotWriteAndSaysSoWhereItShouldWrite) {
   save(create(), 2);
   std::filesystem::permissions(directory_.path(), std::filesystem::perms(0755));

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "host/sqlite/company_lock.h"
+#include "host/sqlite/lock_holder.h"
 #include "tests/host/sqlite/company_fixture.h"
 
 namespace depcalc {
@@ -191,6 +192,16 @@ TEST_F(LostLock, WritesNothingWhereAnotherFileHasTheName) {
   ASSERT_TRUE(file_->lost());
   EXPECT_THAT(file_->lost()->description(), HasSubstr("is now a different file"));
   EXPECT_EQ(bytesOf(path_), before);
+}
+
+TEST(LockHolder, IsNobodyOfAFileThatIsNotLockedWhateverElseIs) {
+  const TemporaryDirectory directory;
+  const std::string locked = directory.path() + "/locked.company";
+  const std::string free = directory.path() + "/free.company";
+  openOf(SqliteCompanyFile::create(free, {.name = "Free"}, options()))->close();
+  const File held = openOf(SqliteCompanyFile::create(locked, {.name = "Locked"}, options()));
+  EXPECT_EQ(lockHolder(locked), " by this program");
+  EXPECT_EQ(lockHolder(free), "");
 }
 
 /// As on a file system that makes a lock of the whole file one of all its bytes.
