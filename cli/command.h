@@ -57,6 +57,7 @@ std::unique_ptr<Command> deleteCommand();
 std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> registerCommand();
 std::unique_ptr<Command> printCommand();
+std::unique_ptr<Command> reportCommand();
 std::unique_ptr<Command> dumpCommand();
 std::unique_ptr<Command> helpCommand();
 std::unique_ptr<Command> completionCommand();

@@ -116,6 +116,7 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(listCommand());
   commands.push_back(registerCommand());
   commands.push_back(printCommand());
+  commands.push_back(reportCommand());
   commands.push_back(recalculateCommand());
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());

@@ -32,6 +32,7 @@ ExitStatus reportTrouble(const FileTrouble& trouble, Output& errors) {
 }
 
 void CompanyCommand::declare(CLI::App& app) {
+  declareFirst(app);
   app.add_option("FILE", path_, "The company file")->required()->option_text(" ");
   declareMore(app);
   addTodayOption(app, today_);
@@ -45,7 +46,7 @@ ExitStatus CompanyCommand::run(Surroundings& surroundings) {
     return reportTrouble(*trouble, surroundings.errors);
   }
   const auto& file = std::get<std::shared_ptr<SqliteCompanyFile>>(opened);
-  Company company(file, printableText(path_), today);
+  Company company(file, printableText(path_), today, file->info());
   ExitStatus status = exit_system;
   const HeardReports heard;
   const bool done = trapped("depcalc", [&] { status = runOn(company, surroundings); });

@@ -9,6 +9,7 @@
 
 #include "DepCalc/company_assets.h"
 #include "cli/command.h"
+#include "host/company_info.h"
 #include "host/file_trouble.h"
 
 namespace depcalc {
@@ -16,20 +17,25 @@ namespace depcalc {
 /// An open company file as messages name it.
 class Company : public CompanyAssets {
  public:
-  /// `shown_name` is what messages call it.
-  Company(std::shared_ptr<HostCompanyFile> file, std::string shown_name, Date today)
-      : CompanyAssets(std::move(file), today), shown_name_(std::move(shown_name)) {}
+  /// `shown_name` is what messages call it; `info` is what the file says of the company.
+  Company(std::shared_ptr<HostCompanyFile> file, std::string shown_name, Date today,
+          CompanyInfo info = {})
+      : CompanyAssets(std::move(file), today),
+        shown_name_(std::move(shown_name)),
+        info_(std::move(info)) {}
 
   [[nodiscard]] const std::string& name() const { return shown_name_; }
+  [[nodiscard]] const CompanyInfo& info() const { return info_; }
 
  private:
   std::string shown_name_;
+  CompanyInfo info_;
 };
 
 /// Says on standard error what is wrong with a company file, and gives the exit status for it.
 ExitStatus reportTrouble(const FileTrouble& trouble, Output& errors);
 
-/// A command on a company file: FILE is its first argument, and it has --today.
+/// A command on a company file: FILE is its argument, and it has --today.
 class CompanyCommand : public Command {
  public:
   void declare(CLI::App& app) final;
@@ -39,6 +45,8 @@ class CompanyCommand : public Command {
  protected:
   /// Whether a file that cannot be written will do.
   [[nodiscard]] virtual bool onlyReads() const { return false; }
+  /// Arguments that stand before FILE.
+  virtual void declareFirst(CLI::App& /*app*/) {}
   virtual void declareMore(CLI::App& app) = 0;
   virtual ExitStatus runOn(Company& company, Surroundings& surroundings) = 0;
 

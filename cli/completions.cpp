@@ -131,8 +131,10 @@ _depcalc() {
     COMPREPLY=($(compgen -W "$options" -- "$word"))
   elif [[ $value == file || $files == yes ]]; then
     compopt -o filenames 2> /dev/null
-    local IFS=$'\n'
-    COMPREPLY=($(compgen -f -- "$word"))
+    local IFS=$' \n'
+    COMPREPLY=($(compgen -W "$arguments" -- "$word"))
+    IFS=$'\n'
+    COMPREPLY+=($(compgen -f -- "$word"))
   else
     COMPREPLY=($(compgen -W "$arguments" -- "$word"))
   fi
@@ -192,10 +194,13 @@ case $state in
 )";
   for (const CommandWords& command : commands) {
     text += "      " + command.name + ") _arguments" + zshArguments(command, "        ");
-    if (command.takes_files) text += " \\\n        '*:file:_files'";
+    // Words that stand before a file are the first argument.
     if (!command.arguments.empty()) {
-      text += " \\\n        " + inQuotes("*:argument:(" + joined(command.arguments, " ") + ")");
+      const std::string place = command.takes_files ? "1" : "*";
+      text +=
+          " \\\n        " + inQuotes(place + ":argument:(" + joined(command.arguments, " ") + ")");
     }
+    if (command.takes_files) text += " \\\n        '*:file:_files'";
     text += " ;;\n";
   }
   return text + "    esac ;;\nesac\n";

@@ -1,0 +1,213 @@
+// depcalc report: what an accountant needs at the year's end.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "cli/company.h"
+#include "cli/output_file.h"
+#include "reports/formats/csv.h"
+#include "reports/formats/json.h"
+#include "reports/formats/ledger.h"
+#include "reports/formats/text.h"
+#include "reports/journal.h"
+#include "reports/reading/register_reading.h"
+#include "reports/rollforward.h"
+#include "reports/schedule.h"
+#include "reports/years.h"
+#include "values/printable_text.h"
+
+namespace depcalc {
+namespace {
+
+/// A kind of report, and which of the options that not all kinds have go with it.
+struct Kind {
+  std::string_view name;
+  std::vector<std::string> options;
+};
+
+const std::vector<std::string> account_options{"--expense", "--accumulated", "--asset-account",
+                                               "--cash",    "--gain",        "--loss"};
+
+const std::array<Kind, 4>& kinds() {
+  static const std::array<Kind, 4> all{{{"schedule", {"--year", "--by"}},
+                                        {"years", {"--from", "--to", "--by"}},
+                                        {"rollforward", {"--year", "--by"}},
+                                        {"journal",
+                                         {"--year", "--by", "--expense", "--accumulated",
+                                          "--asset-account", "--cash", "--gain", "--loss"}}}};
+  return all;
+}
+
+std::vector<std::string> kindNames() {
+  std::vector<std::string> names;
+  for (const Kind& kind : kinds()) names.emplace_back(kind.name);
+  return names;
+}
+
+Grouping groupingNamed(const std::string& name) {
+  if (name == "department") return Grouping::department;
+  return name == "method" ? Grouping::method : Grouping::convention;
+}
+
+class ReportCommand final : public CompanyCommand {
+ public:
+  [[nodiscard]] std::string_view name() const override { return "report"; }
+  [[nodiscard]] std::string_view summary() const override {
+    return "Report on the assets of a company file at the year's end";
+  }
+  [[nodiscard]] std::string_view examples() const override {
+    return R"(  depcalc report schedule acme.company --year 2026 --by department
+      every asset in fiscal year 2026, with a subtotal for each department
+  depcalc report rollforward acme.company --format csv > rollforward.csv
+      cost and accumulated depreciation from opening to closing, for a spreadsheet
+  depcalc report journal acme.company --year 2026 --format ledger >> books.journal
+      the year's entries for ledger or hledger
+)";
+  }
+
+ private:
+  [[nodiscard]] bool onlyReads() const override { return true; }
+
+  void declareFirst(CLI::App& app) override {
+    app.add_option("KIND", kind_, "schedule, years, rollforward or journal")
+        ->required()
+        ->option_text(" ")
+        ->check(CLI::IsMember(kindNames()));
+  }
+
+  void declareMore(CLI::App& app) override {
+    app_ = &app;
+    addYear("--year", year_, "The fiscal year (default: that of today)");
+    addYear("--from", from_, "With years: the first fiscal year");
+    addYear("--to", to_, "With years: the last fiscal year");
+    app.add_option_function<std::string>(
+           "--by", [this](const std::string& name) { grouping_ = groupingNamed(name); },
+           "Group by department, method or convention")
+        ->check(CLI::IsMember({"department", "method", "convention"}))
+        ->option_text("GROUP");
+    app.add_option("--format", format_, "Output format: table (for reading), csv, json, or ledger")
+        ->check(CLI::IsMember({"table", "csv", "json", "ledger"}))
+        ->option_text("FORMAT");
+    app.add_option("--output", output_, "The file to write (default: standard output)")
+        ->option_text("FILE");
+    app.add_flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
+    addAccount("--expense", accounts_.expense, "depreciation expense");
+    addAccount("--accumulated", accounts_.accumulated, "accumulated depreciation");
+    addAccount("--asset-account", accounts_.asset, "the assets' cost");
+    addAccount("--cash", accounts_.cash, "proceeds of disposals");
+    addAccount("--gain", accounts_.gain, "gains on disposals");
+    addAccount("--loss", accounts_.loss, "losses on disposals");
+    app.callback([this] { refuseWhatDoesNotGoTogether(); });
+    app.footer(
+        R"(schedule     each asset in a fiscal year: accumulated before, depreciation, after, book value
+years        each asset, and what each fiscal year takes of it
+rollforward  cost and accumulated depreciation from a year's opening to its closing
+journal      the year's entries for the general ledger
+
+All amounts are as saved. Dates of disposal and units produced count.
+Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 a file cannot be read or written,
+4 it is in use.)");
+  }
+
+  void addYear(const std::string& name, std::optional<int>& year, const std::string& description) {
+    app_->add_option(name, year, description)
+        ->option_text("YYYY")
+        ->check(CLI::Validator(
+            [](const std::string& text) {
+              const bool digits = text.size() == 4 && text.front() != '0' &&
+                                  text.find_first_not_of("0123456789") == std::string::npos;
+              return digits ? "" : "\"" + text + "\" is not a fiscal year; write it as 2026";
+            },
+            ""));
+  }
+
+  void addAccount(const std::string& name, std::string& account, const std::string& what) {
+    app_->add_option(name, account, "With journal: the account of " + what + " (" + account + ")")
+        ->option_text("ACCOUNT")
+        ->check(CLI::Validator(
+            [](const std::string& text) {
+              return text.find_first_not_of(" \t\r\n;") == std::string::npos
+                         ? "an account needs a name"
+                         : "";
+            },
+            ""));
+  }
+
+  void refuseWhatDoesNotGoTogether() const {
+    const auto& all = kinds();
+    const auto kind =
+        std::find_if(all.begin(), all.end(), [&](const Kind& each) { return each.name == kind_; });
+    for (const Kind& other : all) {
+      for (const std::string& option : other.options) {
+        const bool goes =
+            std::find(kind->options.begin(), kind->options.end(), option) != kind->options.end();
+        if (goes || app_->get_option(option)->count() == 0) continue;
+        throw CLI::ValidationError(option, "does not go with " + kind_);
+      }
+    }
+    if (format_ == "ledger" && kind_ != "journal") {
+      throw CLI::ValidationError("--format", "ledger is for the journal");
+    }
+    if (from_ && to_ && *from_ > *to_) {
+      throw CLI::ValidationError("--from", "is later than --to");
+    }
+  }
+
+  ExitStatus runOn(Company& company, Surroundings& surroundings) override {
+    Output& errors = surroundings.errors;
+    if (!output_.empty() && isSameFile(path(), output_)) {
+      complain(company, "the report would replace the company file", errors);
+      return exit_usage;
+    }
+    const Report report =
+        reportOn(readRegisterOfAssets(company.file(), company.info().name, company.today(),
+                                      [](std::int32_t) { return UnitsByYear(); }));
+    const std::string content = written(report);
+    if (const std::string trouble = deliver(content, surroundings.out); !trouble.empty()) {
+      errors.write("depcalc: " + printableText(output_ + ": " + trouble) + '\n');
+      return exit_system;
+    }
+    for (const std::string& disproof : report.disproofs) complain(company, disproof, errors);
+    return report.disproofs.empty() ? exit_success : exit_system;
+  }
+
+  [[nodiscard]] Report reportOn(const RegisterOfAssets& assets) const {
+    const int year = year_.value_or(assets.years.of(assets.today));
+    if (kind_ == "years") return yearsReport(assets, rangeOfYears(assets, from_, to_), grouping_);
+    if (kind_ == "rollforward") return rollforwardReport(assets, year, grouping_);
+    if (kind_ == "journal") return journalReport(assets, year, grouping_, accounts_);
+    return scheduleReport(assets, year, grouping_);
+  }
+
+  [[nodiscard]] std::string written(const Report& report) const {
+    if (format_ == "csv") return csvReport(report, CsvFields(raw_));
+    if (format_ == "json") return jsonReport(report);
+    if (format_ == "ledger") return ledgerReport(report);
+    return textReport(report);
+  }
+
+  /// Answers why that failed.
+  [[nodiscard]] std::string deliver(const std::string& content, Output& out) const {
+    if (!output_.empty() && output_ != "-") return writeWholeFile(output_, content);
+    out.write(content);
+    return {};
+  }
+
+  CLI::App* app_ = nullptr;
+  std::string kind_;
+  std::optional<int> year_;
+  std::optional<int> from_;
+  std::optional<int> to_;
+  Grouping grouping_ = Grouping::none;
+  std::string format_ = "table";
+  std::string output_;
+  bool raw_ = false;
+  JournalAccounts accounts_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> reportCommand() { return std::make_unique<ReportCommand>(); }
+
+}  // namespace depcalc

@@ -1,0 +1,32 @@
+// A company's register as reports see it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "reports/asset.h"
+#include "reports/company_years.h"
+#include "values/date.h"
+
+namespace depcalc {
+
+struct RegisterOfAssets {
+  std::string company;  ///< its name; may be empty
+  CompanyYears years{1};
+  Date today;
+  std::vector<ReportAsset> assets;  ///< in the register's order
+
+  /// What the register's summary says: its first fiscal year and how many follow. Without assets
+  /// both are 0.
+  int start = 0;
+  int span = 0;
+};
+
+/// What the register says of itself at the top of a report: the company, what else is given, and
+/// that all amounts are as saved.
+std::string coverLine(const RegisterOfAssets& assets, const std::string& period);
+
+/// "April 1, 2025 to March 31, 2026".
+std::string periodOf(const RegisterOfAssets& assets, int year);
+
+}  // namespace depcalc
