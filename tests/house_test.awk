@@ -23,13 +23,15 @@ BEGIN {
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"
   may["windows/host"] = may["host"] " windows/com windows/registration windows/host"
-  may["windows/library"] = may["DepCalc"] " windows/com windows/registration windows/controls windows/host windows/library"
+  may["windows/typelib"] = "windows/typelib"
+  may["windows/record"] = may["engine"] " windows/typelib windows/com windows/record"
+  may["windows/library"] = may["DepCalc"] " windows/typelib windows/com windows/registration windows/controls windows/host windows/record windows/library"
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the last two.
   outside["host/sqlite"] = "."
   outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
   # Windows' own headers: in its rooms alone, and nothing else there.
-  native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi)[a-z]*[.]h$"
+  native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }
 
 function complain(what) { print FILENAME ":" FNR ": " what; wrong = 1 }

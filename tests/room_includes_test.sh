@@ -48,6 +48,7 @@ expected() {
     desktop_companies) echo "$window host_sqlite $1" ;;
     com) echo "$ground $1" ;;
     registration) echo "$1" ;;
+    record) echo "$records com $1" ;;
     native_controls) echo "$screens com $1" ;;
     host_automation) echo "$ground host com registration $1" ;;
     *) echo "a line in $0" ;;
