@@ -7,6 +7,7 @@
 #include <string>
 
 #include "DepCalc/asset_store.h"
+#include "DepCalc/units_store.h"
 #include "host/host.h"
 
 namespace depcalc {
@@ -27,6 +28,7 @@ class CompanyAssets {
   /// The store has its table's name; `open` it before saving.
   AssetStore& store() { return store_; }
   StoreState& state() { return state_; }
+  UnitsStore units() { return UnitsStore(state_.m_orvcf); }
 
   /// The register's assets, 1 to the last; the table's record 0 is not counted.
   [[nodiscard]] std::int32_t assetCount() const;

@@ -39,6 +39,7 @@ std::optional<std::string> deleteAsset(Company& company, std::int32_t number) {
     CalculateDepArray assets = allAssets(company);
     const std::int16_t index = takeOut(assets, number, company.assetCount());
     company.store().DeleteRecord(assets, index);
+    company.units().assetDeleted(number);
   });
 }
 

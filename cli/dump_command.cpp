@@ -1,9 +1,10 @@
-// depcalc dump: the assets' data table as it is.
+// depcalc dump: the data tables as they are.
 #include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 
 #include "cli/company.h"
+#include "host/units_table.h"
 #include "values/json_text.h"
 #include "values/number_text.h"
 
@@ -41,12 +42,25 @@ std::string recordText(std::int32_t index, const HostFields& fields) {
   return text + "}}";
 }
 
+void writeRecords(HostTable& table, Output& out) {
+  out.write("[");
+  const std::int32_t count = table.Count();
+  std::int32_t written = 0;
+  for (std::int32_t i = 0; written < count && i <= INT16_MAX; ++i) {
+    const auto index = static_cast<std::int16_t>(i);
+    if (!table.Exists(index)) continue;
+    out.write(written++ == 0 ? "\n" : ",\n");
+    out.write(recordText(i, table.Item(index)->Fields()));
+  }
+  out.write(written == 0 ? "]" : "\n]");
+}
+
 class DumpCommand final : public CompanyCommand {
  public:
   [[nodiscard]] std::string_view name() const override { return "dump"; }
 
   [[nodiscard]] std::string_view summary() const override {
-    return "Write a company file's asset table as JSON";
+    return "Write a company file's data tables as JSON";
   }
 
   [[nodiscard]] std::string_view examples() const override {
@@ -61,24 +75,19 @@ class DumpCommand final : public CompanyCommand {
   void declareMore(CLI::App& app) override {
     app.footer(
         R"(The types are Empty, Integer, Double, Currency (a string with four decimals), Date
-(YYYY-MM-DD) and String. Record 0 summarizes the register; the others are the assets.
+(YYYY-MM-DD) and String. Record 0 summarizes the register; the others are the assets. Under
+"units" are the units produced, by the numbers of their assets.
 Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be read,
 4 it is in use.)");
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     Output& out = surroundings.out;
-    const auto table = company.file().OpenTable(asset_table_name);
-    out.write("{\"table\":" + jsonString(asset_table_name) + ",\"records\":[");
-    const std::int32_t count = table->Count();
-    std::int32_t written = 0;
-    for (std::int32_t i = 0; written < count && i <= INT16_MAX; ++i) {
-      const auto index = static_cast<std::int16_t>(i);
-      if (!table->Exists(index)) continue;
-      out.write(written++ == 0 ? "\n" : ",\n");
-      out.write(recordText(i, table->Item(index)->Fields()));
-    }
-    out.write(written == 0 ? "]}\n" : "\n]}\n");
+    out.write("{\"table\":" + jsonString(asset_table_name) + ",\"records\":");
+    writeRecords(*company.file().OpenTable(asset_table_name), out);
+    out.write(",\"units\":");
+    writeRecords(*company.file().OpenTable(units_table_name), out);
+    out.write("}\n");
     return exit_success;
   }
 };

@@ -22,6 +22,11 @@ class ErrorReportHook {
   ErrorReportHook(const ErrorReportHook&) = delete;
   ErrorReportHook& operator=(const ErrorReportHook&) = delete;
 
+  /// For a listener that only wants to know: the hook around this one hears the report, too.
+  void passOn(const ErrorReport& report) const {
+    if (outer_ != nullptr) outer_->listener_(report);
+  }
+
  private:
   friend void ReportError(const ErrorReport& report);
 

@@ -139,6 +139,9 @@ void CompanyContents::writeTable(Database& database, StoredTable& table,
     by_id_[table.id()] = tables_.find(table.name())->second;
   }
   table.write(database, extent);
+  if (const std::int64_t form = formWith(table.name()); form > formOf(database)) {
+    setForm(database, form);
+  }
   Statement put = database.prepare(
       "INSERT OR REPLACE INTO data_table (id, name, records, tally) VALUES (?, ?, ?, ?)");
   put.bind(1, table.id()).bind(2, std::string_view(table.name())).bind(3, table.records());

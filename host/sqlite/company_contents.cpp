@@ -1,5 +1,6 @@
 #include "host/sqlite/company_contents.h"
 
+#include <algorithm>
 #include <sstream>
 #include <utility>
 
@@ -154,6 +155,12 @@ void CompanyContents::readRecords(std::vector<std::string>& problems) {
 }
 
 void CompanyContents::compareTables(std::vector<std::string>& problems) {
+  std::int64_t form = first_form;
+  for (const auto& [id, table] : by_id_) form = std::max(form, formWith(table->name()));
+  if (const std::int64_t said = formOf(open_->database); said != form) {
+    problems.push_back("the file says that its format is " + std::to_string(said) +
+                       ", but what is in it is of format " + std::to_string(form));
+  }
   for (const auto& [id, table] : by_id_) {
     const Counted& counted = counted_[id];
     if (table->records() != counted.records) {

@@ -106,18 +106,18 @@ bool beginsLikeCompanyFile(std::string_view beginning) {
          bigEndian(beginning, application_id) == company_application_id;
 }
 
-void requireCompanyHeader(const std::string& path, const std::string& vfs) {
+void requireCompanyHeader(const std::string& path, const std::string& vfs, std::int64_t newest) {
   const Header header = readHeader(path, vfs);
   if (!beginsLikeCompanyFile(textOf(header))) {
     throw FileTrouble(Kind::not_a_company_file,
                       path + " is not a company file. Create company files with depcalc.");
   }
   const std::uint32_t format = bigEndian(textOf(header), 60);
-  if (format > company_format) {
+  if (format > newest) {
     throw FileTrouble(Kind::newer, path +
                                        " was written by a newer version of the program (format " +
                                        std::to_string(format) + "; this one reads up to format " +
-                                       std::to_string(company_format) + "). Use that version.");
+                                       std::to_string(newest) + "). Use that version.");
   }
 }
 

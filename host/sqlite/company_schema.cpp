@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "host/sqlite/company_path.h"
+#include "host/units_table.h"
 
 namespace depcalc {
 namespace {
@@ -35,6 +36,9 @@ constexpr std::array<SchemaTable, 3> schema{{
 ))"},
 }};
 
+constexpr std::int64_t form_with_units = 2;
+static_assert(form_with_units <= company_format);
+
 FileTrouble unexpected(const Database& database, const std::string& what) {
   return {FileTrouble::Kind::damaged,
           database.path() + " does not have the structure of a company file: " + what +
@@ -44,9 +48,19 @@ FileTrouble unexpected(const Database& database, const std::string& what) {
 
 }  // namespace
 
+std::int64_t formWith(std::string_view table) {
+  return table == units_table_name ? form_with_units : first_form;
+}
+
+std::int64_t formOf(Database& database) { return database.integer("PRAGMA user_version"); }
+
+void setForm(Database& database, std::int64_t form) {
+  database.execute("PRAGMA user_version = " + std::to_string(form));
+}
+
 void createSchema(Database& database) {
   database.execute("PRAGMA application_id = " + std::to_string(company_application_id));
-  database.execute("PRAGMA user_version = " + std::to_string(company_format));
+  setForm(database, first_form);
   for (const SchemaTable& table : schema) database.execute(std::string(table.sql));
 }
 

@@ -21,6 +21,21 @@ std::vector<Currency> amountsOf(const AssetEntry& entry, CalculateDep& asset) {
   return straight_line;
 }
 
+/// The record of index i comes under i × `sign`.
+void addContent(HostTable& table, int sign, TableContent& content) {
+  const std::int32_t count = table.Count();
+  for (int i = 0, found = 0; found < count && i <= 32767; ++i) {
+    const auto index = static_cast<std::int16_t>(i);
+    if (!table.Exists(index)) continue;
+    ++found;
+    const auto record = table.Item(index);
+    auto& values = content[i * sign];
+    for (const std::string& name : record->Fields().names()) {
+      values[toLower(name)] = record->Fields().GetValue(name);
+    }
+  }
+}
+
 }  // namespace
 
 std::vector<HostKind> storeHostKinds() {
@@ -60,17 +75,8 @@ CalculateDepPtr newAsset(const AssetEntry& entry) {
 
 TableContent contentOf(HostCompanyFile& file) {
   TableContent content;
-  const auto table = file.OpenTable("ZEM:DepCalc");
-  const std::int32_t count = table->Count();
-  for (int i = 0; static_cast<std::int32_t>(content.size()) < count && i <= 32767; ++i) {
-    const auto index = static_cast<std::int16_t>(i);
-    if (!table->Exists(index)) continue;
-    const auto record = table->Item(index);
-    auto& values = content[i];
-    for (const std::string& name : record->Fields().names()) {
-      values[toLower(name)] = record->Fields().GetValue(name);
-    }
-  }
+  addContent(*file.OpenTable("ZEM:DepCalc"), 1, content);
+  addContent(*file.OpenTable("UnitsProduced"), -1, content);
   return content;
 }
 

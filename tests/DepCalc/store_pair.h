@@ -31,6 +31,7 @@ struct AssetEntry {
 void enter(const AssetEntry& entry, CalculateDep& asset);
 CalculateDepPtr newAsset(const AssetEntry& entry);
 
+/// The records of the assets' table; the units of asset n are under -n.
 TableContent contentOf(HostCompanyFile& file);
 /// Everything that can be seen of an asset, as text.
 std::string describe(const CalculateDepPtr& asset);

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <random>
 
+#include "host/sqlite/company_path.h"
 #include "host/sqlite/digest.h"
 #include "host/sqlite/record_text.h"
 #include "host/unit_of_work.h"
@@ -53,6 +54,55 @@ TEST_F(CompanyFile, KeepsTheCompany) {
   file->info({.name = "New", .first_month = 6, .multi_user = false});
   file->close();
   EXPECT_EQ(openOf(SqliteCompanyFile::open(path_, options()))->info().name, "New");
+}
+
+/// The form as any program reads it, from the file's head.
+int formIn(const std::string& path) { return bytesOf(path).at(63); }
+
+/// What the program before the units was would do.
+bool isNewerForFormerPrograms(const std::string& path) {
+  try {
+    requireCompanyHeader(path, "", 1);
+  } catch (const FileTrouble& trouble) {
+    EXPECT_EQ(trouble.kind(), FileTrouble::Kind::newer);
+    EXPECT_THAT(trouble.description(),
+                HasSubstr("was written by a newer version of the program (format 2; this one "
+                          "reads up to format 1). Use that version."));
+    return true;
+  }
+  return false;
+}
+
+TEST_F(CompanyFile, IsOfTheSecondFormWithItsFirstUnitsAndNotBefore) {
+  const std::string copy = directory_.path() + "/copy.company";
+  const File file = create();
+  save(file, 2);
+  UnitsStore units(file);
+  EXPECT_TRUE(units.unitsOf(2).empty());
+  units.put(2, {});
+  units.assetDeleted(3);
+  save(file, 1);
+  EXPECT_EQ(formIn(path_), 1) << "nothing was entered";
+  EXPECT_FALSE(isNewerForFormerPrograms(path_));
+  file->unitOfWork()->begin();
+  units.put(2, {{2024, 5}});
+  EXPECT_EQ(formIn(path_), 1) << "not yet";
+  file->unitOfWork()->abandon();
+  save(file, 1);
+  EXPECT_EQ(formIn(path_), 1) << "nothing was kept";
+
+  units.put(2, {{2024, 5}});
+  EXPECT_EQ(formIn(path_), 2);
+  EXPECT_TRUE(isNewerForFormerPrograms(path_));
+  EXPECT_FALSE(file->saveCopy(copy).has_value());
+  EXPECT_EQ(formIn(copy), 2) << "so is a copy";
+  units.put(2, {});
+  file->close();
+  EXPECT_EQ(formIn(path_), 2) << "once there were units, there is a table for them";
+  const File again = openOf(SqliteCompanyFile::open(path_, options()));
+  EXPECT_TRUE(UnitsStore(again).numbers().empty());
+  const File copied = openOf(SqliteCompanyFile::open(copy, options()));
+  EXPECT_EQ(UnitsStore(copied).unitsOf(2), (UnitsByYear{{2024, 5}}));
 }
 
 TEST_F(CompanyFile, BeginsItsFiscalYearOnOrBeforeToday) {
@@ -225,6 +275,7 @@ class DamagedCompanyFile : public CompanyFile {
     const File file = create();
     file->unitOfWork()->begin();
     save(file, 60, 12);
+    for (int n = 1; n <= 60; n += 2) UnitsStore(file).put(n, {{2024, 5.0 * n}, {2025, 0.25}});
     file->unitOfWork()->end();
     content_ = contentOf(*file);
     info_ = file->info();

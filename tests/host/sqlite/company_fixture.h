@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "DepCalc/asset_store.h"
+#include "DepCalc/units_store.h"
 #include "host/sqlite/company_file.h"
 #include "host/unit_of_work.h"
 #include "tests/DepCalc/store_pair.h"
@@ -100,7 +101,7 @@ class OpenStore {
   AssetStore store_{state_, [] { return Date::carrying(2024, 6, 1); }};
 };
 
-/// With twenty assets, to be harmed and put right again.
+/// With twenty assets and the units of two, to be harmed and put right again.
 class SampleCompanyFile : public CompanyFile {
  protected:
   static constexpr std::size_t page_size = 8192;
@@ -109,6 +110,8 @@ class SampleCompanyFile : public CompanyFile {
     const File file = create();
     file->unitOfWork()->begin();
     save(file, 20);
+    UnitsStore(file).put(3, {{2024, 1'200}, {2025, 0.5}});
+    UnitsStore(file).put(20, {{2026, 999'999'999'999}});
     file->unitOfWork()->end();
     content_ = contentOf(*file);
     file->close();

@@ -116,6 +116,24 @@ TEST_F(FailedChangeOf, ACompanyIsAskedAboutAgainWhereTheCopyFailsToo) {
   EXPECT_TRUE(contentOf(*file_) == before_);
 }
 
+/// The copy is made before the change that gives the file its second form is in any.
+TEST_F(FailedChangeOf, TheFirstUnitsAreWrittenIntoTheCopy) {
+  fillDisk();
+  decide_ = [this] {
+    clearDisk();
+    return GoOnWithCopy{copy_};
+  };
+  file_->unitOfWork()->begin();
+  UnitsStore(file_).put(2, {{2024, 5}});
+  file_->unitOfWork()->end();
+  EXPECT_THAT(asked_, SizeIs(1));
+  const TableContent saved = contentOf(*file_);
+  EXPECT_THAT(saved, SizeIs(before_.size() + 1));
+  file_->close();
+  EXPECT_TRUE(contentAt(copy_) == saved);
+  EXPECT_TRUE(reread() == before_) << "the first file is as it was";
+}
+
 TEST_F(FailedChangeOf, ADeletionIsWrittenIntoTheCopy) {
   fillDisk();
   decide_ = [this] {

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "DepCalc/units_following.h"
+#include "common/trapped.h"
 #include "host/unit_of_work.h"
 #include "tests/host/sqlite/company_fixture.h"
 #include "tests/host/sqlite/crashing_disk.h"
@@ -33,7 +35,7 @@ Whole wholeOf(SqliteCompanyFile& file) { return {contentOf(file), file.info()}; 
 /// The store on a file, and what was reported.
 struct Session {
   explicit Session(File opened) : file(std::move(opened)) {
-    state.m_orvcf = file;
+    state.m_orvcf = following;
     state.TableName = asset_table_name;
   }
 
@@ -61,8 +63,17 @@ struct Session {
 
   void remove(std::int16_t index) {
     const int assets = file->OpenTable(asset_table_name)->Count() - 1;
-    store.DeleteRecord(registerWithout(store, assets, index),
-                       static_cast<std::int16_t>(assets == 1 ? 1 : index - 1));
+    const auto records = registerWithout(store, assets, index);
+    following->deletion(index, [&] {
+      store.DeleteRecord(records, static_cast<std::int16_t>(assets == 1 ? 1 : index - 1));
+    });
+  }
+
+  void enterUnits(std::int32_t number, const UnitsByYear& units) {
+    HostUnitOfWork& unit = *following->unitOfWork();
+    unit.begin();
+    trapped("units", [&] { UnitsStore(following).put(number, units); });
+    trapped("units", [&] { unit.end(); });
   }
 
   void change(int first_month, bool multi_user) {
@@ -73,6 +84,7 @@ struct Session {
   }
 
   File file;
+  std::shared_ptr<UnitsFollowing> following = std::make_shared<UnitsFollowing>(file);
   StoreState state;
   AssetStore store{state, [] { return Date::carrying(2024, 6, 1); }};
 };
@@ -86,12 +98,21 @@ const std::vector<Operation>& operations() {
   static const std::vector<Operation> all{
       {"start-up", [](Session& session) { (void)session.store.open(); }},
       {"save", [](Session& session) { session.saveNew({.id = "new", .life = 12}); }},
+      {"first units",
+       [](Session& session) {
+         session.enterUnits(2, {{2024, 5}});
+       }},
+      {"more units",
+       [](Session& session) {
+         session.enterUnits(4, {{2024, 7}, {2025, 8}});
+       }},
       {"edit", [](Session& session) { session.edit(2); }},
       {"delete", [](Session& session) { session.remove(1); }},
       {"import", [](Session& session) { session.saveTogether(40); }},
       {"company info", [](Session& session) { session.change(7, false); }},
       {"mode", [](Session& session) { session.change(7, true); }},
       {"delete among many", [](Session& session) { session.remove(1); }},
+      {"no units", [](Session& session) { session.enterUnits(1, {}); }},
   };
   return all;
 }

@@ -181,8 +181,8 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
   const std::string numbers =
       "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ";
   const std::string many_tables =
-      numbers + "30000) INSERT INTO data_table SELECT i + 1, 't' || i, 1, 0 FROM n; " + numbers +
-      "30000) INSERT INTO record SELECT (i + 1) * 65536 + 32767, '{}', 0 FROM n";
+      numbers + "30000) INSERT INTO data_table SELECT i + 2, 't' || i, 1, 0 FROM n; " + numbers +
+      "30000) INSERT INTO record SELECT (i + 2) * 65536 + 32767, '{}', 0 FROM n";
   const std::string giant = "CAST(printf('%*c', 100000000, 'x') AS TEXT)";
   for (const Case& each : std::vector<Case>{
            {"blob for a record", "UPDATE record SET fields = CAST(fields AS BLOB) WHERE id % 9 = 1",
@@ -209,7 +209,7 @@ TEST_F(HostileCompanyFile, IsRefusedWhateverItsRowsHold) {
            {"lost record", "DELETE FROM record WHERE id % 65536 = 3", "records instead of"},
            {"foreign record", "UPDATE record SET id = id + 65536 * 5 WHERE id % 65536 = 3",
             "does not belong to any table"},
-           {"negative record", "UPDATE record SET id = -7 WHERE id % 65536 = 3",
+           {"negative record", "UPDATE record SET id = -7 WHERE id = 65536 + 3",
             "does not belong to any table"},
            {"text for a count", "UPDATE data_table SET records = 'many'", "instead of"},
            {"no tables", "DELETE FROM data_table", "does not belong to any table"},
@@ -255,7 +255,9 @@ TEST_F(HostileCompanyFile, IsRefusedForWhatItsHeaderSays) {
   for (const Case& each : std::vector<Case>{
            {"another application", "PRAGMA application_id = 1", "is not a company file"},
            {"no application", "PRAGMA application_id = 0", "is not a company file"},
-           {"next version", "PRAGMA user_version = 2", "newer version"},
+           {"next version", "PRAGMA user_version = 3", "newer version"},
+           {"version without units", "PRAGMA user_version = 1", "says that its format is 1"},
+           {"no version", "PRAGMA user_version = 0", "says that its format is 0"},
            {"huge version", "PRAGMA user_version = 2147483647", "newer version"},
            {"negative version", "PRAGMA user_version = -1", "newer version"},
            {"vacuumed", "VACUUM", read_truly},
@@ -436,7 +438,7 @@ TEST_F(HostileCompanyFile, TakesNothingThatItCouldNotReadAgain) {
   keep(4'190'000);
   EXPECT_THROW(keep(4'194'304), FileTrouble);
   EXPECT_THAT(file->takeTrouble()->description(), HasSubstr("cannot hold text of more than"));
-  for (int i = 2; i <= 16; ++i) file->OpenTable("table " + std::to_string(i));
+  for (int i = 3; i <= 16; ++i) file->OpenTable("table " + std::to_string(i));
   EXPECT_THROW(file->OpenTable("table 17"), RuntimeError);
   const TableContent shown = contentOf(*file);
   EXPECT_EQ(shown.at(1).at("aname").asText().size(), 4'190'000U);
