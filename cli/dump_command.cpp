@@ -5,54 +5,53 @@
 
 #include "cli/company.h"
 #include "host/units_table.h"
-#include "values/json_text.h"
+#include "values/json_writer.h"
 #include "values/number_text.h"
 
 namespace depcalc {
 namespace {
 
 /// The value in the form of its type. Money is a text, so that no reader rounds it.
-std::string contentOf(const StoredValue& value) {
+JsonWriter& writeContent(const StoredValue& value, JsonWriter& json) {
   switch (value.type()) {
     case StoredValue::Type::empty:
-      return "null";
+      return json.null();
     case StoredValue::Type::integer:
-      return std::to_string(value.get<std::int16_t>());
+      return json.number(value.get<std::int16_t>());
     case StoredValue::Type::real:
-      return shortestNumberText(value.get<double>());
+      return json.number(shortestNumberText(value.get<double>()));
     case StoredValue::Type::currency:
-      return jsonString(value.get<Currency>().toFixed4());
+      return json.money(value.get<Currency>());
     case StoredValue::Type::date:
-      return jsonString(value.get<Date>().toIsoText());
+      return json.text(value.get<Date>().toIsoText());
     case StoredValue::Type::text:
-      return jsonString(value.get<std::string>());
+      return json.text(value.get<std::string>());
   }
-  return "null";
+  return json;
 }
 
-std::string recordText(std::int32_t index, const HostFields& fields) {
-  std::string text = "{\"index\":" + std::to_string(index) + ",\"values\":{";
-  const char* separator = "";
+void writeRecord(std::int32_t index, const HostFields& fields, JsonWriter& json) {
+  json.beginObject().name("index").number(index).name("values").beginObject();
   for (const std::string& name : fields.names()) {
     const StoredValue value = fields.GetValue(name);
-    text.append(separator).append(jsonString(name)).append(":{\"type\":\"");
-    text.append(value.typeName()).append("\",\"value\":").append(contentOf(value)).append("}");
-    separator = ",";
+    json.name(name).beginObject().name("type").text(value.typeName()).name("value");
+    writeContent(value, json).endObject();
   }
-  return text + "}}";
+  json.endObject().endObject();
 }
 
-void writeRecords(HostTable& table, Output& out) {
-  out.write("[");
+void writeRecords(HostTable& table, JsonWriter& json, Output& out) {
+  json.beginArray(JsonWriter::Layout::below);
   const std::int32_t count = table.Count();
   std::int32_t written = 0;
   for (std::int32_t i = 0; written < count && i <= INT16_MAX; ++i) {
     const auto index = static_cast<std::int16_t>(i);
     if (!table.Exists(index)) continue;
-    out.write(written++ == 0 ? "\n" : ",\n");
-    out.write(recordText(i, table.Item(index)->Fields()));
+    ++written;
+    writeRecord(i, table.Item(index)->Fields(), json);
+    out.write(json.take());
   }
-  out.write(written == 0 ? "]" : "\n]");
+  json.endArray();
 }
 
 class DumpCommand final : public CompanyCommand {
@@ -83,11 +82,13 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be rea
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     Output& out = surroundings.out;
-    out.write("{\"table\":" + jsonString(asset_table_name) + ",\"records\":");
-    writeRecords(*company.file().OpenTable(asset_table_name), out);
-    out.write(",\"units\":");
-    writeRecords(*company.file().OpenTable(units_table_name), out);
-    out.write("}\n");
+    JsonWriter json;
+    json.beginObject().name("table").text(asset_table_name).name("records");
+    writeRecords(*company.file().OpenTable(asset_table_name), json, out);
+    json.name("units");
+    writeRecords(*company.file().OpenTable(units_table_name), json, out);
+    json.endObject();
+    out.write(json.take());
     return exit_success;
   }
 };

@@ -14,7 +14,7 @@
 #include "entry/field_rules.h"
 #include "values/data_text.h"
 #include "values/display_format.h"
-#include "values/json_text.h"
+#include "values/json_writer.h"
 #include "values/number_text.h"
 #include "values/printable_text.h"
 
@@ -128,17 +128,19 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be rea
 
   static void listJson(Company& company, Output& out) {
     const std::int32_t count = company.assetCount();
-    out.write("[");
+    JsonWriter json;
+    json.beginArray(JsonWriter::Layout::below);
     for (std::int32_t i = 1; i <= count; ++i) {
-      out.write(i == 1 ? "\n" : ",\n");
-      out.write("{\"n\":" + std::to_string(i));
       const auto texts = fileTexts(*company.asset(i));
+      json.beginObject().name("n").number(i);
       for (std::size_t column = 0; column < texts.size(); ++column) {
-        out.write("," + jsonString(asset_column_names[column]) + ":" + jsonString(texts[column]));
+        json.name(asset_column_names[column]).text(texts[column]);
       }
-      out.write("}");
+      json.endObject();
+      out.write(json.take());
     }
-    out.write(count == 0 ? "]\n" : "\n]\n");
+    json.endArray();
+    out.write(json.take());
   }
 
   static void listTable(Company& company, Output& out) {

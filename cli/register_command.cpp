@@ -5,7 +5,7 @@
 #include "cli/register_page.h"
 #include "cli/text_columns.h"
 #include "values/data_text.h"
-#include "values/json_text.h"
+#include "values/json_writer.h"
 #include "values/printable_text.h"
 
 namespace depcalc {
@@ -77,17 +77,16 @@ Exit status: 0 success, 1 the file is damaged or the table is incomplete, 2 wron
   static void writeJson(const RegisterPage& page, Output& out) {
     const Grid& table = page.table();
     const int rows = page.hasAssets() ? table.rows() : 0;
-    out.write("[");
+    JsonWriter json;
+    json.beginArray(JsonWriter::Layout::below);
     for (int row = 0; row < rows; ++row) {
-      out.write(row > 0 ? ",\n" : "\n");
-      out.write("{\"caption\":" + jsonString(table.text(row, 0)) + ",\"cells\":[");
-      for (int column = 1; column < table.columns(); ++column) {
-        if (column > 1) out.write(',');
-        out.write(jsonString(table.text(row, column)));
-      }
-      out.write("]}");
+      json.beginObject().name("caption").text(table.text(row, 0)).name("cells").beginArray();
+      for (int column = 1; column < table.columns(); ++column) json.text(table.text(row, column));
+      json.endArray().endObject();
+      out.write(json.take());
     }
-    out.write(rows > 0 ? "\n]\n" : "]\n");
+    json.endArray();
+    out.write(json.take());
   }
 
   /// Texts to the left, everything else to the right.

@@ -1,51 +1,50 @@
 #include <string>
-#include <utility>
 
 #include "cli/schedule_writer.h"
-#include "values/json_text.h"
+#include "values/json_writer.h"
 
 namespace depcalc {
 namespace {
 
-class JsonWriter final : public ScheduleWriter {
+class ScheduleJson final : public ScheduleWriter {
  public:
-  explicit JsonWriter(Output& out) : out_(out) {}
+  explicit ScheduleJson(Output& out) : out_(out) {}
 
-  void begin() override { out_.write("["); }
+  void begin() override { json_.beginArray(JsonWriter::Layout::below); }
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
-    id_ = jsonString(asset.AssetID());
     for (const ScheduledMethod& scheduled : scheduled_methods) {
       int year = schedules.first_fiscal_year;
       for (const Currency amount : schedules.*scheduled.amounts) {
-        writeRow(scheduled.method.code, std::to_string(year++), amount);
+        beginRow(asset, scheduled.method.code).number(year++);
+        endRow(amount);
       }
     }
-    writeRow(method_units_of_production, "null", schedules.rate);
+    beginRow(asset, method_units_of_production).null();
+    endRow(schedules.rate);
+    out_.write(json_.take());
   }
 
-  void end() override { out_.write(any_row_ ? "\n]\n" : "]\n"); }
+  void end() override {
+    json_.endArray();
+    out_.write(json_.take());
+  }
 
  private:
-  void writeRow(std::string_view method, std::string_view year, Currency amount) {
-    out_.write(std::exchange(any_row_, true) ? ",\n" : "\n");
-    row_.assign("{\"id\":").append(id_);
-    row_.append(",\"method\":\"").append(method);
-    row_.append("\",\"fiscal_year\":").append(year);
-    row_.append(",\"amount\":\"").append(amount.toFixed4()).append("\"}");
-    out_.write(row_);
+  JsonWriter& beginRow(const CalculateDep& asset, std::string_view method) {
+    json_.beginObject().name("id").text(asset.AssetID());
+    return json_.name("method").text(method).name("fiscal_year");
   }
+  void endRow(Currency amount) { json_.name("amount").money(amount).endObject(); }
 
   Output& out_;
-  bool any_row_ = false;
-  std::string id_;
-  std::string row_;
+  JsonWriter json_;
 };
 
 }  // namespace
 
 std::unique_ptr<ScheduleWriter> jsonWriter(Output& out) {
-  return std::make_unique<JsonWriter>(out);
+  return std::make_unique<ScheduleJson>(out);
 }
 
 }  // namespace depcalc

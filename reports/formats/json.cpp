@@ -1,48 +1,44 @@
 #include "reports/formats/json.h"
 
-#include "values/json_text.h"
+#include "values/json_writer.h"
 
 namespace depcalc {
 namespace {
 
-void appendValue(std::string& out, ColumnKind kind, const Cell& cell) {
+void writeValue(JsonWriter& json, ColumnKind kind, const Cell& cell) {
   if (kind != ColumnKind::whole) {
-    appendJsonString(out, dataText(cell));
+    json.text(dataText(cell));
+  } else if (cell == Cell()) {
+    json.null();
   } else {
-    out += cell == Cell() ? "null" : dataText(cell);
+    json.number(dataText(cell));
   }
 }
 
-void appendRow(std::string& out, const Table& table, std::span<const Cell> cells, bool is_total) {
-  out += "{";
+void writeRow(JsonWriter& json, const Table& table, std::span<const Cell> cells, bool is_total) {
+  json.beginObject();
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (i > 0) out += ',';
-    appendJsonString(out, table.columns()[i].name);
-    out += ':';
+    const Column& column = table.columns()[i];
+    json.name(column.name);
     if (is_total && i == 0) {
-      out += "\"total\"";
+      json.text("total");
     } else {
-      appendValue(out, is_total && cells[i] == Cell() ? ColumnKind::text : table.columns()[i].kind,
-                  cells[i]);
+      writeValue(json, is_total && cells[i] == Cell() ? ColumnKind::text : column.kind, cells[i]);
     }
   }
-  out += '}';
+  json.endObject();
 }
 
 }  // namespace
 
 std::string jsonReport(const Report& report) {
   const Table& table = report.tables[report.data_table];
-  std::string out = "[";
-  for (std::size_t i = 0; i < table.rowCount(); ++i) {
-    out += i == 0 ? "\n" : ",\n";
-    appendRow(out, table, table.row(i), false);
-  }
-  if (!table.total().empty()) {
-    out += table.rowCount() == 0 ? "\n" : ",\n";
-    appendRow(out, table, table.total(), true);
-  }
-  return out += out.size() == 1 ? "]\n" : "\n]\n";
+  JsonWriter json;
+  json.beginArray(JsonWriter::Layout::below);
+  for (std::size_t i = 0; i < table.rowCount(); ++i) writeRow(json, table, table.row(i), false);
+  if (!table.total().empty()) writeRow(json, table, table.total(), true);
+  json.endArray();
+  return std::string(json.take());
 }
 
 }  // namespace depcalc

@@ -6,6 +6,7 @@
 #include "engine/calculate_dep.h"
 #include "values/currency.h"
 #include "values/date.h"
+#include "values/json_writer.h"
 #include "values/stored_value.h"
 
 using namespace depcalc;
@@ -59,5 +60,12 @@ using namespace depcalc;
   value = 1.0;
 #elif CASE == 16
   value = StoredValue::currency(1.0);
+#endif
+}
+
+[[maybe_unused]] static void json(JsonWriter& writer, const std::string& name) {
+  writer.name("plain").name(name);
+#if CASE == 17
+  writer.name("a \"quoted\" name");
 #endif
 }

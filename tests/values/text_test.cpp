@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "values/html_text.h"
 #include "values/json_text.h"
 
@@ -43,16 +46,19 @@ TEST(Text, TrimsBlanksAtTheEnds) {
 }
 
 TEST(JsonText, EscapesWhatJsonCannotHold) {
-  EXPECT_EQ(jsonString("plain \xC3\xA9"), "\"plain \xC3\xA9\"");
-  EXPECT_EQ(jsonString("a\"b\\c\nd\te"), "\"a\\\"b\\\\c\\nd\\u0009e\"");
-  EXPECT_EQ(jsonString(std::string("\0", 1)), "\"\\u0000\"");
-  EXPECT_EQ(jsonString(""), "\"\"");
-}
-
-TEST(HtmlText, WritesWhatWouldBeMarkup) {
-  EXPECT_EQ(htmlText("plain \xC3\xA9 'x'"), "plain \xC3\xA9 'x'");
-  EXPECT_EQ(htmlText("<b title=\"a\">&amp;"), "&lt;b title=&quot;a&quot;&gt;&amp;amp;");
-  EXPECT_EQ(htmlText(""), "");
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"plain \xC3\xA9", "\"plain \xC3\xA9\""},
+      {"a\"b\\c\nd\te", "\"a\\\"b\\\\c\\nd\\u0009e\""},
+      {std::string("\0", 1), "\"\\u0000\""},
+      {"", "\"\""},
+  };
+  for (const auto& [text, json] : cases) {
+    std::string appended;
+    appendJsonString(appended, text);
+    EXPECT_EQ(appended, json);
+    std::vector<char> room(jsonStringRoom(text));
+    EXPECT_EQ(std::string(room.data(), writeJsonString(text, room.data())), json);
+  }
 }
 
 }  // namespace
