@@ -88,14 +88,14 @@ class RandomSteps {
   void reopen() {
     pair_.host->close();
     pair_.host->reopen();
-    pair_.state.m_orvcf = failingCompanyFile(pair_.host->file(), pair_.plan);
+    pair_.state.m_orvcf = pair_.host->failingFile(pair_.plan);
     pair_.openBoth();
   }
 
   void moveFiscalYear() {
     const Date first = Date::carrying(2024, 1 + pick(6), 1);
     pair_.host->fiscalYearStart(first);
-    pair_.state.m_orvcf = failingCompanyFile(pair_.host->file(), pair_.plan);
+    pair_.state.m_orvcf = pair_.host->failingFile(pair_.plan);
     pair_.literal.fiscal_year_start = pair_.host->file()->FiscalYearStart();
     pair_.both([](auto& side, auto& members) {
       side.ReadTableInfo(members.StartYr, members.NumYrs, members.NumAssets, members.FYEnd);
@@ -232,14 +232,21 @@ void fill(StorePair& pair, bool fresh_store) {
   pair.saveNew({.id = "B", .life = 2, .convention = "1", .method = "SYD"});
   pair.saveNew({.id = "C", .life = 1, .start = Date::carrying(2023, 7, 1)});
   if (!fresh_store) return;
-  pair.state.m_orvcf = failingCompanyFile(pair.host->file(), pair.plan);
+  pair.state.m_orvcf = pair.host->failingFile(pair.plan);
 }
 
 void expectReportsAsDefined(const std::vector<std::string>& reports) {
+  using testing::AnyOf;
+  using testing::EndsWith;
+  using testing::StartsWith;
   for (const std::string& report : reports) {
-    EXPECT_THAT(report, testing::MatchesRegex("DepCalc::(ReadTableInfo|WriteTableInfo|ReadData|"
-                                              "WriteData|DeleteRecord|DepCalcContSaveRecord) "
-                                              "Error#(57: Device I/O error|13: Type mismatch)"));
+    EXPECT_THAT(
+        report,
+        AnyOf(StartsWith("DepCalc::ReadTableInfo "), StartsWith("DepCalc::WriteTableInfo "),
+              StartsWith("DepCalc::ReadData "), StartsWith("DepCalc::WriteData "),
+              StartsWith("DepCalc::DeleteRecord "), StartsWith("DepCalc::DepCalcContSaveRecord ")));
+    EXPECT_THAT(report, AnyOf(EndsWith(" Error#57: Device I/O error"),
+                              EndsWith(" Error#13: Type mismatch")));
   }
 }
 
@@ -269,7 +276,7 @@ void failEveryCall(const HostKind& kind, FailurePlan::Counts counts, bool compar
       if (n % 3 == 0) {
         pair.host->close();
         pair.host->reopen();
-        pair.state.m_orvcf = failingCompanyFile(pair.host->file(), pair.plan);
+        pair.state.m_orvcf = pair.host->failingFile(pair.plan);
       }
       pair.adopt();
       pair.saveNew({.id = "after", .life = 2});

@@ -112,7 +112,7 @@ StorePair::StorePair(const HostKind& kind, Date today, Date fiscal_year_start)
     : host(kind.make(fiscal_year_start)), store(state, [this] { return literal.today; }) {
   literal.today = today;
   literal.fiscal_year_start = host->file()->FiscalYearStart();
-  state.m_orvcf = failingCompanyFile(host->file(), plan);
+  state.m_orvcf = host->failingFile(plan);
 }
 
 void StorePair::openBoth() {

@@ -42,11 +42,12 @@ case $action in
       sleep 0.1
     done
     export DISPLAY=":$(<"$session/display")"
-    "$wine" wineboot -i >"$session/boot.log" 2>&1
-    # Starting the first program takes a second, every other one a twentieth: this one waits for a
-    # line that nobody writes.
+    # Starting the first program takes seconds, every other one a twentieth: this one waits for a
+    # line that nobody writes. It makes the prefix; were that done before, Wine would end its
+    # services in between, and one that ends late is in the way of its successor.
     mkfifo "$session/nothing"
     "$wine" cmd <>"$session/nothing" >"$session/waiting.log" 2>&1 &
+    "$wine" cmd /c exit >"$session/boot.log" 2>&1
     ;;
   run)
     DISPLAY=":$(<"$session/display")" exec "$wine" "$@"

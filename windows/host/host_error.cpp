@@ -26,8 +26,10 @@ std::string takeText(BSTR& text) {
   return taken;
 }
 
+/// An exception that names no error is one all the same.
 int exceptionNumber(const EXCEPINFO& exception) {
-  return exception.wCode != 0 ? exception.wCode : errorOfHresult(exception.scode);
+  if (exception.wCode != 0) return exception.wCode;
+  return errorOfHresult(FAILED(exception.scode) ? exception.scode : E_FAIL);
 }
 
 }  // namespace

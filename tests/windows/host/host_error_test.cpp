@@ -33,6 +33,13 @@ TEST(HostError, LetsTheExceptionBeFilledInLate) {
   EXPECT_EQ(error.description(), "Filled in late");
 }
 
+TEST(HostError, IsAnErrorWhereTheExceptionNamesNone) {
+  EXCEPINFO exception{};
+  const RuntimeError error = hostError(DISP_E_EXCEPTION, exception);
+  EXPECT_EQ(error.number(), E_FAIL);
+  EXPECT_FALSE(error.description().empty());
+}
+
 TEST(HostError, TakesTheHresultWhereThereIsNoException) {
   EXCEPINFO exception{};
   EXPECT_EQ(hostError(DISP_E_TYPEMISMATCH, exception).number(), 13);
