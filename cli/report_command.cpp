@@ -6,12 +6,19 @@
 
 #include "cli/company.h"
 #include "cli/output_file.h"
+#include "cli/print_module.h"
+#include "cli/register_page.h"
+#include "register/print_pages.h"
+#include "reports/asset_card.h"
 #include "reports/formats/csv.h"
+#include "reports/formats/html.h"
 #include "reports/formats/json.h"
 #include "reports/formats/ledger.h"
 #include "reports/formats/text.h"
+#include "reports/formats/xlsx/xlsx.h"
 #include "reports/journal.h"
 #include "reports/reading/register_reading.h"
+#include "reports/register_check.h"
 #include "reports/rollforward.h"
 #include "reports/schedule.h"
 #include "reports/years.h"
@@ -26,16 +33,15 @@ struct Kind {
   std::vector<std::string> options;
 };
 
-const std::vector<std::string> account_options{"--expense", "--accumulated", "--asset-account",
-                                               "--cash",    "--gain",        "--loss"};
-
-const std::array<Kind, 4>& kinds() {
-  static const std::array<Kind, 4> all{{{"schedule", {"--year", "--by"}},
+const std::array<Kind, 6>& kinds() {
+  static const std::array<Kind, 6> all{{{"schedule", {"--year", "--by"}},
                                         {"years", {"--from", "--to", "--by"}},
                                         {"rollforward", {"--year", "--by"}},
                                         {"journal",
                                          {"--year", "--by", "--expense", "--accumulated",
-                                          "--asset-account", "--cash", "--gain", "--loss"}}}};
+                                          "--asset-account", "--cash", "--gain", "--loss"}},
+                                        {"asset", {"--asset"}},
+                                        {"check", {}}}};
   return all;
 }
 
@@ -70,7 +76,7 @@ class ReportCommand final : public CompanyCommand {
   [[nodiscard]] bool onlyReads() const override { return true; }
 
   void declareFirst(CLI::App& app) override {
-    app.add_option("KIND", kind_, "schedule, years, rollforward or journal")
+    app.add_option("KIND", kind_, "schedule, years, rollforward, journal, asset or check")
         ->required()
         ->option_text(" ")
         ->check(CLI::IsMember(kindNames()));
@@ -86,8 +92,10 @@ class ReportCommand final : public CompanyCommand {
            "Group by department, method or convention")
         ->check(CLI::IsMember({"department", "method", "convention"}))
         ->option_text("GROUP");
-    app.add_option("--format", format_, "Output format: table (for reading), csv, json, or ledger")
-        ->check(CLI::IsMember({"table", "csv", "json", "ledger"}))
+    addAssetOption(app);
+    app.add_option("--format", format_,
+                   "Output format: table (for reading), csv, json, html, xlsx, or ledger")
+        ->check(CLI::IsMember({"table", "csv", "json", "html", "xlsx", "ledger"}))
         ->option_text("FORMAT");
     app.add_option("--output", output_, "The file to write (default: standard output)")
         ->option_text("FILE");
@@ -104,10 +112,18 @@ class ReportCommand final : public CompanyCommand {
 years        each asset, and what each fiscal year takes of it
 rollforward  cost and accumulated depreciation from a year's opening to its closing
 journal      the year's entries for the general ledger
+asset        one asset: its fields, its disposal, its schedule, the methods side by side
+check        what to look at before the reports go out
 
 All amounts are as saved. Dates of disposal and units produced count.
-Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 a file cannot be read or written,
-4 it is in use.)");
+Exit status: 0 success, 1 the check found an error, there is no such asset or the file is damaged,
+2 wrong usage, 3 a file cannot be read or written, 4 it is in use.)");
+  }
+
+  void addAssetOption(CLI::App& app) {
+    app.add_option("--asset", asset_, "With asset: its number, as `depcalc list` shows it")
+        ->option_text("N")
+        ->check(CLI::Range(1, INT16_MAX));
   }
 
   void addYear(const std::string& name, std::optional<int>& year, const std::string& description) {
@@ -146,6 +162,9 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 a file cannot be
         throw CLI::ValidationError(option, "does not go with " + kind_);
       }
     }
+    if (kind_ == "asset" && asset_ == 0) {
+      throw CLI::ValidationError("--asset", "is needed: the number of the asset");
+    }
     if (format_ == "ledger" && kind_ != "journal") {
       throw CLI::ValidationError("--format", "ledger is for the journal");
     }
@@ -160,38 +179,78 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 a file cannot be
       complain(company, "the report would replace the company file", errors);
       return exit_usage;
     }
-    const Report report =
-        reportOn(readRegisterOfAssets(company.file(), company.info().name, company.today(),
-                                      [](std::int32_t) { return UnitsByYear(); }));
-    const std::string content = written(report);
-    if (const std::string trouble = deliver(content, surroundings.out); !trouble.empty()) {
-      errors.write("depcalc: " + printableText(output_ + ": " + trouble) + '\n');
-      return exit_system;
+    if (format_ == "xlsx" && toStandardOutput() && surroundings.out.isTerminal()) {
+      complain(company, "a workbook is nothing to read here; name a file with --output", errors);
+      return exit_usage;
     }
-    for (const std::string& disproof : report.disproofs) complain(company, disproof, errors);
-    return report.disproofs.empty() ? exit_success : exit_system;
+    const auto report = reportOn(company);
+    if (!report) {
+      complain(company,
+               "There is no asset " + std::to_string(asset_) + "; the register holds " +
+                   std::to_string(company.assetCount()) + ".",
+               errors);
+      return exit_bad_data;
+    }
+    return deliver(company, *report, surroundings);
   }
 
-  [[nodiscard]] Report reportOn(const RegisterOfAssets& assets) const {
+  [[nodiscard]] std::optional<Report> reportOn(Company& company) {
+    RegisterOfAssets assets =
+        readRegisterOfAssets(company.state().m_orvcf, company.info().name, company.today());
     const int year = year_.value_or(assets.years.of(assets.today));
     if (kind_ == "years") return yearsReport(assets, rangeOfYears(assets, from_, to_), grouping_);
     if (kind_ == "rollforward") return rollforwardReport(assets, year, grouping_);
     if (kind_ == "journal") return journalReport(assets, year, grouping_, accounts_);
+    if (kind_ == "asset") return assetReport(assets, asset_);
+    if (kind_ == "check") return check(company, std::move(assets));
     return scheduleReport(assets, year, grouping_);
   }
 
-  [[nodiscard]] std::string written(const Report& report) const {
-    if (format_ == "csv") return csvReport(report, CsvFields(raw_));
-    if (format_ == "json") return jsonReport(report);
-    if (format_ == "ledger") return ledgerReport(report);
-    return textReport(report);
+  Report check(Company& company, RegisterOfAssets assets) {
+    assets.assets_not_printed = assetsNotPrinted(company);
+    CheckedRegister checked = checkReport(assets);
+    has_errors_ = checked.has_errors;
+    return std::move(checked.report);
   }
 
-  /// Answers why that failed.
-  [[nodiscard]] std::string deliver(const std::string& content, Output& out) const {
-    if (!output_.empty() && output_ != "-") return writeWholeFile(output_, content);
-    out.write(content);
-    return {};
+  /// None where printing is not installed: nothing is left out of what cannot be printed.
+  static std::size_t assetsNotPrinted(Company& company) {
+    const RegisterPage page(company);
+    std::string trouble;
+    const auto printer = loadPdfPrinter({desktop::PaperSize::a4, false}, schedule_heading, trouble);
+    if (!page.hasAssets() || printer == nullptr) return 0;
+    return static_cast<std::size_t>(page.assetsLeftOut(*printer));
+  }
+
+  [[nodiscard]] bool toStandardOutput() const { return output_.empty() || output_ == "-"; }
+
+  ExitStatus deliver(const Company& company, const Report& report, Surroundings& surroundings) {
+    std::string trouble;
+    const std::string content = written(report, trouble);
+    if (trouble.empty() && toStandardOutput()) {
+      surroundings.out.write(content);
+    } else if (trouble.empty()) {
+      trouble = writeWholeFile(output_, content);
+    }
+    if (!trouble.empty()) {
+      const std::string what = output_.empty() ? "the report" : output_;
+      surroundings.errors.write("depcalc: " + printableText(what + ": " + trouble) + '\n');
+      return exit_system;
+    }
+    for (const std::string& disproof : report.disproofs) {
+      complain(company, disproof, surroundings.errors);
+    }
+    if (!report.disproofs.empty()) return exit_system;
+    return has_errors_ ? exit_bad_data : exit_success;
+  }
+
+  [[nodiscard]] std::string written(const Report& report, std::string& trouble) const {
+    if (format_ == "csv") return csvReport(report, CsvFields(raw_));
+    if (format_ == "json") return jsonReport(report);
+    if (format_ == "html") return htmlReport(report);
+    if (format_ == "xlsx") return xlsxReport(report, trouble);
+    if (format_ == "ledger") return ledgerReport(report);
+    return textReport(report);
   }
 
   CLI::App* app_ = nullptr;
@@ -200,10 +259,12 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 a file cannot be
   std::optional<int> from_;
   std::optional<int> to_;
   Grouping grouping_ = Grouping::none;
+  std::int32_t asset_ = 0;
   std::string format_ = "table";
   std::string output_;
   bool raw_ = false;
   JournalAccounts accounts_;
+  bool has_errors_ = false;
 };
 
 }  // namespace

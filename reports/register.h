@@ -1,6 +1,8 @@
 // A company's register as reports see it.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,11 @@ struct RegisterOfAssets {
   /// both are 0.
   int start = 0;
   int span = 0;
+
+  /// The numbers under which units were entered for an asset that is not the one there now.
+  std::vector<std::int32_t> units_not_known;
+  /// How many of the last assets the register's printed pages leave out, on A4, upright.
+  std::size_t assets_not_printed = 0;
 };
 
 /// What the register says of itself at the top of a report: the company, what else is given, and

@@ -16,9 +16,10 @@ BEGIN {
   may["DepCalc"] = may["engine"] " controls host entry compare register help DepCalc"
   may["reports"] = may["engine"] " reports"
   may["reports/formats"] = may["reports"] " reports/formats"
+  may["reports/formats/xlsx"] = may["reports"] " reports/formats/xlsx"
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["desktop"] = may["DepCalc"] " host/memory host/sqlite desktop"
-  may["cli"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/reading desktop cli"
+  may["cli"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/reading desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"
@@ -27,9 +28,9 @@ BEGIN {
   may["windows/record"] = may["engine"] " windows/typelib windows/com windows/record"
   may["windows/library"] = may["DepCalc"] " windows/typelib windows/com windows/registration windows/controls windows/host windows/record windows/library"
   # Headers that the standard library does not have: the operating system's and a database in one
-  # room, anything but that database in the last two.
+  # room, anything but that database in the others.
   outside["host/sqlite"] = "."
-  outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
+  outside["reports/formats/xlsx"] = outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }

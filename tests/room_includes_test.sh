@@ -39,9 +39,10 @@ expected() {
     recalculation) echo "$store field_rules $1" ;;
     reports) echo "$records $1" ;;
     report_formats) echo "$records reports $1" ;;
+    report_xlsx) echo "$records reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
     print_module) echo "$screens $1" ;;
-    cli) echo "$store recalculation reports reports_reading report_formats cli controls field_rules host_sqlite print_module register register_events" ;;
+    cli) echo "$store recalculation reports reports_reading report_formats report_xlsx cli controls field_rules host_sqlite print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;

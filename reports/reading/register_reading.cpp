@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <optional>
 #include <utility>
 
 #include "DepCalc/asset_store.h"
 #include "DepCalc/saved_types.h"
+#include "DepCalc/units_store.h"
 #include "engine/first_fiscal_year.h"
 #include "engine/method.h"
 #include "values/number_text.h"
@@ -72,8 +74,7 @@ std::size_t amountsToRead(const SavedAsset& asset) {
                         firstFiscalYear(asset.placed_in_service, asset.fiscal_year_end));
 }
 
-SavedAsset readAsset(HostRecord& record, std::int16_t number, Date today,
-                     const UnitsOfAsset& units) {
+SavedAsset readAsset(HostRecord& record, std::int16_t number, Date today) {
   const SavedValues values(record, today);
   SavedAsset asset{.number = number,
                    .id = values.text("AID"),
@@ -101,8 +102,22 @@ SavedAsset readAsset(HostRecord& record, std::int16_t number, Date today,
   asset.fiscal_year_end = values.date("FYEnd");
   asset.method = values.text("DMethod");
   asset.amounts = readAmounts(values, amountsToRead(asset));
-  if (countsAsUnitsOfProduction(asset.method)) asset.units = units(number);
   return asset;
+}
+
+/// The units of each asset that is known again; the numbers of the others go into `assets`.
+std::map<std::int32_t, UnitsByYear> readUnits(const UnitsStore& store, RegisterOfAssets& assets) {
+  std::map<std::int32_t, UnitsByYear> units;
+  for (const std::int32_t number : store.numbers()) {
+    std::optional<UnitsEntry> entry = store.entry(number);
+    if (!entry) continue;
+    if (entry->known) {
+      units[number] = std::move(entry->units);
+    } else {
+      assets.units_not_known.push_back(number);
+    }
+  }
+  return units;
 }
 
 void readSummary(HostTable& table, Date today, RegisterOfAssets& assets) {
@@ -118,13 +133,14 @@ void readSummary(HostTable& table, Date today, RegisterOfAssets& assets) {
 
 }  // namespace
 
-RegisterOfAssets readRegisterOfAssets(HostCompanyFile& file, std::string company, Date today,
-                                      const UnitsOfAsset& units) {
+RegisterOfAssets readRegisterOfAssets(const std::shared_ptr<HostCompanyFile>& file,
+                                      std::string company, Date today) {
   RegisterOfAssets assets;
   assets.company = std::move(company);
-  assets.years = CompanyYears(file.FiscalYearStart().month());
+  assets.years = CompanyYears(file->FiscalYearStart().month());
   assets.today = today;
-  const auto table = file.OpenTable(asset_table_name);
+  const auto table = file->OpenTable(asset_table_name);
+  auto units = readUnits(UnitsStore(file), assets);
   const std::int32_t count = std::min<std::int32_t>(table->Count(), INT16_MAX + 1);
   if (count < 2) return assets;
   readSummary(*table, today, assets);
@@ -132,7 +148,9 @@ RegisterOfAssets readRegisterOfAssets(HostCompanyFile& file, std::string company
   for (std::int32_t i = 1; i < count; ++i) {
     const auto index = static_cast<std::int16_t>(i);
     if (!table->Exists(index)) continue;
-    assets.assets.emplace_back(readAsset(*table->Item(index), index, today, units));
+    SavedAsset asset = readAsset(*table->Item(index), index, today);
+    if (const auto own = units.find(i); own != units.end()) asset.units = std::move(own->second);
+    assets.assets.emplace_back(std::move(asset));
   }
   return assets;
 }

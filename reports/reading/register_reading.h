@@ -1,7 +1,7 @@
 // A company's register read for its reports, value by value, from any host.
 #pragma once
 
-#include <functional>
+#include <memory>
 #include <string>
 
 #include "host/host.h"
@@ -9,14 +9,11 @@
 
 namespace depcalc {
 
-/// The units produced of asset `number`, by fiscal year.
-using UnitsOfAsset = std::function<UnitsByYear(std::int32_t number)>;
-
 /// What the records of the open company file hold, as saved. A value that is missing or cannot be
 /// read as its kind is taken as empty or 0, and the asset's `unreadable` says so; so an asset that
 /// the calculator would read only up to there is read whole. An error of the host reaches the
 /// caller, and so does memory that runs out.
-RegisterOfAssets readRegisterOfAssets(HostCompanyFile& file, std::string company, Date today,
-                                      const UnitsOfAsset& units);
+RegisterOfAssets readRegisterOfAssets(const std::shared_ptr<HostCompanyFile>& file,
+                                      std::string company, Date today);
 
 }  // namespace depcalc

@@ -60,7 +60,7 @@ for shell in bash fish zsh; do
   expect $shell 'depcalc import --separator ' comma semicolon tab
   expect $shell 'depcalc completion ' bash zsh fish
   expect $shell 'depcalc list book' books.company
-  expect $shell 'depcalc report ' schedule years rollforward journal
+  expect $shell 'depcalc report ' schedule years rollforward journal asset check
   expect $shell 'depcalc report years book' books.company
   expect $shell 'depcalc report --by ' department method convention
 done

@@ -1,0 +1,5 @@
+#pragma GCC system_header
+#ifndef DEPCALC_LINKS_XLSXWRITER
+#error "This room does not link libxlsxwriter."
+#endif
+#include_next <xlsxwriter.h>
