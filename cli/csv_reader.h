@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "cli/byte_source.h"
-#include "cli/utf8_check.h"
+#include "values/utf8.h"
 
 namespace depcalc {
 

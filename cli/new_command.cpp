@@ -9,10 +9,10 @@
 #include "cli/command.h"
 #include "cli/company.h"
 #include "cli/options.h"
-#include "cli/utf8_check.h"
 #include "host/sqlite/company_file.h"
 #include "values/en_us.h"
 #include "values/text.h"
+#include "values/utf8.h"
 
 namespace depcalc {
 namespace {

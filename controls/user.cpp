@@ -5,26 +5,10 @@
 
 #include "controls/option_button.h"
 #include "values/text.h"
+#include "values/utf8.h"
 
 namespace depcalc {
 namespace {
-
-char32_t decoded(std::string_view character) {
-  if (character.size() == 1) return static_cast<unsigned char>(character[0]);
-  char32_t code = static_cast<unsigned char>(character[0]) & (0x7FU >> character.size());
-  for (const char byte : character.substr(1)) {
-    code = code << 6 | (static_cast<unsigned char>(byte) & 0x3FU);
-  }
-  return code;
-}
-
-std::string encoded(char32_t code) {
-  const auto tail = [code](int shift) { return static_cast<char>(0x80 | (code >> shift & 0x3F)); };
-  if (code < 0x80) return {static_cast<char>(code)};
-  if (code < 0x800) return {static_cast<char>(0xC0 | code >> 6), tail(0)};
-  if (code < 0x10000) return {static_cast<char>(0xE0 | code >> 12), tail(6), tail(0)};
-  return {static_cast<char>(0xF0 | code >> 18), tail(12), tail(6), tail(0)};
-}
 
 std::string withoutLast(const std::string& text) {
   const std::size_t count = characterCount(text);
@@ -72,15 +56,15 @@ void User::typeKey(char32_t key) {
   if (key == backspace) {
     edit(*box, withoutLast(box->text()));
   } else if (key >= 32) {
-    edit(*box, box->text() + encoded(key));
+    edit(*box, box->text() + encodedUtf8(key));
   }
 }
 
 void User::type(std::string_view text) {
   while (!text.empty()) {
-    const std::string_view character = firstCharacters(text, 1);
-    typeKey(decoded(character));
-    text.remove_prefix(character.size());
+    const Utf8Character character = decodedFirst(text);
+    typeKey(character.code);
+    text.remove_prefix(character.length);
   }
 }
 

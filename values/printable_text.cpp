@@ -1,13 +1,14 @@
 #include "values/printable_text.h"
 
 #include "values/text.h"
+#include "values/utf8.h"
 
 namespace depcalc {
 namespace {
 
 constexpr std::size_t most_quoted_characters = 60;
 
-std::string escaped(unsigned char control) {
+std::string escaped(char32_t control) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   if (control == '\n') return "\\n";
   if (control == '\r') return "\\r";
@@ -15,23 +16,22 @@ std::string escaped(unsigned char control) {
   return {'\\', 'x', digits[control >> 4U], digits[control & 0xFU]};
 }
 
-/// Whether U+0080 to U+009F, control characters too, come first: C2 80 to C2 9F in UTF-8.
-bool beginsWithHighControl(std::string_view text) {
-  return text.size() > 1 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) < 0xA0;
+bool isControl(Utf8Character character) {
+  const char32_t code = character.code;
+  return code < 0x20 || (code >= 0x7F && code < 0xA0 && !isStrayByte(character));
 }
 
 std::string escapedControls(std::string_view text, std::string_view marked) {
   std::string out;
-  for (; !text.empty(); text.remove_prefix(1)) {
-    const bool high = beginsWithHighControl(text);
-    if (high) text.remove_prefix(1);
-    const auto byte = static_cast<unsigned char>(text.front());
-    if (high || byte < 0x20 || byte == 0x7F) {
-      out += escaped(byte);
+  while (!text.empty()) {
+    const Utf8Character character = decodedFirst(text);
+    if (isControl(character)) {
+      out += escaped(character.code);
     } else {
       if (marked.find(text.front()) != std::string_view::npos) out += '\\';
-      out += text.front();
+      out += text.substr(0, character.length);
     }
+    text.remove_prefix(character.length);
   }
   return out;
 }

@@ -2,29 +2,16 @@
 
 #include <algorithm>
 
+#include "values/utf8.h"
+
 namespace depcalc {
 namespace {
 
 char lowerCased(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
-
-std::size_t sequenceLength(char lead) {
-  const auto byte = static_cast<unsigned char>(lead);
-  if (byte >= 0xF0U && byte < 0xF8U) return 4;
-  if (byte >= 0xE0U && byte < 0xF0U) return 3;
-  if (byte >= 0xC0U && byte < 0xE0U) return 2;
-  return 1;
-}
-
 /// Where the character that starts at `at` ends.
 std::size_t nextCharacter(std::string_view text, std::size_t at) {
-  const std::size_t length = sequenceLength(text[at]);
-  if (at + length > text.size()) return at + 1;
-  for (std::size_t i = at + 1; i < at + length; ++i) {
-    if (!isContinuation(text[i])) return at + 1;
-  }
-  return at + length;
+  return at + decodedFirst(text.substr(at)).length;
 }
 
 std::size_t offsetOf(std::string_view text, std::size_t count) {
