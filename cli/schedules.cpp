@@ -17,9 +17,9 @@ void calculateSchedules(CalculateDep& asset, Schedules& schedules) {
   schedules.first_fiscal_year = firstFiscalYearEnd(asset.AssetStartDate(), asset.FYEnd()).year();
   schedules.years = static_cast<std::size_t>(fiscalYearsSpanned(asset));
   calculateAllMethods(asset, schedules);
-  show(schedules.straight_line, schedules.years);
-  show(schedules.sum_of_years_digits, schedules.years);
-  show(schedules.double_declining_balance, schedules.years);
+  for (const ScheduledMethod& scheduled : scheduled_methods) {
+    show(schedules.*scheduled.amounts, schedules.years);
+  }
 }
 
 }  // namespace depcalc

@@ -52,10 +52,10 @@ void DepCalcDisplayCtl::save() {
 void DepCalcDisplayCtl::close() {
   painted_ = false;
   RevertDepInfo();
-  for (Amounts* amounts : {&results_.straight_line, &results_.sum_of_years_digits,
-                           &results_.double_declining_balance, &prior_amounts_}) {
-    amounts->resize(2);
+  for (const ScheduledMethod& scheduled : scheduled_methods) {
+    (results_.*scheduled.amounts).resize(2);
   }
+  prior_amounts_.resize(2);
   events_.ButtonClick("Close");
 }
 

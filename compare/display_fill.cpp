@@ -13,6 +13,7 @@ namespace depcalc {
 namespace {
 
 constexpr int year_column = 0;
+constexpr int last_schedule_column = static_cast<int>(scheduled_methods.size());
 
 // Twips.
 constexpr int row_height = 360;
@@ -84,12 +85,12 @@ void DepCalcDisplayCtl::keepPrior() {
 
 void DepCalcDisplayCtl::sizeTable() {
   DisplayTable.setRows(years_ + 2);
-  DisplayTable.setColumns(4);
+  DisplayTable.setColumns(last_schedule_column + 1);
   const int total_row = years_ + 1;
   for (int row = 0; row <= total_row; ++row) {
     DisplayTable.setRowHeight(row, row_height);
     DisplayTable.setKind(row, year_column, row == 0 ? CellKind::heading : CellKind::caption);
-    for (int column = 1; column <= 3; ++column) {
+    for (int column = 1; column <= last_schedule_column; ++column) {
       DisplayTable.setKind(row, column, scheduleCell(row, total_row));
       DisplayTable.setAlignment(
           row, column, row == 0 ? CellAlignment::centerCenter : CellAlignment::rightCenter);
@@ -99,8 +100,9 @@ void DepCalcDisplayCtl::sizeTable() {
 }
 
 void DepCalcDisplayCtl::writeHeaders() {
-  for (int column = 1; column <= 3; ++column) {
-    DisplayTable.setText(0, column, methods[static_cast<std::size_t>(column) - 1].name);
+  for (int column = 1; column <= last_schedule_column; ++column) {
+    DisplayTable.setText(0, column,
+                         scheduled_methods[static_cast<std::size_t>(column) - 1].method.name);
   }
   const int first_year = firstFiscalYearStrict(record_->AssetStartDate(), record_->FYEnd());
   for (int i = 0; i < years_; ++i) {
@@ -117,9 +119,10 @@ void DepCalcDisplayCtl::DoDepCalculations() {
 
 void DepCalcDisplayCtl::DisplayCalcsinTable() {
   trapped("DepCalcDisplay::DisplayCalcsinTable", [this] {
-    showSchedule(1, results_.straight_line);
-    showSchedule(2, results_.sum_of_years_digits);
-    showSchedule(3, results_.double_declining_balance);
+    int column = year_column;
+    for (const ScheduledMethod& scheduled : scheduled_methods) {
+      showSchedule(++column, results_.*scheduled.amounts);
+    }
     UoPTable.setText(0, 1, formatRate(results_.rate));
   });
 }

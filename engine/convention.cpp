@@ -5,8 +5,8 @@
 namespace depcalc {
 namespace {
 
-constexpr std::array<std::string_view, convention_names.size()> digits{"0", "1", "2", "3", "4"};
-static_assert(convention_names.size() == cdepActualDays + 1);
+constexpr auto digits = std::to_array<std::string_view>({"0", "1", "2", "3", "4"});
+static_assert(digits.size() == convention_names.size());
 
 }  // namespace
 

@@ -53,7 +53,7 @@ void DepCalcView::SetupTable() {
   // Where the fill ends early, nothing of an earlier one may stand under other years' captions.
   table.setColumns(1);
   table.setColumns(myNumAssets + 1);
-  table.setRows(toLong32HalfEven(myNumYrs + 13));
+  table.setRows(toLong32HalfEven(myNumYrs + (first_year_row + 1)));
   table.setTopRow(0);
   table.setLeftColumn(0);
   const int last_caption = std::min(toLong32HalfEven(myNumYrs), table.rows() - 1 - first_year_row);

@@ -156,6 +156,16 @@ TEST_F(RecalculationTest, NamesAndLeavesWhatTheFormWouldRefuse) {
   }
 }
 
+TEST_F(RecalculationTest, CountsTheAssetsThatItSaves) {
+  for (const char* method : {"SL", "SYD", "DDB"}) save("A", method);
+  file_->fiscalYearStart(Date::strict(2024, 4, 1));
+  std::vector<std::size_t> counted;
+  const auto report = saveRecalculation(assets_, recalculated(assets_, FiscalYearEnds::company),
+                                        [&](std::size_t saved) { counted.push_back(saved); });
+  EXPECT_EQ(report, std::nullopt);
+  EXPECT_THAT(counted, ElementsAre(1, 2, 3));
+}
+
 TEST_F(RecalculationTest, SavesAllOrNothingWhicheverCallFails) {
   for (const char* method : {"SL", "SYD", "DDB"}) save("A", method);
   file_->fiscalYearStart(Date::strict(2024, 4, 1));

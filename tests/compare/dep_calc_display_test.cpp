@@ -109,6 +109,11 @@ TEST_F(Comparison, ShowsTheSchedulesSideBySideWithTheirTotals) {
   EXPECT_THAT(reports, IsEmpty());
 }
 
+TEST_F(Comparison, HasAColumnForEachScheduleBeforeThereIsAnAsset) {
+  EXPECT_EQ(screen.DisplayTable.columns(), 4);
+  EXPECT_EQ(screen.DisplayTable.rows(), 2);
+}
+
 TEST_F(Comparison, ShowsAsManyYearsAsTheConventionNeeds) {
   open(sample("0"));
   EXPECT_THAT(column(0),

@@ -10,6 +10,7 @@
 #include <random>
 
 #include "cli/command_line.h"
+#include "common/trapped.h"
 #include "tests/host/sqlite/company_fixture.h"
 #include "tests/support/failing_allocation.h"
 
@@ -155,8 +156,11 @@ TEST_F(OutOfMemory, ASaveThatStopsSaysSoAndHarmsNoOtherAsset) {
             reached = n == 0 || failing.reached();
           }
           told = file->takeTrouble().has_value() || told;
+          std::optional<TableContent> shown;
+          trapped("DepCalc::Shown", [&] { shown = contentOf(*file); });
           file->close();
           TableContent kept = reread();
+          EXPECT_TRUE(!shown || *shown == kept) << n << ": what is shown is what the file holds";
           if (n == 0) after = kept;
           EXPECT_TRUE(told || kept == after) << n;
           for (const int other : {1, is_new ? 2 : 3, 3}) {
