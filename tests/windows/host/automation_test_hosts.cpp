@@ -1,5 +1,5 @@
-// The hosts that the tests of every host run on here: company files in memory, and the same behind
-// automation objects.
+// The hosts that the tests of every host run on here: company files in memory behind automation
+// objects.
 #include <algorithm>
 #include <utility>
 
@@ -14,21 +14,6 @@ namespace {
 
 /// On the day on which a fiscal year begins.
 Date handedOut(Date first_day) { return currentFiscalYearStart(first_day.month(), first_day); }
-
-class MemoryTestHost final : public TestHost {
- public:
-  explicit MemoryTestHost(Date fiscal_year_start)
-      : memory_(std::make_shared<MemoryCompanyFile>(handedOut(fiscal_year_start),
-                                                    MemoryCompanyFile::Units::offered)) {}
-
-  std::shared_ptr<HostCompanyFile> file() override { return memory_; }
-  void close() override { memory_->close(); }
-  void reopen() override { memory_->reopen(); }
-  void fiscalYearStart(Date first_day) override { memory_->fiscalYearStart(handedOut(first_day)); }
-
- private:
-  std::shared_ptr<MemoryCompanyFile> memory_;
-};
 
 class InProcessHost final : public TestHost {
  public:
@@ -58,9 +43,6 @@ class InProcessHost final : public TestHost {
 
 const std::vector<HostKind>& hostKinds() {
   static const std::vector<HostKind> kinds{
-      {.name = "memory with units",
-       .make = [](Date start) { return std::make_unique<MemoryTestHost>(start); },
-       .has_units = true},
       {.name = "automation",
        .make = [](Date start) { return std::make_unique<InProcessHost>(start); },
        .keeps_bytes = false},
@@ -68,7 +50,7 @@ const std::vector<HostKind>& hostKinds() {
   return kinds;
 }
 
-std::vector<HostKind> hostKindsWithUnits() { return {hostKinds().front()}; }
+std::vector<HostKind> hostKindsWithUnits() { return {}; }
 
 std::string testNameOf(const HostKind& kind) {
   std::string name = kind.name;

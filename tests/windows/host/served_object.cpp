@@ -29,8 +29,8 @@ HRESULT throwIn(EXCEPINFO* exception, const RuntimeError& error) {
 
 LONG servedObjectCount() { return living_objects; }
 
-ServedObject::ServedObject(std::vector<ServedMember> members, const IID* source)
-    : members_(std::move(members)), source_(source) {
+ServedObject::ServedObject(std::vector<ServedMember> members, const IID* source, DISPID event)
+    : members_(std::move(members)), source_(source), event_(event) {
   InterlockedIncrement(&living_objects);
 }
 
@@ -150,7 +150,7 @@ void ServedObject::raise() {
   const auto told = sinks_;
   for (const auto& [cookie, sink] : told) {
     DISPPARAMS none{};
-    sink->Invoke(1, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
+    sink->Invoke(event_, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr,
                  nullptr);
   }
 }

@@ -29,11 +29,12 @@ struct ServedMember {
   bool is_set = false;
 };
 
-/// An object with these members and, where `source` is given, one event without arguments, number
-/// 1 of that interface.
+/// An object with these members and, where `source` is given, one event without arguments, which
+/// has the number `event` in that interface.
 class ServedObject : public IDispatch, public IConnectionPointContainer, private IConnectionPoint {
  public:
-  explicit ServedObject(std::vector<ServedMember> members, const IID* source = nullptr);
+  explicit ServedObject(std::vector<ServedMember> members, const IID* source = nullptr,
+                        DISPID event = 1);
   virtual ~ServedObject() = default;
   ServedObject(const ServedObject&) = delete;
   ServedObject& operator=(const ServedObject&) = delete;
@@ -75,6 +76,7 @@ class ServedObject : public IDispatch, public IConnectionPointContainer, private
   LONG references_ = 0;
   std::vector<ServedMember> members_;
   const IID* source_;
+  DISPID event_;
   DWORD last_cookie_ = 0;
   std::map<DWORD, Microsoft::WRL::ComPtr<IDispatch>> sinks_;
 };
