@@ -6,7 +6,6 @@
 #include "cli/register_page.h"
 #include "register/print_pages.h"
 #include "values/printable_text.h"
-#include "values/text.h"
 
 namespace depcalc {
 namespace {
@@ -54,7 +53,7 @@ Exit status: 0 success, 1 the file is damaged or not everything could be printed
       return exit_bad_data;
     }
     std::string trouble;
-    const auto printer = loadPdfPrinter(paper(), schedule_heading, trouble);
+    const auto printer = loadPdfPrinter(paperCalled(paper_, landscape_), schedule_heading, trouble);
     if (printer != nullptr) trouble = page.print(*printer);
     if (trouble.empty()) trouble = writeDocument(printer->document(), surroundings.out);
     if (!trouble.empty()) {
@@ -62,11 +61,6 @@ Exit status: 0 success, 1 the file is damaged or not everything could be printed
       return exit_system;
     }
     return tellWhatIsMissing(company, page, *printer, errors);
-  }
-
-  [[nodiscard]] desktop::PdfPaper paper() const {
-    const bool letter = equalIgnoringCase(paper_, "Letter");
-    return {letter ? desktop::PaperSize::letter : desktop::PaperSize::a4, landscape_};
   }
 
   /// Answers why that failed.

@@ -94,11 +94,15 @@ class ReportCommand final : public CompanyCommand {
         ->option_text("GROUP");
     addAssetOption(app);
     app.add_option("--format", format_,
-                   "Output format: table (for reading), csv, json, html, xlsx, or ledger")
-        ->check(CLI::IsMember({"table", "csv", "json", "html", "xlsx", "ledger"}))
+                   "Output format: table (for reading), csv, json, html, xlsx, pdf, or ledger")
+        ->check(CLI::IsMember({"table", "csv", "json", "html", "xlsx", "pdf", "ledger"}))
         ->option_text("FORMAT");
     app.add_option("--output", output_, "The file to write (default: standard output)")
         ->option_text("FILE");
+    app.add_option("--paper", paper_, "With pdf: A4 (the default) or Letter")
+        ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case))
+        ->option_text("PAPER");
+    app.add_flag("--landscape", landscape_, "With pdf: in landscape, for more columns on a page");
     app.add_flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
     addAccount("--expense", accounts_.expense, "depreciation expense");
     addAccount("--accumulated", accounts_.accumulated, "accumulated depreciation");
@@ -168,6 +172,10 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
     if (format_ == "ledger" && kind_ != "journal") {
       throw CLI::ValidationError("--format", "ledger is for the journal");
     }
+    for (const char* option : {"--paper", "--landscape"}) {
+      if (format_ == "pdf" || app_->get_option(option)->count() == 0) continue;
+      throw CLI::ValidationError(option, "is for --format pdf");
+    }
     if (from_ && to_ && *from_ > *to_) {
       throw CLI::ValidationError("--from", "is later than --to");
     }
@@ -179,8 +187,9 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
       complain(company, "the report would replace the company file", errors);
       return exit_usage;
     }
-    if (format_ == "xlsx" && toStandardOutput() && surroundings.out.isTerminal()) {
-      complain(company, "a workbook is nothing to read here; name a file with --output", errors);
+    const bool readable = format_ != "xlsx" && format_ != "pdf";
+    if (!readable && toStandardOutput() && surroundings.out.isTerminal()) {
+      complain(company, "this format is nothing to read here; name a file with --output", errors);
       return exit_usage;
     }
     const auto report = reportOn(company);
@@ -226,7 +235,7 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
 
   ExitStatus deliver(const Company& company, const Report& report, Surroundings& surroundings) {
     std::string trouble;
-    const std::string content = written(report, trouble);
+    const std::string content = written(report, company.today(), trouble);
     if (trouble.empty() && toStandardOutput()) {
       surroundings.out.write(content);
     } else if (trouble.empty()) {
@@ -244,7 +253,9 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
     return has_errors_ ? exit_bad_data : exit_success;
   }
 
-  [[nodiscard]] std::string written(const Report& report, std::string& trouble) const {
+  [[nodiscard]] std::string written(const Report& report, Date today, std::string& trouble) const {
+    const desktop::PdfPaper paper = paperCalled(paper_, landscape_);
+    if (format_ == "pdf") return pdfReport(report, paper, today, trouble);
     if (format_ == "csv") return csvReport(report, CsvFields(raw_));
     if (format_ == "json") return jsonReport(report);
     if (format_ == "html") return htmlReport(report);
@@ -262,6 +273,8 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
   std::int32_t asset_ = 0;
   std::string format_ = "table";
   std::string output_;
+  std::string paper_ = "A4";
+  bool landscape_ = false;
   bool raw_ = false;
   JournalAccounts accounts_;
   bool has_errors_ = false;

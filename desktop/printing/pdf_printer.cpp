@@ -1,65 +1,20 @@
 #include "desktop/printing/pdf_printer.h"
 
 #include <QBuffer>
-#include <QFontDatabase>
-#include <QGuiApplication>
-#include <QPdfWriter>
-#include <clocale>
 
 #include "desktop/printing/page_printer.h"
-#include "desktop/printing/twip_font.h"
+#include "desktop/printing/pdf_setup.h"
 
 namespace depcalc::desktop {
 namespace {
 
-/// What Qt has to say about the surroundings (no display, no home) matters to no document.
-void beSilent(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& /*text*/) {}
-
-/// The application that Qt's fonts need, unless there is one.
-class Application {
- public:
-  Application() {
-    if (QGuiApplication::instance() != nullptr) return;
-    former_handler_ = qInstallMessageHandler(beSilent);
-    application_ = std::make_unique<QGuiApplication>(count_, arguments_);
-    // It took the number format of the user's locale.
-    std::setlocale(LC_NUMERIC, "C");
-  }
-  ~Application() {
-    if (application_ == nullptr) return;
-    application_.reset();
-    qInstallMessageHandler(former_handler_);
-  }
-  Application(const Application&) = delete;
-  Application& operator=(const Application&) = delete;
-
- private:
-  char name_[8] = "depcalc";
-  char option_[10] = "-platform";
-  char platform_[10] = "offscreen";
-  char* arguments_[4] = {name_, option_, platform_, nullptr};
-  int count_ = 3;
-  QtMessageHandler former_handler_ = nullptr;
-  std::unique_ptr<QGuiApplication> application_;
-};
-
-QPageLayout pageLayout(PdfPaper paper) {
-  const QPageSize size(paper.size == PaperSize::letter ? QPageSize::Letter : QPageSize::A4);
-  const double margin = pdf_margin / twips_per_point;
-  return {size, paper.landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-          QMarginsF(margin, margin, margin, margin), QPageLayout::Point};
-}
-
 class BufferedPdfPrinter : public PdfPrinter {
  public:
-  BufferedPdfPrinter(std::unique_ptr<Application> application, PdfPaper paper,
+  BufferedPdfPrinter(std::unique_ptr<PrintingApplication> application, PdfPaper paper,
                      const std::string& title)
       : application_(std::move(application)) {
     buffer_.open(QIODevice::WriteOnly);
-    writer_.setResolution(1440);  // whole twips
-    writer_.setPageLayout(pageLayout(paper));
-    writer_.setTitle(QString::fromStdString(title));
-    writer_.setCreator(QStringLiteral("depcalc"));
+    setUp(writer_, paper, title);
   }
 
   void setFontSize(double points) override { pages_.setFontSize(points); }
@@ -82,7 +37,7 @@ class BufferedPdfPrinter : public PdfPrinter {
   }
 
  private:
-  std::unique_ptr<Application> application_;
+  std::unique_ptr<PrintingApplication> application_;
   QBuffer buffer_;
   QPdfWriter writer_{&buffer_};
   PagePrinter pages_{writer_};
@@ -91,8 +46,8 @@ class BufferedPdfPrinter : public PdfPrinter {
 }  // namespace
 
 std::unique_ptr<PdfPrinter> makePdfPrinter(PdfPaper paper, const std::string& title) {
-  auto application = std::make_unique<Application>();
-  if (QFontDatabase::families().isEmpty()) return nullptr;
+  auto application = std::make_unique<PrintingApplication>();
+  if (!PrintingApplication::hasFonts()) return nullptr;
   return std::make_unique<BufferedPdfPrinter>(std::move(application), paper, title);
 }
 

@@ -1,0 +1,43 @@
+// How a report's pages look on paper and in the preview.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <array>
+#include <vector>
+
+#include "reports/pages/paper.h"
+
+namespace depcalc::desktop {
+
+/// Measures texts and draws them as large as it measured them. Needs a QGuiApplication.
+class ReportPen final : public PaperMeasures {
+ public:
+  explicit ReportPen(const QFont& family);
+
+  [[nodiscard]] double width(std::string_view text, PaperFont font) const override;
+  [[nodiscard]] double lineHeight(PaperFont font) const override;
+
+  /// The painter's unit is the twip, its origin the top left corner of the area that can be printed
+  /// on. Paper is white, whatever the desktop's colours.
+  void draw(QPainter& painter, const PaperPage& page) const;
+
+ private:
+  struct Face {
+    QFont font;
+    QColor colour;
+    double ascent = 0;
+    double line_height = 0;
+    std::array<double, 128> advances{};  ///< of the letters that need no shaping
+  };
+
+  static Face face(const QFont& family, double points, bool bold, const QColor& colour);
+  [[nodiscard]] const Face& of(PaperFont font) const {
+    return faces_[static_cast<std::size_t>(font)];
+  }
+
+  std::vector<Face> faces_;
+};
+
+}  // namespace depcalc::desktop

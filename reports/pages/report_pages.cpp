@@ -1,0 +1,202 @@
+#include "reports/pages/report_pages.h"
+
+#include <algorithm>
+
+#include "reports/company_years.h"
+#include "reports/pages/broken_lines.h"
+#include "reports/pages/page_drawing.h"
+
+namespace depcalc {
+namespace {
+
+constexpr double foot_gap = 160;  // twips
+
+std::string joined(const std::vector<std::string>& parts, std::string_view between) {
+  std::string text;
+  for (const std::string& part : parts) {
+    if (!text.empty()) text += between;
+    text += part;
+  }
+  return text;
+}
+
+FlowBlock block(FlowKind kind, std::size_t lines, std::size_t table = 0, std::size_t source = 0,
+                bool glued = false) {
+  return {kind, glued, static_cast<std::uint32_t>(std::max<std::size_t>(1, lines)),
+          static_cast<std::uint32_t>(table), static_cast<std::uint32_t>(source)};
+}
+
+}  // namespace
+
+ReportPages::ReportPages(const Report& report, PaperArea area, const PaperMeasures& measures,
+                         Date today)
+    : report_(report),
+      area_(area),
+      measures_(measures),
+      date_(longDate(today)),
+      flow_(area.height - footHeight(), measures) {
+  for (const Table& table : report.tables) {
+    parts_.push_back(tableParts(table, area.width, measures));
+  }
+  layOut();
+}
+
+double ReportPages::footHeight() const {
+  return foot_gap + 2 * measures_.lineHeight(PaperFont::small);
+}
+
+std::size_t ReportPages::linesOf(FlowKind kind, std::string_view text) const {
+  return brokenLines(text, area_.width, fontOf(kind), measures_).size();
+}
+
+void ReportPages::layOut() {
+  flow_.add(block(FlowKind::title, linesOf(FlowKind::title, report_.title)));
+  flow_.add(block(FlowKind::lead, linesOf(FlowKind::lead, report_.covers)));
+  for (std::size_t table = 0; table < report_.tables.size(); ++table) addTable(table);
+  addParagraphs();
+  flow_.finish();
+  for (std::size_t band = 0; band < flow_.pages().size(); ++band) {
+    std::size_t parts = 1;
+    for (const PlacedBlock& placed : flow_.pages()[band]) {
+      if (isInParts(placed.block.kind)) parts = std::max(parts, parts_[placed.block.table].size());
+    }
+    for (std::size_t part = 0; part < parts; ++part) pages_.push_back({band, part});
+  }
+}
+
+void ReportPages::addTable(std::size_t index) {
+  const Table& table = report_.tables[index];
+  flow_.add(block(FlowKind::gap, 1));
+  const bool named = !table.caption().empty();
+  if (named) {
+    flow_.add(
+        block(FlowKind::tableCaption, linesOf(FlowKind::tableCaption, table.caption()), index));
+  }
+  flow_.add(block(FlowKind::captions, captionLines(index), index, 0, named));
+  if (table.groups().empty()) {
+    for (std::size_t row = 0; row < table.rowCount(); ++row) addRow(index, row, row == 0);
+  }
+  for (std::size_t group = 0; group < table.groups().size(); ++group) addGroup(index, group);
+  if (table.total().empty()) return;
+  flow_.add(block(FlowKind::total, sumLines(index, table.totalLabel()), index, 0, true));
+}
+
+/// The captions and the name stay with the first row, the sum with the last.
+void ReportPages::addGroup(std::size_t table, std::size_t index) {
+  const RowGroup& group = report_.tables[table].groups()[index];
+  flow_.add(block(FlowKind::groupName, nameLines(table, group.name), table, index, index == 0));
+  for (const std::size_t row : group.rows) addRow(table, row, row == group.rows.front());
+  flow_.add(block(FlowKind::subtotal, sumLines(table, group.label), table, index, true));
+}
+
+void ReportPages::addRow(std::size_t table, std::size_t row, bool glued) {
+  const auto cells = report_.tables[table].row(row);
+  std::size_t lines = 1;
+  for (const TablePart& part : parts_[table]) {
+    for (const PaperColumn& column : part) {
+      lines = std::max(
+          lines, cellLines(report_.tables[table], column, cells[column.column], measures_).size());
+    }
+  }
+  flow_.add(block(FlowKind::row, lines, table, row, glued));
+}
+
+void ReportPages::addParagraphs() {
+  paragraphs_ = report_.disproofs;
+  alarms_ = paragraphs_.size();
+  if (!report_.proofs.empty()) {
+    paragraphs_.push_back("Proof: " + joined(report_.proofs, "; ") + '.');
+  }
+  paragraphs_.insert(paragraphs_.end(), report_.notes.begin(), report_.notes.end());
+  for (std::size_t i = 0; i < paragraphs_.size(); ++i) {
+    const FlowKind kind = i < alarms_ ? FlowKind::alarm : FlowKind::note;
+    if (i == 0) flow_.add(block(FlowKind::gap, 1));
+    flow_.add(block(kind, linesOf(kind, paragraphs_[i]), 0, i));
+  }
+}
+
+std::size_t ReportPages::captionLines(std::size_t table) const {
+  std::size_t lines = 1;
+  for (const TablePart& part : parts_[table]) {
+    for (const PaperColumn& column : part) {
+      const std::string& caption = report_.tables[table].columns()[column.column].caption;
+      lines = std::max(lines,
+                       brokenLines(caption, column.room(), PaperFont::heading, measures_).size());
+    }
+  }
+  return lines;
+}
+
+std::size_t ReportPages::nameLines(std::size_t table, const std::string& name) const {
+  std::size_t lines = 1;
+  for (const TablePart& part : parts_[table]) {
+    const double room = part.back().right() - 2 * cell_margin;
+    lines = std::max(lines, brokenLines(name, room, PaperFont::strong, measures_).size());
+  }
+  return lines;
+}
+
+/// Of the label, which is all of a sum that may be broken.
+std::size_t ReportPages::sumLines(std::size_t table, const std::string& label) const {
+  std::size_t lines = 1;
+  for (const TablePart& part : parts_[table]) {
+    const double room = labelRoom(report_.tables[table], part);
+    lines = std::max(lines, brokenLines(label, room, PaperFont::strong, measures_).size());
+  }
+  return lines;
+}
+
+std::string_view ReportPages::textOf(const FlowBlock& block) const {
+  switch (block.kind) {
+    case FlowKind::title:
+      return report_.title;
+    case FlowKind::lead:
+      return report_.covers;
+    case FlowKind::tableCaption:
+      return report_.tables[block.table].caption();
+    case FlowKind::note:
+    case FlowKind::alarm:
+      return paragraphs_[block.source];
+    default:
+      return {};
+  }
+}
+
+PaperPage ReportPages::page(std::size_t index) const {
+  const auto [band, part] = pages_[index];
+  PaperPage page;
+  for (const PlacedBlock& placed : flow_.pages()[band]) {
+    const FlowKind kind = placed.block.kind;
+    if (kind == FlowKind::gap) continue;
+    if (!isInParts(kind)) {
+      const bool repeats =
+          kind == FlowKind::title || kind == FlowKind::lead || kind == FlowKind::tableCaption;
+      if (part == 0 || repeats)
+        drawParagraph(page, placed, textOf(placed.block), area_.width, measures_);
+      continue;
+    }
+    const std::uint32_t table = placed.block.table;
+    if (part >= parts_[table].size()) continue;
+    TableDrawing(report_.tables[table], parts_[table][part], measures_, page).draw(placed);
+  }
+  drawFoot(page, index);
+  return page;
+}
+
+/// A long company name stands whole at the head of the report, and here as far as there is room.
+void ReportPages::drawFoot(PaperPage& page, std::size_t index) const {
+  const double line = measures_.lineHeight(PaperFont::small);
+  const double top = area_.height - 2 * line;
+  page.boxes.push_back({0, top - foot_gap / 2, area_.width, hairline, PaperTone::hairline});
+  const auto both = [&](double y, const std::string& left, const std::string& right) {
+    const double width = measures_.width(right, PaperFont::small);
+    const double room = area_.width - width - 2 * foot_gap;
+    page.texts.push_back(
+        {0, y, PaperFont::small, shortened(left, room, PaperFont::small, measures_)});
+    page.texts.push_back({area_.width - width, y, PaperFont::small, right});
+  };
+  both(top, report_.title, "Page " + std::to_string(index + 1) + " of " + std::to_string(count()));
+  both(top + line, report_.covers, date_);
+}
+
+}  // namespace depcalc
