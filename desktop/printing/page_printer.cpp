@@ -13,6 +13,7 @@
 namespace depcalc::desktop {
 namespace {
 
+constexpr double twips_per_inch = 1440;
 constexpr double usual_points = 10;
 
 RuntimeError printerError() { return {482, "Printer error"}; }

@@ -37,7 +37,7 @@ QPageLayout pageLayout(PdfPaper paper) {
 }
 
 void setUp(QPdfWriter& writer, PdfPaper paper, const std::string& title) {
-  writer.setResolution(static_cast<int>(twips_per_inch));
+  writer.setResolution(1440);  // whole twips
   writer.setPageLayout(pageLayout(paper));
   writer.setTitle(QString::fromStdString(title));
   writer.setCreator(QStringLiteral("depcalc"));

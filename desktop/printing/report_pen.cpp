@@ -1,6 +1,7 @@
 #include "desktop/printing/report_pen.h"
 
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <algorithm>
 #include <cmath>
 
@@ -50,14 +51,18 @@ ReportPen::ReportPen(const QFont& family) {
 
 ReportPen::Face ReportPen::face(const QFont& family, double points, bool bold,
                                 const QColor& colour) {
-  Face face{twipFont(family, points, bold), colour};
+  Face face;
+  face.font = twipFont(family, points, bold);
+  face.colour = colour;
   // Without kerning a text is as wide as its letters.
   face.font.setKerning(false);
+  face.raw = QRawFont::fromFont(face.font);
   const QFontMetricsF metrics(face.font);
   face.ascent = metrics.ascent();
   face.line_height = std::ceil(metrics.height() * line_spacing);
   for (std::size_t c = ' '; c < face.advances.size(); ++c) {
     face.advances[c] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(c)));
+    face.glyphs[c] = face.raw.glyphIndexesForString(QChar(static_cast<char16_t>(c))).value(0);
   }
   return face;
 }
@@ -72,20 +77,62 @@ double ReportPen::width(std::string_view text, PaperFont font) const {
 
 double ReportPen::lineHeight(PaperFont font) const { return of(font).line_height; }
 
+/// Letters with their places, many texts at once: to a PDF document each text is otherwise a state
+/// of its own, with colour and font.
+class ReportPen::Run {
+ public:
+  explicit Run(const Face& face) : face_(face) {}
+
+  void add(const PaperText& text) {
+    double x = text.x;
+    for (const char letter : text.text) {
+      const auto c = static_cast<std::size_t>(letter);
+      glyphs_ << face_.glyphs[c];
+      places_ << QPointF(x, text.y + face_.ascent);
+      x += face_.advances[c];
+    }
+  }
+  void draw(QPainter& painter) const {
+    if (glyphs_.isEmpty()) return;
+    QGlyphRun run;
+    run.setRawFont(face_.raw);
+    run.setGlyphIndexes(glyphs_);
+    run.setPositions(places_);
+    painter.drawGlyphRun({0, 0}, run);
+  }
+
+ private:
+  const Face& face_;
+  QVector<quint32> glyphs_;
+  QVector<QPointF> places_;
+};
+
+void ReportPen::drawTexts(QPainter& painter, const PaperPage& page, PaperFont font) const {
+  const Face& face = of(font);
+  Run run(face);
+  painter.setFont(face.font);
+  painter.setPen(face.colour);
+  for (const PaperText& text : page.texts) {
+    if (text.font != font) continue;
+    if (isAscii(text.text)) {
+      run.add(text);
+    } else {
+      painter.drawText(QPointF(text.x, text.y + face.ascent), qtText(text.text));
+    }
+  }
+  run.draw(painter);
+}
+
 void ReportPen::draw(QPainter& painter, const PaperPage& page) const {
+  painter.save();
+  painter.scale(page.scale, page.scale);
   for (const PaperBox& box : page.boxes) {
     painter.fillRect(QRectF(box.x, box.y, box.width, box.height), toneOf(box.tone));
   }
-  const Face* shown = nullptr;
-  for (const PaperText& text : page.texts) {
-    const Face& face = of(text.font);
-    if (&face != shown) {
-      shown = &face;
-      painter.setFont(face.font);
-      painter.setPen(face.colour);
-    }
-    painter.drawText(QPointF(text.x, text.y + face.ascent), qtText(text.text));
+  for (std::size_t font = 0; font < faces_.size(); ++font) {
+    drawTexts(painter, page, static_cast<PaperFont>(font));
   }
+  painter.restore();
 }
 
 }  // namespace depcalc::desktop

@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPainter>
+#include <QRawFont>
 #include <array>
 #include <vector>
 
@@ -29,13 +30,18 @@ class ReportPen final : public PaperMeasures {
     QColor colour;
     double ascent = 0;
     double line_height = 0;
-    std::array<double, 128> advances{};  ///< of the letters that need no shaping
+    // Of the letters that need no shaping.
+    std::array<double, 128> advances{};
+    std::array<quint32, 128> glyphs{};
+    QRawFont raw;
   };
+  class Run;
 
   static Face face(const QFont& family, double points, bool bold, const QColor& colour);
   [[nodiscard]] const Face& of(PaperFont font) const {
     return faces_[static_cast<std::size_t>(font)];
   }
+  void drawTexts(QPainter& painter, const PaperPage& page, PaperFont font) const;
 
   std::vector<Face> faces_;
 };

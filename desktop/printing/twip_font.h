@@ -6,7 +6,6 @@
 
 namespace depcalc::desktop {
 
-inline constexpr double twips_per_inch = 1440;
 inline constexpr double twips_per_point = 20;
 inline constexpr double least_spacing = 1.0 / 64;  ///< twips
 

@@ -95,7 +95,8 @@ void TableDrawing::drawCaptions(const PlacedBlock& placed) const {
 
 void TableDrawing::drawGroupName(const PlacedBlock& placed) const {
   putBox(placed.y, placed.height, PaperTone::group);
-  const PaperColumn across{0, 0, width()};
+  // Beside a narrow table nothing is in its way.
+  const PaperColumn across{0, 0, page_width_};
   const std::string& name = table_.groups()[placed.block.source].name;
   if (!placed.repeated) {
     putLines(placed, across, brokenLines(name, across.room(), PaperFont::strong, measures_),

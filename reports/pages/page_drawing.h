@@ -31,9 +31,9 @@ void drawParagraph(PaperPage& page, const PlacedBlock& placed, std::string_view 
 /// Blocks of one part of a table. All of what it is given outlives it.
 class TableDrawing {
  public:
-  TableDrawing(const Table& table, const TablePart& part, const PaperMeasures& measures,
-               PaperPage& page)
-      : table_(table), part_(part), measures_(measures), page_(page) {}
+  TableDrawing(const Table& table, const TablePart& part, double page_width,
+               const PaperMeasures& measures, PaperPage& page)
+      : table_(table), part_(part), page_width_(page_width), measures_(measures), page_(page) {}
 
   void draw(const PlacedBlock& placed) const;
 
@@ -50,6 +50,7 @@ class TableDrawing {
 
   const Table& table_;
   const TablePart& part_;
+  double page_width_;
   const PaperMeasures& measures_;
   PaperPage& page_;
 };

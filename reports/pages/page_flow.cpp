@@ -6,8 +6,9 @@
 namespace depcalc {
 namespace {
 
-constexpr double usual_padding = 50;     // twips
-constexpr double rounding_slack = 0.01;  // twips
+constexpr double usual_padding = 50;      // twips
+constexpr double latest_start = 2.0 / 3;  ///< of a page
+constexpr double rounding_slack = 0.01;   // twips
 
 bool isOfATable(FlowKind kind) {
   return kind == FlowKind::groupName || kind == FlowKind::row || kind == FlowKind::subtotal ||
@@ -72,16 +73,22 @@ void PageFlow::placeUnit() {
   if (unit_.empty()) return;
   double height = 0;
   for (const FlowBlock& block : unit_) height += heightOf(block, block.lines);
-  if (!hasRoomFor(height) && !onlyRepeats()) nextPage(unit_.front());
+  if (!hasRoomFor(height) && !startsHere(height)) nextPage(unit_.front());
   for (const FlowBlock& block : unit_) place(block);
   unit_.clear();
+}
+
+/// Whether what does not end on this page had better begin on it all the same: the next one would
+/// not hold it either.
+bool PageFlow::startsHere(double height) const {
+  return onlyRepeats() || (height > height_ && y_ < height_ * latest_start);
 }
 
 /// Of a unit that is higher than a page the blocks go on one by one.
 void PageFlow::place(const FlowBlock& block) {
   if (block.kind == FlowKind::gap && onlyRepeats()) return;
   const double height = heightOf(block, block.lines);
-  if (!hasRoomFor(height) && !onlyRepeats()) nextPage(block);
+  if (!hasRoomFor(height) && !startsHere(height)) nextPage(block);
   hasRoomFor(height) ? put(block, 0, block.lines, false) : placeInPieces(block);
   if (block.kind == FlowKind::captions) captions_ = block;
   if (block.kind == FlowKind::captions || block.kind == FlowKind::subtotal) group_.reset();

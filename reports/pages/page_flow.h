@@ -63,6 +63,7 @@ class PageFlow {
  private:
   [[nodiscard]] double heightOf(const FlowBlock& block, std::uint32_t lines) const;
   [[nodiscard]] bool hasRoomFor(double height) const;
+  [[nodiscard]] bool startsHere(double height) const;
   void placeUnit();
   void place(const FlowBlock& block);
   void placeInPieces(const FlowBlock& block);

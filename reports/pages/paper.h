@@ -59,8 +59,9 @@ struct PaperText {
   std::string text;
 };
 
-/// The boxes lie below the texts.
+/// The boxes lie below the texts. All of it is to be drawn `scale` times as large as it says.
 struct PaperPage {
+  double scale = 1;
   std::vector<PaperBox> boxes;
   std::vector<PaperText> texts;
 };

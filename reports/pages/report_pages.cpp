@@ -11,38 +11,53 @@ namespace {
 
 constexpr double foot_gap = 160;  // twips
 
-std::string joined(const std::vector<std::string>& parts, std::string_view between) {
-  std::string text;
-  for (const std::string& part : parts) {
-    if (!text.empty()) text += between;
-    text += part;
-  }
-  return text;
-}
-
 FlowBlock block(FlowKind kind, std::size_t lines, std::size_t table = 0, std::size_t source = 0,
                 bool glued = false) {
   return {kind, glued, static_cast<std::uint32_t>(std::max<std::size_t>(1, lines)),
           static_cast<std::uint32_t>(table), static_cast<std::uint32_t>(source)};
 }
 
+/// Whether a table has to be spread over pages beside each other.
+bool anySpread(const std::vector<TableColumns>& tables, double width) {
+  return std::any_of(tables.begin(), tables.end(), [width](const TableColumns& columns) {
+    return columns.parts(width).size() > 1;
+  });
+}
+
+std::vector<TableColumns> measured(const Report& report, const PaperMeasures& measures) {
+  std::vector<TableColumns> tables;
+  for (const Table& table : report.tables) tables.emplace_back(table, measures);
+  return tables;
+}
+
+/// The largest at which every table has room across the page; the usual one where none is.
+double scaleFor(const std::vector<TableColumns>& tables, double width) {
+  for (const double scale : {1.0, 0.94, 0.88, 0.82}) {
+    if (!anySpread(tables, width / scale)) return scale;
+  }
+  return 1;
+}
+
 }  // namespace
 
 ReportPages::ReportPages(const Report& report, PaperArea area, const PaperMeasures& measures,
                          Date today)
+    : ReportPages(report, measured(report, measures), area, measures, today) {}
+
+ReportPages::ReportPages(const Report& report, const std::vector<TableColumns>& tables,
+                         PaperArea area, const PaperMeasures& measures, Date today)
     : report_(report),
-      area_(area),
+      scale_(scaleFor(tables, area.width)),
+      area_{area.width / scale_, area.height / scale_},
       measures_(measures),
       date_(longDate(today)),
-      flow_(area.height - footHeight(), measures) {
-  for (const Table& table : report.tables) {
-    parts_.push_back(tableParts(table, area.width, measures));
-  }
+      flow_(area_.height - footHeight(measures), measures) {
+  for (const TableColumns& columns : tables) parts_.push_back(columns.parts(area_.width));
   layOut();
 }
 
-double ReportPages::footHeight() const {
-  return foot_gap + 2 * measures_.lineHeight(PaperFont::small);
+double ReportPages::footHeight(const PaperMeasures& measures) {
+  return foot_gap + 2 * measures.lineHeight(PaperFont::small);
 }
 
 std::size_t ReportPages::linesOf(FlowKind kind, std::string_view text) const {
@@ -84,7 +99,7 @@ void ReportPages::addTable(std::size_t index) {
 /// The captions and the name stay with the first row, the sum with the last.
 void ReportPages::addGroup(std::size_t table, std::size_t index) {
   const RowGroup& group = report_.tables[table].groups()[index];
-  flow_.add(block(FlowKind::groupName, nameLines(table, group.name), table, index, index == 0));
+  flow_.add(block(FlowKind::groupName, nameLines(group.name), table, index, index == 0));
   for (const std::size_t row : group.rows) addRow(table, row, row == group.rows.front());
   flow_.add(block(FlowKind::subtotal, sumLines(table, group.label), table, index, true));
 }
@@ -104,9 +119,7 @@ void ReportPages::addRow(std::size_t table, std::size_t row, bool glued) {
 void ReportPages::addParagraphs() {
   paragraphs_ = report_.disproofs;
   alarms_ = paragraphs_.size();
-  if (!report_.proofs.empty()) {
-    paragraphs_.push_back("Proof: " + joined(report_.proofs, "; ") + '.');
-  }
+  for (const std::string& proof : report_.proofs) paragraphs_.push_back("Proof: " + proof);
   paragraphs_.insert(paragraphs_.end(), report_.notes.begin(), report_.notes.end());
   for (std::size_t i = 0; i < paragraphs_.size(); ++i) {
     const FlowKind kind = i < alarms_ ? FlowKind::alarm : FlowKind::note;
@@ -127,13 +140,9 @@ std::size_t ReportPages::captionLines(std::size_t table) const {
   return lines;
 }
 
-std::size_t ReportPages::nameLines(std::size_t table, const std::string& name) const {
-  std::size_t lines = 1;
-  for (const TablePart& part : parts_[table]) {
-    const double room = part.back().right() - 2 * cell_margin;
-    lines = std::max(lines, brokenLines(name, room, PaperFont::strong, measures_).size());
-  }
-  return lines;
+std::size_t ReportPages::nameLines(const std::string& name) const {
+  const double room = area_.width - 2 * cell_margin;
+  return brokenLines(name, room, PaperFont::strong, measures_).size();
 }
 
 /// Of the label, which is all of a sum that may be broken.
@@ -164,7 +173,7 @@ std::string_view ReportPages::textOf(const FlowBlock& block) const {
 
 PaperPage ReportPages::page(std::size_t index) const {
   const auto [band, part] = pages_[index];
-  PaperPage page;
+  PaperPage page{scale_, {}, {}};
   for (const PlacedBlock& placed : flow_.pages()[band]) {
     const FlowKind kind = placed.block.kind;
     if (kind == FlowKind::gap) continue;
@@ -177,7 +186,8 @@ PaperPage ReportPages::page(std::size_t index) const {
     }
     const std::uint32_t table = placed.block.table;
     if (part >= parts_[table].size()) continue;
-    TableDrawing(report_.tables[table], parts_[table][part], measures_, page).draw(placed);
+    TableDrawing(report_.tables[table], parts_[table][part], area_.width, measures_, page)
+        .draw(placed);
   }
   drawFoot(page, index);
   return page;

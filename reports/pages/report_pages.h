@@ -20,18 +20,23 @@ namespace depcalc {
 /// its first row and is repeated where the group goes on, sums stay with the row above. Texts are
 /// broken into lines, and a row that is higher than a page goes on on the next.
 ///
+/// Before a table is spread over pages beside each other, all is tried in smaller letters.
+///
 /// In the foot of every page: the title, what the report covers, the date, page x of y.
 class ReportPages {
  public:
   /// `report` and `measures` live as long as this does, or longer. `area` is some inches wide and
   /// high at least. `today` is the date in the foot.
   ReportPages(const Report& report, PaperArea area, const PaperMeasures& measures, Date today);
+  ReportPages(const Report&&, PaperArea, const PaperMeasures&, Date) = delete;
 
   [[nodiscard]] std::size_t count() const { return pages_.size(); }
   /// The page `index`, from 0.
   [[nodiscard]] PaperPage page(std::size_t index) const;
 
  private:
+  ReportPages(const Report& report, const std::vector<TableColumns>& tables, PaperArea area,
+              const PaperMeasures& measures, Date today);
   /// The pages that a table is too wide for lie beside each other.
   struct PageOf {
     std::size_t down = 0;
@@ -45,14 +50,15 @@ class ReportPages {
   void addParagraphs();
   [[nodiscard]] std::size_t linesOf(FlowKind kind, std::string_view text) const;
   [[nodiscard]] std::size_t captionLines(std::size_t table) const;
-  [[nodiscard]] std::size_t nameLines(std::size_t table, const std::string& name) const;
+  [[nodiscard]] std::size_t nameLines(const std::string& name) const;
   [[nodiscard]] std::size_t sumLines(std::size_t table, const std::string& label) const;
   [[nodiscard]] std::string_view textOf(const FlowBlock& block) const;
-  [[nodiscard]] double footHeight() const;
+  [[nodiscard]] static double footHeight(const PaperMeasures& measures);
   void drawFoot(PaperPage& page, std::size_t index) const;
 
   const Report& report_;
-  PaperArea area_;
+  double scale_;    ///< of all that is drawn
+  PaperArea area_;  ///< before it is scaled
   const PaperMeasures& measures_;
   std::string date_;
   std::vector<std::string> paragraphs_;        ///< below the tables

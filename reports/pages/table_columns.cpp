@@ -16,11 +16,6 @@ constexpr double most_for_text = 0.4;
 constexpr double most_for_keys = 0.4;
 constexpr double most_stretch = 1.6;
 
-struct Need {
-  double least = 0;
-  double natural = 0;
-};
-
 /// What the cells of one column need.
 class ColumnNeed {
  public:
@@ -34,11 +29,7 @@ class ColumnNeed {
     addSum(table.total());
   }
 
-  [[nodiscard]] Need of(double page_width) const {
-    const double margins = 2 * cell_margin;
-    const double most = std::max(need_.least, page_width * most_for_text - margins);
-    return {need_.least + margins, std::min(need_.natural, most) + margins};
-  }
+  [[nodiscard]] const PaperNeed& need() const { return need_; }
 
  private:
   void addSum(const std::vector<Cell>& sum) {
@@ -49,7 +40,8 @@ class ColumnNeed {
     const double width = measures_.width(text, font);
     need_.natural = std::max(need_.natural, width);
     if (width <= need_.least) return;
-    need_.least = std::max(need_.least, column_.kind == ColumnKind::text ? leastOf(text, font) : width);
+    need_.least =
+        std::max(need_.least, column_.kind == ColumnKind::text ? leastOf(text, font) : width);
   }
   [[nodiscard]] double leastOf(const std::string& text, PaperFont font) const {
     return std::min(widest_unbroken, widestWord(text, font, measures_));
@@ -58,7 +50,7 @@ class ColumnNeed {
   std::size_t index_;
   const Column& column_;
   const PaperMeasures& measures_;
-  Need need_;
+  PaperNeed need_;
 };
 
 /// The columns that say which asset a row is about; where there are none, the first one.
@@ -72,19 +64,47 @@ std::size_t keyCount(const Table& table, const std::vector<std::size_t>& shown) 
   return std::max<std::size_t>(1, count);
 }
 
-double sum(const std::vector<Need>& needs, double Need::*what) {
+/// What the labels of sums need, which stand across the first columns.
+PaperNeed needOfLabels(const Table& table, const PaperMeasures& measures) {
+  PaperNeed need;
+  const auto add = [&](const std::string& label) {
+    const double word = widestWord(label, PaperFont::strong, measures);
+    need.least = std::max(need.least, std::min(widest_unbroken, word));
+    need.natural = std::max(need.natural, measures.width(label, PaperFont::strong));
+  };
+  for (const RowGroup& group : table.groups()) add(group.label);
+  if (!table.total().empty()) add(table.totalLabel());
+  return need;
+}
+
+double sum(const std::vector<PaperNeed>& needs, double PaperNeed::*what) {
   return std::accumulate(needs.begin(), needs.end(), 0.0,
-                         [what](double sum, const Need& need) { return sum + need.*what; });
+                         [what](double sum, const PaperNeed& need) { return sum + need.*what; });
+}
+
+/// Widens the last of the first `columns` where a label across them all has no room.
+void makeRoomForLabels(std::vector<PaperNeed>& needs, std::size_t columns, const PaperNeed& labels,
+                       double page_width) {
+  const std::vector<PaperNeed> across(needs.begin(),
+                                      needs.begin() + static_cast<std::ptrdiff_t>(columns));
+  const auto lacking = [&](double PaperNeed::*what, double wanted) {
+    return std::max(0.0, wanted + 2 * cell_margin - sum(across, what));
+  };
+  const double most = page_width * most_for_keys - 2 * cell_margin;
+  PaperNeed& last = needs[columns - 1];
+  last.least += lacking(&PaperNeed::least, labels.least);
+  last.natural += lacking(&PaperNeed::natural, std::min(labels.natural, most));
+  last.natural = std::max(last.natural, last.least);
 }
 
 /// Widths between what each needs at least and what it would like, `room` altogether, or less
 /// where that is enough for all.
-std::vector<double> squeezed(const std::vector<Need>& needs, double room) {
-  const double least = sum(needs, &Need::least);
-  const double wanted = sum(needs, &Need::natural) - least;
+std::vector<double> squeezed(const std::vector<PaperNeed>& needs, double room) {
+  const double least = sum(needs, &PaperNeed::least);
+  const double wanted = sum(needs, &PaperNeed::natural) - least;
   const double share = wanted <= 0 ? 0 : std::clamp((room - least) / wanted, 0.0, 1.0);
   std::vector<double> widths;
-  for (const Need& need : needs) {
+  for (const PaperNeed& need : needs) {
     widths.push_back(need.least + (need.natural - need.least) * share);
   }
   return widths;
@@ -115,7 +135,7 @@ TablePart stretched(TablePart part, std::size_t keys, double width, double most)
 
 /// Columns beside the keys, as many to a part as there is room for.
 std::vector<TablePart> split(const std::vector<std::size_t>& columns,
-                             const std::vector<Need>& needs, std::size_t keys, double width) {
+                             const std::vector<PaperNeed>& needs, std::size_t keys, double width) {
   const auto past_keys = static_cast<std::ptrdiff_t>(keys);
   const std::vector<std::size_t> key_columns(columns.begin(), columns.begin() + past_keys);
   const std::vector<double> key_widths =
@@ -145,17 +165,34 @@ std::vector<TablePart> split(const std::vector<std::size_t>& columns,
 
 }  // namespace
 
-std::vector<TablePart> tableParts(const Table& table, double width, const PaperMeasures& measures) {
-  const std::vector<std::size_t> shown = shownColumns(table);
-  std::vector<Need> needs;
-  for (const std::size_t column : shown) {
-    needs.push_back(ColumnNeed(table, column, measures).of(width));
+TableColumns::TableColumns(const Table& table, const PaperMeasures& measures)
+    : shown_(shownColumns(table)),
+      labels_(needOfLabels(table, measures)),
+      keys_(keyCount(table, shown_)) {
+  label_columns_ = std::min(keys_, labelWidth(table, shown_));
+  for (const std::size_t column : shown_) {
+    cells_.push_back(ColumnNeed(table, column, measures).need());
   }
-  const std::size_t keys = keyCount(table, shown);
-  if (sum(needs, &Need::least) <= width || keys == shown.size()) {
-    return {stretched(placed(shown, squeezed(needs, width)), 0, width, most_stretch)};
+}
+
+/// With the margins of the cells. No text is to take up most of a page by itself.
+std::vector<PaperNeed> TableColumns::needs(double page_width) const {
+  constexpr double margins = 2 * cell_margin;
+  std::vector<PaperNeed> needs = cells_;
+  for (PaperNeed& need : needs) {
+    const double most = std::max(need.least, page_width * most_for_text - margins);
+    need = {need.least + margins, std::min(need.natural, most) + margins};
   }
-  return split(shown, needs, keys, width);
+  makeRoomForLabels(needs, label_columns_, labels_, page_width);
+  return needs;
+}
+
+std::vector<TablePart> TableColumns::parts(double width) const {
+  const std::vector<PaperNeed> all = needs(width);
+  if (sum(all, &PaperNeed::least) <= width || keys_ == shown_.size()) {
+    return {stretched(placed(shown_, squeezed(all, width)), 0, width, most_stretch)};
+  }
+  return split(shown_, all, keys_, width);
 }
 
 std::size_t labelColumns(const Table& table, const TablePart& part) {
