@@ -1,8 +1,6 @@
 #include "reports/formats/xlsx/xlsx_text.h"
 
-#include <algorithm>
-
-#include "values/text.h"
+#include "values/utf8.h"
 
 namespace depcalc {
 namespace {
@@ -11,15 +9,9 @@ constexpr std::string_view replacement = "\xEF\xBF\xBD";
 
 /// Bytes that are no UTF-8, surrogates, and the two characters that XML excludes besides; controls
 /// the library escapes.
-bool isNoXml(std::string_view character) {
-  if (character.size() == 1) return static_cast<unsigned char>(character[0]) >= 0x80;
-  if (character.size() == 2) return static_cast<unsigned char>(character[0]) < 0xC2;
-  if (character.size() == 3) {
-    return (character[0] == '\xE0' && static_cast<unsigned char>(character[1]) < 0xA0) ||
-           (character[0] == '\xED' && static_cast<unsigned char>(character[1]) >= 0xA0) ||
-           character == "\xEF\xBF\xBE" || character == "\xEF\xBF\xBF";
-  }
-  return character < "\xF0\x90\x80\x80" || character > "\xF4\x8F\xBF\xBF";
+bool isNoXml(Utf8Character character) {
+  return isStrayByte(character) || (character.code >= 0xD800 && character.code <= 0xDFFF) ||
+         character.code == 0xFFFE || character.code == 0xFFFF;
 }
 
 /// "_x0041_" and the like.
@@ -33,10 +25,10 @@ bool beginsWithEscape(std::string_view text) {
 std::string xlsxText(std::string_view text) {
   std::string out;
   while (!text.empty()) {
-    const std::string_view character = firstCharacters(text, 1);
+    const Utf8Character character = decodedFirst(text);
     if (beginsWithEscape(text)) out += "_x005F";
-    out += isNoXml(character) ? replacement : character;
-    text.remove_prefix(character.size());
+    out += isNoXml(character) ? replacement : text.substr(0, character.length);
+    text.remove_prefix(character.length);
   }
   return out;
 }
