@@ -155,4 +155,13 @@ RegisterOfAssets readRegisterOfAssets(const std::shared_ptr<HostCompanyFile>& fi
   return assets;
 }
 
+SavedAsset readSavedAsset(const std::shared_ptr<HostCompanyFile>& file, std::int32_t number,
+                          Date today) {
+  const auto index = static_cast<std::int16_t>(number);
+  const auto record = file->OpenTable(asset_table_name)->Item(index);
+  SavedAsset asset = readAsset(*record, index, today);
+  asset.units = UnitsStore(file).unitsOf(number);
+  return asset;
+}
+
 }  // namespace depcalc

@@ -16,4 +16,9 @@ namespace depcalc {
 RegisterOfAssets readRegisterOfAssets(const std::shared_ptr<HostCompanyFile>& file,
                                       std::string company, Date today);
 
+/// Asset `number` by itself, read the same way, with the units that count for it. Not found:
+/// error 9.
+SavedAsset readSavedAsset(const std::shared_ptr<HostCompanyFile>& file, std::int32_t number,
+                          Date today);
+
 }  // namespace depcalc

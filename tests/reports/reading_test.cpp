@@ -126,6 +126,10 @@ TEST_P(RegisterReading, KnowsTheUnitsOfItsAssets) {
   EXPECT_EQ(assets.assets.front().saved().amounts, std::vector<Currency>{money("225")});
   EXPECT_TRUE(assets.assets.back().saved().units.empty());
   EXPECT_EQ(assets.units_not_known, std::vector<std::int32_t>{2});
+  const SavedAsset alone = readSavedAsset(host_->file(), 1, Date::strict(2024, 6, 1));
+  EXPECT_EQ(alone.units, assets.assets.front().saved().units);
+  EXPECT_EQ(alone.amounts, assets.assets.front().saved().amounts);
+  EXPECT_TRUE(readSavedAsset(host_->file(), 2, Date::strict(2024, 6, 1)).units.empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(OnEveryHost, RegisterReading,
