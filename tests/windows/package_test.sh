@@ -15,7 +15,7 @@ package=$(echo "$folder"/depcalc-*-windows)
 [[ -d $package ]] || { echo "There is no zip, or not one folder in it"; exit 1; }
 
 wanted='DepCalc10.idl DepCalc10.tlb DepCalcHost.idl DepCalcHost.tlb LICENSE LICENSE.gcc LICENSE.mingw-w64
-  ZemDepCalc.ocx windows.md'
+  ZemDepCalc.ocx host.vbs windows.md'
 wanted=$(xargs <<<"$wanted")
 pictures=$(sed -n 's/.*!\[[^]]*\](\([^)]*\)).*/\1/p' "$package/windows.md")
 links=$(grep -o '](\([^)]*\))' "$package/windows.md" | sed 's/^](//; s/)$//' | grep -v '^https*:' || true)

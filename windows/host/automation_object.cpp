@@ -5,12 +5,10 @@
 #include "values/runtime_error.h"
 #include "windows/com/com_text.h"
 #include "windows/host/host_error.h"
+#include "windows/host/member_call.h"
 
 namespace depcalc {
 namespace {
-
-/// What hosts are asked in, whatever the user's language is.
-constexpr LCID en_us = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 /// The run-time error of a failing call of the member `role`. What the host says itself stands as
 /// it is; the system's words do not tell of what they speak.
@@ -26,9 +24,8 @@ RuntimeError errorOf(HRESULT result, EXCEPINFO& exception, HostRole role) {
 DISPID AutomationObject::memberId(IDispatch& object, HostRole role) const {
   Member& member = members_.at(static_cast<std::size_t>(role));
   if (member.known) return member.id;
-  auto* name = const_cast<wchar_t*>(nameOf(role));
   DISPID id = DISPID_UNKNOWN;
-  const HRESULT found = object.GetIDsOfNames(IID_NULL, &name, 1, en_us, &id);
+  const HRESULT found = findMember(object, nameOf(role), id);
   EXCEPINFO none{};
   if (FAILED(found)) throw errorOf(found, none, role);
   member = {true, id};
@@ -42,10 +39,9 @@ OwnedVariant AutomationObject::invoke(HostRole role, WORD flags, DISPPARAMS para
   const DISPID id = memberId(*object.Get(), role);
   OwnedVariant answer;
   EXCEPINFO exception{};
-  UINT wrong_argument = 0;
-  const HRESULT done = object->Invoke(id, IID_NULL, en_us, flags, &parameters,
-                                      flags == DISPATCH_PROPERTYPUT ? nullptr : answer.out(),
-                                      &exception, &wrong_argument);
+  const HRESULT done =
+      callMember(*object.Get(), id, flags, parameters,
+                 flags == DISPATCH_PROPERTYPUT ? nullptr : answer.out(), &exception);
   if (FAILED(done)) throw errorOf(done, exception, role);
   return answer;
 }

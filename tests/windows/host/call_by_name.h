@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "windows/host/member_call.h"
 #include "windows/host/owned_variant.h"
 #include "windows/host/stored_variant.h"
 
@@ -21,14 +22,13 @@ OwnedVariant callByName(IDispatch& object, const wchar_t* name, const Arguments&
   std::array<VARIANT, count + 1> reversed{};
   std::size_t place = count;
   ((reversed[--place] = arguments.get()), ...);
-  auto* spelled = const_cast<wchar_t*>(name);
   DISPID id = 0;
-  HRESULT done = object.GetIDsOfNames(IID_NULL, &spelled, 1, LOCALE_USER_DEFAULT, &id);
+  HRESULT done = findMember(object, name, id);
   DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(count), 0};
   OwnedVariant answer;
   if (SUCCEEDED(done)) {
-    done = object.Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
-                         &parameters, answer.out(), nullptr, nullptr);
+    done = callMember(object, id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters, answer.out(),
+                      nullptr);
   }
   if (FAILED(done)) throw std::runtime_error("a call failed with " + std::to_string(done));
   return answer;
