@@ -82,7 +82,7 @@ void AssetStore::writeAsset(std::int16_t& index) {
   setAmounts(*record);
   record->Modified(true);
   change([&] { record->Commit(); });
-  table->Item(infoIndex());
+  table->Item(infoIndex());  // by definition, without effect where the summary is there
   WriteTableInfo();
 }
 

@@ -15,10 +15,8 @@ struct ErrorReport {
 
   /// The values of an asset can cause it, and the calculator deals with it.
   [[nodiscard]] bool isOfValues() const noexcept;
-  /// Memory ran out.
+  /// Memory ran out. What is neither is of the host, its file or its devices.
   [[nodiscard]] bool isOfMemory() const noexcept;
-  /// Anything else: the host, its file or its devices.
-  [[nodiscard]] bool isOfHost() const noexcept { return !isOfValues() && !isOfMemory(); }
 
   /// "DepCalc::WriteData Error#75: Permission denied".
   [[nodiscard]] std::string text() const;

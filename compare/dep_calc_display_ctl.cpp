@@ -32,15 +32,8 @@ void DepCalcDisplayCtl::connectOptions() {
 }
 
 void DepCalcDisplayCtl::connectButtons() {
-  const auto connect = [this](PicturePair& button, void (DepCalcDisplayCtl::*action)()) {
-    button.normal.onMouseDown = [&button] { button.pressed.show(); };
-    button.normal.onMouseUp = [this, &button, action] {
-      button.pressed.hide();
-      (this->*action)();
-    };
-  };
-  connect(SaveButton, &DepCalcDisplayCtl::save);
-  connect(CloseButton, &DepCalcDisplayCtl::close);
+  SaveButton.actOnRelease([this] { save(); });
+  CloseButton.actOnRelease([this] { close(); });
 }
 
 void DepCalcDisplayCtl::save() {
@@ -52,6 +45,7 @@ void DepCalcDisplayCtl::save() {
 void DepCalcDisplayCtl::close() {
   painted_ = false;
   RevertDepInfo();
+  // By definition, without effect: the next fill makes them anew.
   for (const ScheduledMethod& scheduled : scheduled_methods) {
     (results_.*scheduled.amounts).resize(2);
   }

@@ -27,9 +27,6 @@ class Colour {
 
   [[nodiscard]] constexpr std::uint32_t value() const { return value_; }
   [[nodiscard]] constexpr bool isSystem() const { return (value_ & system_flag) != 0; }
-  [[nodiscard]] constexpr bool isPaletteRelative() const {
-    return !isSystem() && (value_ & palette_flag) != 0;
-  }
   [[nodiscard]] constexpr std::uint8_t red() const { return static_cast<std::uint8_t>(value_); }
   [[nodiscard]] constexpr std::uint8_t green() const {
     return static_cast<std::uint8_t>(value_ >> 8);

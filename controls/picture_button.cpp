@@ -1,5 +1,7 @@
 #include "controls/picture_button.h"
 
+#include <utility>
+
 #include "controls/stage.h"
 
 namespace depcalc {
@@ -17,6 +19,14 @@ PicturePair::PicturePair(UserControl& parent, const std::string& name, const std
   normal.onPressAbandoned = [this] { pressed.hide(); };
   pressed.hide();
   pressed.layOver(normal);
+}
+
+void PicturePair::actOnRelease(Handler action) {
+  normal.onMouseDown = [this] { pressed.show(); };
+  normal.onMouseUp = [this, action = std::move(action)] {
+    pressed.hide();
+    action();
+  };
 }
 
 void PicturePair::setRole(ButtonRole role) {

@@ -58,11 +58,14 @@ class PictureButton : public Control {
 };
 
 /// A button and the hidden picture of it pressed that lies over it: `CalcButton` shows "calc",
-/// `CalcButtonP` shows "calc-pressed". Pressing and releasing are left to the screen; a press
-/// that is abandoned hides the pressed picture.
+/// `CalcButtonP` shows "calc-pressed". A press that is abandoned hides the pressed picture; the
+/// rest is for the screen to say.
 struct PicturePair {
   PicturePair(UserControl& parent, const std::string& name, const std::string& picture,
               const std::string& caption, char mnemonic);
+
+  /// A press shows the pressed picture; a release hides it again and acts.
+  void actOnRelease(Handler action);
 
   void setRole(ButtonRole role);
   void setPlace(const Place& place);

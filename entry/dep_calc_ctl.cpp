@@ -38,14 +38,13 @@ void DepCalcCtl::connectLabels() {
 void DepCalcCtl::connectButtons() {
   // The press acts at once; its release is spent.
   const auto connect = [this](PicturePair& button, void (DepCalcCtl::*action)()) {
+    button.actOnRelease([this, action] {
+      (this->*action)();
+      filled_ = false;
+    });
     button.normal.onMouseDown = [&button] {
       button.pressed.show();
       button.normal.releaseNow();
-    };
-    button.normal.onMouseUp = [this, &button, action] {
-      button.pressed.hide();
-      (this->*action)();
-      filled_ = false;
     };
   };
   connect(CalcButton, &DepCalcCtl::calculate);

@@ -40,7 +40,7 @@ void DepCalcView::Initialize() {
   trapped("DepCalcView::Initialize", [this] {
     SetupPalette();
     myPixel = site().twipsPerPixel();
-    myNumAssets = 2;
+    myNumAssets = 2;  // by definition, without effect: the container says how many
     myStartYr = toInteger16HalfEven(site().today().year());
     for (int row = 0; row < first_year_row; ++row) {
       AssetViewTable.setText(row, 0, field_captions[static_cast<std::size_t>(row)]);
@@ -57,17 +57,10 @@ void DepCalcView::connectLabels() {
 }
 
 void DepCalcView::connectButtons() {
-  const auto connect = [this](PicturePair& button, void (DepCalcView::*action)()) {
-    button.normal.onMouseDown = [&button] { button.pressed.show(); };
-    button.normal.onMouseUp = [this, &button, action] {
-      button.pressed.hide();
-      (this->*action)();
-    };
-  };
-  connect(NewButton, &DepCalcView::startNew);
-  connect(EditButton, &DepCalcView::edit);
-  connect(DeleteButton, &DepCalcView::AssetViewTable_DeleteButton_MouseUp);
-  connect(PrintButton, &DepCalcView::Printbutton_Mouseup);
+  NewButton.actOnRelease([this] { startNew(); });
+  EditButton.actOnRelease([this] { edit(); });
+  DeleteButton.actOnRelease([this] { AssetViewTable_DeleteButton_MouseUp(); });
+  PrintButton.actOnRelease([this] { Printbutton_Mouseup(); });
 }
 
 void DepCalcView::Show() {

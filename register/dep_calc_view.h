@@ -50,7 +50,7 @@ class DepCalcView : public UserControl {
   PicturePair DeleteButton{*this, "DeleteButton", "delete", "Delete", 'D'};
   PicturePair PrintButton{*this, "PrintButton", "print", "Print", 'P'};
   Grid AssetViewTable{*this, "AssetViewTable", first_year_row};
-  // Once meant for the printed pages; nothing is shown in them.
+  // By definition, without effect: printing takes its pages from the table.
   PictureBox Picture1{*this, "Picture1"};
   PictureBox Picture2{*this, "Picture2"};
   PictureBox Picture3{*this, "Picture3"};
@@ -93,7 +93,7 @@ class DepCalcView : public UserControl {
   CalculateDepArray myCalcDep{nullptr, nullptr};
   std::int16_t myStartYr = 0;
   double myNumYrs = 0;
-  std::int16_t myNumAssets = 2;  ///< the container says how many before it matters
+  std::int16_t myNumAssets = 2;
   CalculateDepPtr myCurrentRecord;
   bool myLoaded = false;
   bool myNoAssets = false;

@@ -126,7 +126,7 @@ void DepCalcView::fillFields(int column, const CalculateDep& asset) {
 void DepCalcView::fillYears(int column, CalculateDep& asset) {
   const int offset = firstFiscalYearStrict(asset.AssetStartDate(), asset.FYEnd()) - myStartYr;
   if (offset < 0) return;
-  AssetViewTable.setText(row_rate, column, {});
+  AssetViewTable.setText(row_rate, column, {});  // by definition, without effect: it is empty
   // The last year row stays empty when the longest schedule decides how many there are.
   const int last = toLong32HalfEven(myNumYrs - (offset + 1));
   for (int k = 0; k <= last; ++k) {

@@ -31,7 +31,7 @@ class Currency {
     return fromLargeTicks(ticks);
   }
 
-  /// The value rounded to cents first (roundTo2HalfEven), then as above. For all but enormous
+  /// The value rounded to cents first, halves to even, then as above. For all but enormous
   /// amounts the cents are whole in the end too, and a division is saved.
   static Currency fromDoubleTo2HalfEven(double value) {
     const double cents = value * 100.0;

@@ -109,8 +109,6 @@ std::string Date::monthName() const {
   return std::string(en_us::month_names[static_cast<std::size_t>(month() - 1)]);
 }
 
-int yearsBetween(Date from, Date to) { return to.year() - from.year(); }
-
 int monthsBetween(Date from, Date to) {
   const auto first = from.parts();
   const auto second = to.parts();

@@ -75,9 +75,7 @@ class Date {
 
 /// `to` minus `from` in days.
 constexpr std::int32_t daysBetween(Date from, Date to) { return to.dayNumber() - from.dayNumber(); }
-/// Year boundaries crossed from `from` to `to`: 31 December to 1 January is 1.
-int yearsBetween(Date from, Date to);
-/// Month boundaries crossed from `from` to `to`.
+/// Month boundaries crossed from `from` to `to`: 31 January to 1 February is 1.
 int monthsBetween(Date from, Date to);
 
 }  // namespace depcalc

@@ -32,9 +32,6 @@ inline double nearestEven(double x) {
   return std::nearbyint(x);
 }
 
-/// `x` rounded to two decimal places, halves to even.
-inline double roundTo2HalfEven(double x) { return nearestEven(x * 100.0) / 100.0; }
-
 /// A 16-bit integer by rounding, halves to even. Out of range or not a number: error 6.
 inline std::int16_t toInteger16HalfEven(double x) {
   const double whole = nearestEven(x);

@@ -53,8 +53,6 @@ double StoredValue::asDouble() const {
                     content_);
 }
 
-std::int16_t StoredValue::asInteger() const { return toInteger16HalfEven(asDouble()); }
-
 std::int32_t StoredValue::asLong() const { return toLong32HalfEven(asDouble()); }
 
 Currency StoredValue::asCurrency() const {

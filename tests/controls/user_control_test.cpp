@@ -7,6 +7,7 @@
 #include "common/report_error.h"
 #include "controls/user.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -46,7 +47,7 @@ struct LifeCycle : ::testing::Test {
   }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   Container container{stage};
 };

@@ -10,6 +10,7 @@
 #include "controls/option_button.h"
 #include "controls/picture_button.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -44,7 +45,7 @@ struct UserTest : ::testing::Test {
   }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   User user{stage};
   Container container{stage};

@@ -39,11 +39,7 @@ struct SmallScreen : UserControl {
     Table.setPlace({300, 2100, 6000, 1500});
     Box.setPlace({7000, 2100, 600, 600});
     GoButton.setPlace({300, 5000, 1500, 420});
-    GoButton.normal.onMouseDown = [this] { GoButton.pressed.show(); };
-    GoButton.normal.onMouseUp = [this] {
-      GoButton.pressed.hide();
-      said.emplace_back("go");
-    };
+    GoButton.actOnRelease([this] { said.emplace_back("go"); });
     FirstOption.onClick = [this] { SecondOption.setValue(false); };
     SecondOption.onClick = [this] { FirstOption.setValue(false); };
     Table.onClick = [this] { said.emplace_back("cell"); };

@@ -22,7 +22,7 @@ void printColour(std::ostream& out, Colour colour) {
   } else {
     const unsigned rgb = colour.red() * 0x10000u + colour.green() * 0x100u + colour.blue();
     out << '#' << std::hex << std::setfill('0') << std::setw(6) << rgb << std::dec
-        << (colour.isPaletteRelative() ? "*" : "");
+        << (colour == colour.paletteRelative() ? "*" : "");
   }
 }
 

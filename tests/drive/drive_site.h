@@ -10,6 +10,7 @@
 #include "controls/site.h"
 #include "controls/trace.h"
 #include "tests/drive/page_recorder.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc::drive {
 
@@ -51,7 +52,7 @@ class DriveSite : public Site, public Trace {
   // Trace
   void event(std::string_view control, std::string_view event) override;
   void box(const MessageBox& box, BoxAnswer answer) override {
-    out_ << boxLine(box, answer) << '\n';
+    out_ << testing::boxLine(box, answer) << '\n';
   }
 
  private:

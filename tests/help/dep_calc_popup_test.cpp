@@ -7,6 +7,7 @@
 #include "controls/user.h"
 #include "help/help_topics.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc {
 namespace {
@@ -49,7 +50,7 @@ struct HelpPopup : ::testing::Test {
   }
 
   testing::ScriptedSite site;
-  TraceLines trace;
+  testing::TraceLines trace;
   Stage stage{site, &trace};
   User user{stage};
   Container container{stage};

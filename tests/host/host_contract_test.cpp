@@ -75,7 +75,7 @@ TEST_P(EveryHost, RefusesIndicesThatCannotBe) {
   EXPECT_EQ(errorNumber([&] { table()->Item(-1); }), 9);
   EXPECT_FALSE(table()->Exists(-1));
   store(32767, "A", StoredValue::integer(7));
-  EXPECT_EQ(stored(32767, "A").asInteger(), 7);
+  EXPECT_EQ(stored(32767, "A").asLong(), 7);
 }
 
 TEST_P(EveryHost, ShowsUncommittedValuesOnlyToTheObjectThatSetThem) {
@@ -83,11 +83,11 @@ TEST_P(EveryHost, ShowsUncommittedValuesOnlyToTheObjectThatSetThem) {
   const auto editing = table()->Item(0);
   EXPECT_EQ(editing->BeginEdit(), 0);
   editing->Fields().SetValue("A", StoredValue::integer(2));
-  EXPECT_EQ(editing->Fields().GetValue("A").asInteger(), 2);
-  EXPECT_EQ(stored(0, "A").asInteger(), 1);
+  EXPECT_EQ(editing->Fields().GetValue("A").asLong(), 2);
+  EXPECT_EQ(stored(0, "A").asLong(), 1);
   editing->Modified(true);
   editing->Commit();
-  EXPECT_EQ(stored(0, "A").asInteger(), 2);
+  EXPECT_EQ(stored(0, "A").asLong(), 2);
 }
 
 TEST_P(EveryHost, CommitsOnlyWhatIsMarkedModified) {
@@ -95,19 +95,19 @@ TEST_P(EveryHost, CommitsOnlyWhatIsMarkedModified) {
   const auto editing = table()->Item(0);
   editing->Fields().SetValue("A", StoredValue::integer(2));
   editing->Commit();
-  EXPECT_EQ(stored(0, "A").asInteger(), 1);
+  EXPECT_EQ(stored(0, "A").asLong(), 1);
   editing->Modified(true);
   editing->Commit();
   editing->Fields().SetValue("A", StoredValue::integer(3));
   editing->Commit();
-  EXPECT_EQ(stored(0, "A").asInteger(), 2);
+  EXPECT_EQ(stored(0, "A").asLong(), 2);
 }
 
 TEST_P(EveryHost, KeepsARecordObjectAsItWasMade) {
   store(0, "A", StoredValue::integer(1));
   const auto before = table()->Item(0);
   store(0, "A", StoredValue::integer(2));
-  EXPECT_EQ(before->Fields().GetValue("A").asInteger(), 1);
+  EXPECT_EQ(before->Fields().GetValue("A").asLong(), 1);
 }
 
 TEST_P(EveryHost, DeletesAndThenKnowsTheRecordNoMore) {
@@ -124,7 +124,7 @@ TEST_P(EveryHost, DeletesAndThenKnowsTheRecordNoMore) {
   host_->close();
   host_->reopen();
   EXPECT_EQ(table()->Count(), 1);
-  EXPECT_EQ(stored(0, "A").asInteger(), 1);
+  EXPECT_EQ(stored(0, "A").asLong(), 1);
 }
 
 TEST_P(EveryHost, KeepsEveryTypeOfValue) {
@@ -174,14 +174,14 @@ TEST_P(EveryHost, KeepsEveryTypeOfValue) {
 
 TEST_P(EveryHost, IgnoresTheCaseOfNamesAndKeepsTheirFirstSpelling) {
   store(0, "FYEND", StoredValue::integer(1));
-  EXPECT_EQ(stored(0, "FYEnd").asInteger(), 1);
+  EXPECT_EQ(stored(0, "FYEnd").asLong(), 1);
   store(0, "fyend", StoredValue::integer(2));
   store(0, "\"quoted\" \\ \xC3\xA9", StoredValue::integer(3));
   host_->close();
   host_->reopen();
   EXPECT_THAT(table()->Item(0)->Fields().names(),
               testing::ElementsAre("FYEND", "\"quoted\" \\ \xC3\xA9"));
-  EXPECT_EQ(stored(0, "FYEND").asInteger(), 2);
+  EXPECT_EQ(stored(0, "FYEND").asLong(), 2);
 }
 
 TEST_P(EveryHost, ReadsANameNeverSetAsEmpty) {
@@ -256,13 +256,13 @@ TEST_P(EveryHostWithUnits, UndoesAnAbandonedUnitAndKeepsAnEndedOne) {
   store(0, "A", StoredValue::integer(5));
   store(2, "A", StoredValue::integer(6));
   table()->Item(1)->Delete();
-  EXPECT_EQ(stored(0, "A").asInteger(), 5);
+  EXPECT_EQ(stored(0, "A").asLong(), 5);
   const std::uint64_t revision = unit->revision();
   unit->abandon();
   EXPECT_GT(unit->revision(), revision);
   EXPECT_EQ(table()->Count(), 2);
-  EXPECT_EQ(stored(0, "A").asInteger(), 1);
-  EXPECT_EQ(stored(1, "A").asInteger(), 2);
+  EXPECT_EQ(stored(0, "A").asLong(), 1);
+  EXPECT_EQ(stored(1, "A").asLong(), 2);
 
   unit->begin();
   unit->begin();
@@ -272,8 +272,8 @@ TEST_P(EveryHostWithUnits, UndoesAnAbandonedUnitAndKeepsAnEndedOne) {
   unit->end();
   host_->close();
   host_->reopen();
-  EXPECT_EQ(stored(0, "A").asInteger(), 7);
-  EXPECT_EQ(stored(1, "A").asInteger(), 8);
+  EXPECT_EQ(stored(0, "A").asLong(), 7);
+  EXPECT_EQ(stored(1, "A").asLong(), 8);
 }
 
 TEST_P(EveryHostWithUnits, RevisionMovesWithEveryChangeAndOnlyThen) {

@@ -14,6 +14,7 @@
 #include "host/memory/memory_host.h"
 #include "tests/support/scripted_site.h"
 #include "tests/support/stand_in_screens.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc::testing {
 

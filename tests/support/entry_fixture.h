@@ -8,6 +8,7 @@
 #include "controls/user.h"
 #include "entry/dep_calc_ctl.h"
 #include "tests/support/scripted_site.h"
+#include "tests/support/trace_lines.h"
 
 namespace depcalc::testing {
 

@@ -32,14 +32,6 @@ TEST(Rounding, AgreesWithTheLibraryEverywhere) {
   }
 }
 
-TEST(Rounding, ToCentsWorksOnTheDouble) {
-  EXPECT_EQ(roundTo2HalfEven(333.335), 333.34);
-  EXPECT_EQ(roundTo2HalfEven(0.125), 0.12);
-  EXPECT_EQ(roundTo2HalfEven(0.375), 0.38);
-  EXPECT_EQ(roundTo2HalfEven(1.005), 1.0);
-  EXPECT_EQ(roundTo2HalfEven(-0.125), -0.12);
-}
-
 TEST(Rounding, IntegersCheckTheirRangeAfterRounding) {
   EXPECT_EQ(toInteger16HalfEven(32767.4), 32767);
   EXPECT_EQ(toInteger16HalfEven(-32768.5), -32768);
@@ -168,6 +160,16 @@ TEST(CurrencyValue, RoundsADoubleToTenThousandthsHalvesToEven) {
   EXPECT_EQ(errorOf([] { Currency::fromDouble(922337203685477.5808); }), 6);
   EXPECT_EQ(errorOf([] { Currency::fromDouble(NAN); }), 6);
 }
+
+TEST(CurrencyValue, RoundsToCentsOnTheDouble) {
+  EXPECT_EQ(Currency::fromDoubleTo2HalfEven(333.335).ticks(), 3333400);
+  EXPECT_EQ(Currency::fromDoubleTo2HalfEven(0.125).ticks(), 1200);
+  EXPECT_EQ(Currency::fromDoubleTo2HalfEven(0.375).ticks(), 3800);
+  EXPECT_EQ(Currency::fromDoubleTo2HalfEven(1.005).ticks(), 10000);
+  EXPECT_EQ(Currency::fromDoubleTo2HalfEven(-0.125).ticks(), -1200);
+}
+
+double roundTo2HalfEven(double x) { return nearestEven(x * 100.0) / 100.0; }
 
 TEST(CurrencyValue, RoundsToCentsAsInTwoSteps) {
   const unsigned seed = 99;

@@ -15,7 +15,9 @@ using Microsoft::WRL::ComPtr;
 using Members = std::vector<ServedMember>;
 
 std::string textIn(const VARIANT* argument) { return storedValueOf(*argument).asText(); }
-std::int16_t indexIn(const VARIANT* argument) { return storedValueOf(*argument).asInteger(); }
+std::int16_t indexIn(const VARIANT* argument) {
+  return static_cast<std::int16_t>(storedValueOf(*argument).asLong());
+}
 
 OwnedVariant nothing() { return {}; }
 

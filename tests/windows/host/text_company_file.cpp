@@ -26,8 +26,9 @@ class TextCompanyFile::Contents {
     for (std::string line; std::getline(file, line);) {
       const std::size_t tab = line.find('\t');
       const RecordValues place = recordOfText(line.substr(0, tab));
-      tables_[place.find("Table")->asText()][place.find("Index")->asInteger()] =
-          recordOfText(line.substr(tab + 1));
+      tables_[place.find("Table")->asText()]
+             [static_cast<std::int16_t>(place.find("Index")->asLong())] =
+                 recordOfText(line.substr(tab + 1));
     }
     if (file.bad()) throw pathError();
   }
