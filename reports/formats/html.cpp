@@ -1,5 +1,7 @@
 #include "reports/formats/html.h"
 
+#include <algorithm>
+
 #include "values/html_text.h"
 #include "values/printable_text.h"
 
@@ -51,10 +53,10 @@ tfoot .sum > * { border-top: 2px solid var(--mark); border-bottom: 4px double va
   tr { break-inside: avoid; }
   thead th, .group th { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
 }
-</style>
-</head>
-<body>
 )";
+
+/// Tables with more columns than this are printed across the page.
+constexpr std::size_t columns_upright = 8;
 
 std::string shown(std::string_view text) { return htmlText(printableText(text)); }
 
@@ -136,12 +138,20 @@ class TableHtml {
   std::vector<std::size_t> shown_;
 };
 
+bool isWide(const Report& report) {
+  return std::any_of(report.tables.begin(), report.tables.end(), [](const Table& table) {
+    return shownColumns(table).size() > columns_upright;
+  });
+}
+
 }  // namespace
 
 std::string htmlReport(const Report& report) {
   const std::string title = shown(report.title);
   std::string out;
   out.append(head_before_title).append(title).append(head_after_title);
+  if (isWide(report)) out += "@page { size: landscape; }\n";
+  out += "</style>\n</head>\n<body>\n";
   out += "<h1>" + title + "</h1>\n<p>" + shown(report.covers) + "</p>\n";
   for (const Table& table : report.tables) TableHtml(table, out).write();
   for (const std::string& note : report.notes) {
