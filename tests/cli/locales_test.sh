@@ -72,6 +72,12 @@ every_command() {
     run "list-$format" list $today --format "$format" w.company
     run "register-$format" register $today --format "$format" w.company
   done
+  for format in table csv json html; do
+    for kind in schedule years rollforward journal check; do
+      run "report-$kind-$format" report "$kind" $today --format "$format" w.company
+    done
+    run "report-asset-$format" report asset --asset 1 $today --format "$format" w.company
+  done
   run bad schedule $today bad.csv
   run dump dump $today w.company
   run delete delete $today w.company 1

@@ -5,6 +5,7 @@ PROGRAM (report_files.cpp) writes reports on random registers. Journals are read
 hledger, whose balances must be each year's movements; workbooks by Gnumeric, recalculated, and pages
 by Python's HTML parser, whose tables must be those of the CSV files. They are written where numbers
 have a decimal comma.
+With DEPCALC_LONG, LibreOffice recalculates the workbooks and Chromium draws the pages, too.
 """
 import csv
 import html.parser
@@ -12,11 +13,17 @@ import io
 import json
 import os
 import random
+import re
 import subprocess
 import sys
 import tempfile
+from datetime import date
 from decimal import Decimal
 from pathlib import Path
+
+
+LONG = bool(os.environ.get("DEPCALC_LONG"))
+SHEETS = 5  # as many registers have their workbooks opened
 
 
 def run(*command, **environment):
@@ -135,8 +142,17 @@ class Tables(html.parser.HTMLParser):
             self.cell = None
 
 
+def shown_by_chromium(path):
+    """The page as the browser has it, when it is drawn."""
+    dom = path.with_suffix(".dom")
+    dom.write_text(run("chromium", "--headless", "--no-sandbox", "--disable-gpu",
+                       f"--user-data-dir={path.parent}/chromium", "--dump-dom", f"file://{path}"))
+    return dom
+
+
 def printable(text):
-    return "".join({"\n": "\\n", "\r": "\\r", "\t": "\\t"}.get(c, c) for c in text)
+    written = {"\n": "\\n", "\r": "\\r", "\t": "\\t"}
+    return "".join(written.get(c, f"\\x{ord(c):02X}" if c < " " else c) for c in text)
 
 
 def check_html(path, rows, data_table, order):
@@ -182,26 +198,57 @@ def matching(captions, names):
     return found
 
 
+def unescaped(text):
+    """As Excel reads a text; Gnumeric leaves what stands for a character as it is."""
+    return re.sub("_x([0-9A-F]{4})_", lambda found: chr(int(found[1], 16)), text)
+
+
 def same(got, expected):
-    """A number of a spreadsheet is the amount to its last digit; a date is a count of days."""
-    if got == expected:
+    """A number of a spreadsheet is the amount to its last digit; a date a date, or a count of days."""
+    if expected in (got, unescaped(got)):
         return True
     try:
         return AMOUNT(got) == AMOUNT(expected)
     except ArithmeticError:
         pass
     try:
-        return int(got) == (__import__("datetime").date.fromisoformat(expected)
-                            - __import__("datetime").date(1899, 12, 30)).days
+        day = date.fromisoformat(expected)
     except ValueError:
         return False
+    return got in (str((day - date(1899, 12, 30)).days), day.strftime("%m/%d/%Y"))
 
 
-def check_xlsx(path, rows, sheet, order):
+def gnumeric_rows(path, sheet):
     out = path.with_suffix(".sheets")
     run("ssconvert", "--recalc", "-S", "-O", "format=raw separator=, quoting-mode=auto",
         "-T", "Gnumeric_stf:stf_assistant", str(path), f"{out}.%n")
-    shown = read_csv(Path(f"{out}.{sheet}"))
+    return read_csv(Path(f"{out}.{sheet}"))
+
+
+ALWAYS_RECALCULATE = """<?xml version="1.0" encoding="UTF-8"?>
+<oor:items xmlns:oor="http://openoffice.org/2001/registry">
+<item oor:path="/org.openoffice.Office.Calc/Formula/Load">
+<prop oor:name="OOXMLRecalcMode" oor:op="fuse"><value>0</value></prop></item></oor:items>
+"""
+
+
+def convert_by_libreoffice(folder, paths):
+    profile = folder / "libreoffice" / "user"
+    profile.mkdir(parents=True)
+    (profile / "registrymodifications.xcu").write_text(ALWAYS_RECALCULATE)
+    run("soffice", f"-env:UserInstallation=file://{profile.parent}", "--headless", "--convert-to",
+        "csv:Text - txt - csv (StarCalc):44,34,76,1,,1033,false,true,false,false,false,-1",
+        "--outdir", str(folder / "by-libreoffice"), *map(str, paths))
+
+
+def libreoffice_rows(path, sheet):
+    found = sorted((path.parent / "by-libreoffice").glob(f"{path.stem}-*.csv"))
+    name = [each for each in found if each.stem.endswith("-Schedule")] or found
+    assert len(name) == 1, found
+    return read_csv(name[0])
+
+
+def check_xlsx(path, rows, shown, order):
     at = next(i for i, row in enumerate(shown) if len(row) > 1 and all(row)
               or i == 3)
     width = len(rows[0])
@@ -232,7 +279,7 @@ def same_row(row, expected):
     return len(row) >= len(expected) and all(map(same, row, expected))
 
 
-def check_tables(folder, register, with_spreadsheet):
+def check_tables(folder, register, spreadsheets):
     checked = 0
     for path in sorted(folder.glob(f"{register}-*.csv")):
         rows = read_csv(path)
@@ -249,8 +296,11 @@ def check_tables(folder, register, with_spreadsheet):
             data_table = 2 if "<caption>Disposal</caption>" in text else 1
         check_json(path.with_suffix(".json"), rows)
         check_html(path.with_suffix(".html"), rows, data_table, order)
-        if with_spreadsheet:
-            check_xlsx(path.with_suffix(".xlsx"), rows, data_table, order)
+        for rows_of in spreadsheets:
+            workbook = path.with_suffix(".xlsx")
+            check_xlsx(workbook, rows, rows_of(workbook, data_table), order)
+        if LONG and spreadsheets:
+            check_html(shown_by_chromium(path.with_suffix(".html")), rows, data_table, order)
         checked += 1
     return checked
 
@@ -272,7 +322,11 @@ def main():
         point = run(sys.argv[1], str(seed), str(count), name, LOCPATH=name, LC_ALL="de_DE.UTF-8")
         assert point == ",", "the reports were not written where numbers have a decimal comma"
         journals = sum(check_journals(folder, i) for i in range(min(count, 4)))
-        tables = sum(check_tables(folder, i, i < 5) for i in range(count))
+        if LONG:
+            convert_by_libreoffice(folder, [path for i in range(SHEETS)
+                                            for path in sorted(folder.glob(f"{i}-*.xlsx"))])
+        programs = [gnumeric_rows] + [libreoffice_rows] * LONG
+        tables = sum(check_tables(folder, i, programs if i < SHEETS else []) for i in range(count))
     assert journals > 20 and tables > 5 * count, (journals, tables)
     print(f"{journals} journals and {tables} tables agree")
 

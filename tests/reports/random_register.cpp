@@ -8,9 +8,19 @@
 namespace depcalc::testing_support {
 namespace {
 
-constexpr std::array<const char*, 12> texts{
-    "",           "Office",     "Warehouse", "Yard",    "=1+1",         "a,b",
-    "say \"so\"", "two\nlines", "-5",        "Ätna; x", "<b>&amp;</b>", "two  blanks\tand more"};
+constexpr std::array<const char*, 13> texts{"",
+                                            "Office",
+                                            "Warehouse",
+                                            "Yard",
+                                            "=1+1",
+                                            "a,b",
+                                            "say \"so\"",
+                                            "two\nlines",
+                                            "-5",
+                                            "Ätna; x",
+                                            "<b>&amp;</b>",
+                                            "two  blanks\tand more",
+                                            "\x1B[31m_x0041_"};
 constexpr std::array<const char*, 10> conventions{"0", "1", "2", "3", "4", "0", "3", "4", "7", ""};
 constexpr std::array<const char*, 11> methods_{"SL",  "SYD", "DDB", "UOP", "SL", "SYD",
                                                "DDB", "UOP", "uop", "",    "XYZ"};
