@@ -4,8 +4,8 @@
 
 #include "values/runtime_error.h"
 #include "windows/com/com_text.h"
+#include "windows/host/find_member.h"
 #include "windows/host/host_error.h"
-#include "windows/host/member_call.h"
 
 namespace depcalc {
 namespace {
@@ -39,9 +39,10 @@ OwnedVariant AutomationObject::invoke(HostRole role, WORD flags, DISPPARAMS para
   const DISPID id = memberId(*object.Get(), role);
   OwnedVariant answer;
   EXCEPINFO exception{};
-  const HRESULT done =
-      callMember(*object.Get(), id, flags, parameters,
-                 flags == DISPATCH_PROPERTYPUT ? nullptr : answer.out(), &exception);
+  UINT wrong_argument = 0;
+  const HRESULT done = object->Invoke(id, IID_NULL, host_language, flags, &parameters,
+                                      flags == DISPATCH_PROPERTYPUT ? nullptr : answer.out(),
+                                      &exception, &wrong_argument);
   if (FAILED(done)) throw errorOf(done, exception, role);
   return answer;
 }

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <utility>
 
 #include "host/fiscal_year.h"
@@ -55,15 +54,11 @@ class OneProcess final : public ::testing::Environment {
 const auto* const one_process =
     static_cast<OneProcess*>(::testing::AddGlobalTestEnvironment(new OneProcess));
 
-/// A company file of the other process.
+/// A company file in the other process's memory.
 class ProcessTestHost final : public testing_support::TestHost {
  public:
-  /// Where `path` is "", the file is in that process's memory.
-  ProcessTestHost(Date fiscal_year_start, std::string path)
-      : path_(std::move(path)),
-        host_(one_process->anotherHost()),
-        application_(automationApplication(host_.Get())) {
-    if (!path_.empty()) std::filesystem::remove(path_);
+  explicit ProcessTestHost(Date fiscal_year_start)
+      : host_(one_process->anotherHost()), application_(automationApplication(host_.Get())) {
     fiscalYearStart(fiscal_year_start);
     reopen();
   }
@@ -74,7 +69,7 @@ class ProcessTestHost final : public testing_support::TestHost {
   }
   void close() override { callByName(*host_.Get(), L"Close"); }
   void reopen() override {
-    callByName(*host_.Get(), L"Open", argument(path_));
+    callByName(*host_.Get(), L"Open", argument(""));
     file_ = application_->CompanyFile();
   }
   void fiscalYearStart(Date first_day) override {
@@ -83,15 +78,10 @@ class ProcessTestHost final : public testing_support::TestHost {
   }
 
  private:
-  std::string path_;
   ComPtr<IDispatch> host_;
   std::shared_ptr<HostApplication> application_;
   std::shared_ptr<HostCompanyFile> file_;
 };
-
-std::string pathOfTestFile() {
-  return (std::filesystem::temp_directory_path() / "automation_process_test.txt").string();
-}
 
 struct Hearing final : HostApplicationEvents, HostCompanyFileEvents {
   void CompanyFileOpened() override { ++openings; }
@@ -198,11 +188,7 @@ namespace testing_support {
 const std::vector<HostKind>& hostKinds() {
   static const std::vector<HostKind> kinds{
       {.name = "process",
-       .make = [](Date start) { return std::make_unique<ProcessTestHost>(start, ""); },
-       .keeps_bytes = false},
-      {.name = "process with a file",
-       .make =
-           [](Date start) { return std::make_unique<ProcessTestHost>(start, pathOfTestFile()); },
+       .make = [](Date start) { return std::make_unique<ProcessTestHost>(start); },
        .keeps_bytes = false},
   };
   return kinds;

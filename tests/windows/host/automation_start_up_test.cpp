@@ -157,6 +157,22 @@ TEST_F(OnAnAutomationHost, CanBeTerminatedInTheMiddleOfAnEvent) {
   file->unadvise(before);
 }
 
+TEST_F(OnAnAutomationHost, IsConnectedToWhileSomebodyListens) {
+  struct Silent final : HostApplicationEvents {
+    void CompanyFileOpened() override {}
+  } one, other;
+  const auto host = automationApplication(served.Get());
+  const ULONG unconnected = held();
+  host->advise(one);
+  host->advise(other);
+  host->unadvise(one);
+  EXPECT_GT(held(), unconnected);
+  host->unadvise(other);
+  EXPECT_EQ(held(), unconnected);
+  host->advise(one);
+  EXPECT_GT(held(), unconnected);
+}
+
 struct LettingGo final : HostApplicationEvents {
   void CompanyFileOpened() override { host = nullptr; }
   std::shared_ptr<HostApplication> host;

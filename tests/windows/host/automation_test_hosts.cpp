@@ -1,11 +1,10 @@
-// The hosts that the tests of every host run on here: company files in memory behind automation
-// objects.
+#include "tests/windows/host/automation_test_hosts.h"
+
 #include <algorithm>
 #include <utility>
 
 #include "host/fiscal_year.h"
 #include "host/memory/memory_host.h"
-#include "tests/support/test_hosts.h"
 #include "tests/windows/host/served_host.h"
 #include "windows/host/automation_host.h"
 
@@ -41,13 +40,10 @@ class InProcessHost final : public TestHost {
 
 }  // namespace
 
-const std::vector<HostKind>& hostKinds() {
-  static const std::vector<HostKind> kinds{
-      {.name = "automation",
-       .make = [](Date start) { return std::make_unique<InProcessHost>(start); },
-       .keeps_bytes = false},
-  };
-  return kinds;
+HostKind inProcessKind() {
+  return {.name = "automation",
+          .make = [](Date start) { return std::make_unique<InProcessHost>(start); },
+          .keeps_bytes = false};
 }
 
 std::vector<HostKind> hostKindsWithUnits() { return {}; }

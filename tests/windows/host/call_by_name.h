@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "windows/host/member_call.h"
+#include "windows/host/find_member.h"
 #include "windows/host/owned_variant.h"
 #include "windows/host/stored_variant.h"
 
@@ -27,8 +27,8 @@ OwnedVariant callByName(IDispatch& object, const wchar_t* name, const Arguments&
   DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(count), 0};
   OwnedVariant answer;
   if (SUCCEEDED(done)) {
-    done = callMember(object, id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters, answer.out(),
-                      nullptr);
+    done = object.Invoke(id, IID_NULL, host_language, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                         &parameters, answer.out(), nullptr, nullptr);
   }
   if (FAILED(done)) throw std::runtime_error("a call failed with " + std::to_string(done));
   return answer;

@@ -36,11 +36,12 @@ void serveBy(const CLSID& id, const std::wstring& key, const std::wstring& serve
 HostClass::HostClass(Server server) {
   CoCreateGuid(&id_);
   RegistryKey::create(classes, nameKey() + L"\\CLSID").setText(L"", textOf(id_));
-  if (server == Server::process) {
-    serveBy(id_, L"LocalServer32", L'"' + referenceHostPath() + L"\" " + textOf(id_));
-  } else {
+  if (server == Server::missing_library) {
     serveBy(id_, L"InprocServer32", L"no_such_library.dll");
+    return;
   }
+  const std::wstring program = L'"' + referenceHostPath() + L"\" " + textOf(id_);
+  serveBy(id_, L"LocalServer32", program + (server == Server::shared_process ? L" shared" : L""));
 }
 
 HostClass::~HostClass() {

@@ -25,8 +25,9 @@ inline constexpr const wchar_t* reference_host_name = L"DepCalcReferenceHost.App
 /// identifier of its own, so that no process that died answers for it.
 class HostClass {
  public:
-  /// orvw32_reference_host.exe, which lies beside this program; or a library that is not there.
-  enum class Server { process, missing_library };
+  /// orvw32_reference_host.exe, which lies beside this program, with an object for each client or
+  /// one for all; or a library that is not there.
+  enum class Server { process, shared_process, missing_library };
 
   explicit HostClass(Server server = Server::process);
   ~HostClass();

@@ -1,5 +1,6 @@
-// orvw32_reference_host.exe CLASS: a host application of its own process, started by the system for
-// whoever creates that class. It ends when nobody holds an object of it.
+// orvw32_reference_host.exe CLASS [shared]: a host application of its own process, started by the
+// system for whoever creates that class. It ends when nobody holds an object of it; shared, it has
+// one object for all and ends when it is told to.
 #include <windows.h>
 
 #include <objbase.h>
@@ -14,6 +15,10 @@ namespace {
 
 class ReferenceHostFactory final : public IClassFactory {
  public:
+  explicit ReferenceHostFactory(bool shared) {
+    if (shared) shared_ = newReferenceHost();
+  }
+
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     const bool known = id == IID_IUnknown || id == IID_IClassFactory;
     *object = known ? this : nullptr;
@@ -27,7 +32,8 @@ class ReferenceHostFactory final : public IClassFactory {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     used_ = true;
-    return newReferenceHost()->QueryInterface(id, object);
+    const auto host = shared_ != nullptr ? shared_ : newReferenceHost();
+    return host->QueryInterface(id, object);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
     locks_ += lock ? 1 : -1;
@@ -37,6 +43,7 @@ class ReferenceHostFactory final : public IClassFactory {
   [[nodiscard]] bool done() const { return used_ && locks_ <= 0 && servedObjectCount() == 0; }
 
  private:
+  Microsoft::WRL::ComPtr<IDispatch> shared_;
   bool used_ = false;
   int locks_ = 0;
 };
@@ -63,7 +70,7 @@ int main(int count, char** arguments) {
   CLSID host_class{};
   const std::string text = count > 1 ? arguments[1] : "";
   if (FAILED(CLSIDFromString(depcalc::utf16(text).c_str(), &host_class))) return 2;
-  ReferenceHostFactory factory;
+  ReferenceHostFactory factory(count > 2 && std::string(arguments[2]) == "shared");
   DWORD registration = 0;
   const HRESULT done = CoRegisterClassObject(host_class, &factory, CLSCTX_LOCAL_SERVER,
                                              REGCLS_MULTIPLEUSE, &registration);

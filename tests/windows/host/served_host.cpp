@@ -114,7 +114,10 @@ ComPtr<IDispatch> servedTable(const std::shared_ptr<HostTable>& table) {
   });
 }
 
+LONG palette_count = 0;
+
 OwnedVariant colours(const HostPicture& picture) {
+  InterlockedIncrement(&palette_count);
   std::vector<OwnedVariant> elements;
   for (const std::uint32_t colour : picture.colours) {
     elements.push_back(longVariant(static_cast<std::int32_t>(colour)));
@@ -189,6 +192,8 @@ class ServedApplication final : public ServedObject, private HostApplicationEven
 };
 
 }  // namespace
+
+LONG servedPaletteCount() { return palette_count; }
 
 ComPtr<IDispatch> servedApplication(std::shared_ptr<HostApplication> application,
                                     std::vector<ServedMember> more) {

@@ -17,4 +17,7 @@ Microsoft::WRL::ComPtr<IDispatch> servedApplication(std::shared_ptr<HostApplicat
 /// A company file; its closing is an event.
 Microsoft::WRL::ComPtr<IDispatch> servedCompanyFile(std::shared_ptr<HostCompanyFile> file);
 
+/// How often a palette was handed out.
+LONG servedPaletteCount();
+
 }  // namespace depcalc::testing_support

@@ -1,4 +1,4 @@
-#include "windows/host/member_call.h"
+#include "windows/host/find_member.h"
 
 #include <dispex.h>
 #include <wrl/client.h>
@@ -26,16 +26,6 @@ HRESULT findMember(IDispatch& object, const wchar_t* name, DISPID& id) {
   const HRESULT answer = other->GetDispID(text, fdexNameCaseInsensitive, &id);
   SysFreeString(text);
   return answer;
-}
-
-HRESULT callMember(IDispatch& object, DISPID id, WORD flags, DISPPARAMS& parameters,
-                   VARIANT* answer, EXCEPINFO* exception) {
-  UINT wrong_argument = 0;
-  const HRESULT done = object.Invoke(id, IID_NULL, host_language, flags, &parameters, answer,
-                                     exception, &wrong_argument);
-  const Extended other = done == E_NOTIMPL ? extended(object) : nullptr;
-  if (other == nullptr) return done;
-  return other->InvokeEx(id, host_language, flags, &parameters, answer, exception, nullptr);
 }
 
 }  // namespace depcalc
