@@ -24,10 +24,17 @@ constexpr std::size_t columns_on_a_page = 16;
 /// 1 March 1900; spreadsheets have a 29 February before it.
 constexpr std::int32_t first_common_day = 61;
 
+/// Where temporary files go, as the environment says where it makes sense.
+std::string temporaryFolder() {
+  std::error_code none;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(none);
+  return folder.empty() ? "/tmp" : folder.string();
+}
+
 /// An empty file of its own that goes with it.
 class TemporaryFile {
  public:
-  TemporaryFile() : path_(std::filesystem::temp_directory_path() / "depcalc-XXXXXX") {
+  TemporaryFile() : path_(temporaryFolder() + "/depcalc-XXXXXX") {
     descriptor_ = ::mkstemp(path_.data());
   }
   ~TemporaryFile() {
@@ -245,8 +252,10 @@ std::string sheetName(const Report& report, const Table& table) {
 }
 
 lxw_error writeWorkbook(const Report& report, const std::string& path) {
+  std::string folder = temporaryFolder();
   lxw_workbook_options options{};
   options.constant_memory = LXW_TRUE;
+  options.tmpdir = folder.data();
   lxw_workbook* const book = workbook_new_opt(path.c_str(), &options);
   if (book == nullptr) return LXW_ERROR_MEMORY_MALLOC_FAILED;
   const Formats formats(book);
@@ -271,7 +280,7 @@ std::string xlsxReport(const Report& report, std::string& trouble) {
   const CNumbers c_numbers;
   const TemporaryFile file;
   if (!file.isThere()) {
-    trouble = std::generic_category().message(errno);
+    trouble = "a temporary file cannot be made: " + std::generic_category().message(errno);
     return {};
   }
   if (const lxw_error error = writeWorkbook(report, file.path()); error != LXW_NO_ERROR) {
