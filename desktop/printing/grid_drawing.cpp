@@ -3,25 +3,16 @@
 #include <QFontMetricsF>
 #include <QTextLayout>
 #include <algorithm>
-#include <array>
 
+#include "controls/looks.h"
 #include "desktop/printing/twip_font.h"
 
 namespace depcalc::desktop {
 namespace {
 
-// Twips.
-constexpr double margin_beside = 55;
-constexpr double margin_above = 35;  // two lines of the usual size still fit into 450
-constexpr double inner_line = 5;
-constexpr double outer_line = 15;
+using namespace looks::printed;
 
-constexpr QColor caption_colour(239, 239, 239);
-constexpr QColor line_colour(184, 184, 184);
-constexpr QColor border_colour(102, 0, 0);
-
-/// Points. The first is the usual size, the others are for texts that do not fit.
-constexpr std::array cell_sizes = {8.0, 7.5, 7.0, 6.5, 6.0};
+QColor coloured(Colour colour) { return {colour.red(), colour.green(), colour.blue()}; }
 
 /// Where `size` begins in `room`; `part` is 0 for the start, 1 for the middle, 2 for the end.
 double placed(int part, double room, double size) { return (room - size) * part / 2; }
@@ -56,7 +47,7 @@ class CellDrawing {
       : painter_(painter),
         family_(family),
         bold_(bold),
-        usual_(twipFont(family, cell_sizes.front(), bold)),
+        usual_(twipFont(family, cell_points.front(), bold)),
         metrics_(usual_) {}
 
   void draw(const QRectF& room, const GridPicture::Cell& cell) const {
@@ -102,7 +93,7 @@ class CellDrawing {
     option.setUseDesignMetrics(true);
     layout.setTextOption(option);
     double height = 0;
-    for (const double points : cell_sizes) {
+    for (const double points : cell_points) {
       layout.setFont(twipFont(family_, points, bold_));
       height = layOut(layout, room.width());
       if (height <= room.height() && widestLine(layout) <= room.width()) break;
@@ -159,17 +150,18 @@ class GridDrawing {
 
   void fillCaptions() const {
     forEachCell([this](const QRectF& area, const GridPicture::Cell& cell) {
-      if (isBold(cell.kind)) painter_.fillRect(area, caption_colour);
+      if (isBold(cell.kind)) painter_.fillRect(area, coloured(looks::caption));
     });
   }
 
   void drawLines() const {
     const QRectF whole(QPointF(across_.front(), down_.front()),
                        QPointF(across_.back(), down_.back()));
-    painter_.setPen(QPen(line_colour, inner_line));
+    painter_.setPen(QPen(coloured(looks::printed::line), inner_line));
     for (const double y : down_) painter_.drawLine(QLineF(whole.left(), y, whole.right(), y));
     for (const double x : across_) painter_.drawLine(QLineF(x, whole.top(), x, whole.bottom()));
-    painter_.setPen(QPen(border_colour, outer_line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter_.setPen(
+        QPen(coloured(looks::accent), outer_line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawRect(whole);
   }

@@ -4,13 +4,12 @@
 #include <QColor>
 #include <QPalette>
 
-#include "controls/colour.h"
+#include "controls/looks.h"
 
 namespace depcalc::desktop {
 
 /// System colours come from the desktop's palette. The calculator's own are as they are given on
-/// a light desktop; on a dark one each keeps its hue and changes light for dark, so that what was
-/// readable stays so.
+/// a light desktop; on a dark one as `looks::onDark` says.
 class Colours {
  public:
   Colours() = default;
@@ -22,18 +21,16 @@ class Colours {
   // What the calculator gives no colour for.
   [[nodiscard]] QColor text() const { return of(window_text); }
   [[nodiscard]] QColor base() const { return of(window_background); }
-  [[nodiscard]] QColor fieldBorder() const { return own(200, 172, 140); }
-  [[nodiscard]] QColor focusRing() const { return own(178, 84, 16); }
-  [[nodiscard]] QColor gridLine() const { return own(196, 196, 196); }
-  [[nodiscard]] QColor caption() const { return own(239, 239, 239); }
-  [[nodiscard]] QColor heading() const { return own(225, 197, 168); }
-  [[nodiscard]] QColor selection() const { return own(255, 238, 212); }
-  [[nodiscard]] QColor accent() const { return own(102, 0, 0); }
-  [[nodiscard]] QColor paper() const { return own(255, 247, 232); }
+  [[nodiscard]] QColor fieldBorder() const { return of(looks::field_border); }
+  [[nodiscard]] QColor focusRing() const { return of(looks::focus_ring); }
+  [[nodiscard]] QColor gridLine() const { return of(looks::grid_line); }
+  [[nodiscard]] QColor caption() const { return of(looks::caption); }
+  [[nodiscard]] QColor heading() const { return of(looks::heading); }
+  [[nodiscard]] QColor selection() const { return of(looks::selection); }
+  [[nodiscard]] QColor accent() const { return of(looks::accent); }
+  [[nodiscard]] QColor paper() const { return of(looks::paper); }
 
  private:
-  [[nodiscard]] QColor own(int red, int green, int blue) const;
-
   QColor text_ = Qt::black;
   QColor base_ = Qt::white;
   bool dark_ = false;

@@ -3,64 +3,13 @@
 #include <QApplication>
 #include <QKeyEvent>
 
-#include "controls/label.h"
-#include "controls/option_button.h"
-#include "controls/picture_button.h"
-#include "desktop/widgets/overhang.h"
+#include "controls/accessible_text.h"
+#include "controls/overhang.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
-namespace {
 
-const Label* labelOf(const Control& control) {
-  if (control.parent() == nullptr) return nullptr;
-  for (const Control* sibling : control.parent()->children()) {
-    if (sibling->kind() != ControlKind::label) continue;
-    const auto* label = static_cast<const Label*>(sibling);
-    if (label->target() == &control) return label;
-  }
-  return nullptr;
-}
-
-QString titleOf(const UserControl& control) {
-  for (const Control* child : control.children()) {
-    if (child->kind() != ControlKind::label) continue;
-    const auto& label = static_cast<const Label&>(*child);
-    if (label.role() == LabelRole::title) return qtText(label.text()).simplified();
-  }
-  return {};
-}
-
-QString captionOf(const Control& control) {
-  switch (control.kind()) {
-    case ControlKind::label:
-      return qtText(static_cast<const Label&>(control).text()).simplified();
-    case ControlKind::optionButton:
-      return qtText(static_cast<const OptionButton&>(control).text()).simplified();
-    case ControlKind::pictureButton:
-      return qtText(static_cast<const PictureButton&>(control).caption());
-    case ControlKind::userControl:
-      return titleOf(static_cast<const UserControl&>(control));
-    default: {
-      const Label* label = labelOf(control);
-      return label == nullptr ? QString() : qtText(label->text()).simplified();
-    }
-  }
-}
-
-}  // namespace
-
-QString accessibleNameOf(const Control& control) {
-  const QString caption = captionOf(control);
-  return caption.isEmpty() ? qtText(control.name()) : caption;
-}
-
-QString accessibleDescriptionOf(const Control& control) {
-  if (control.mnemonic() != 0) return QObject::tr("Alt+%1").arg(QChar(control.mnemonic()));
-  const Label* label = labelOf(control);
-  if (label != nullptr && label->clickable()) return QObject::tr("F1 explains this field");
-  return {};
-}
+QString accessibleNameOf(const Control& control) { return qtText(accessibleName(control)); }
 
 ControlBinding::ControlBinding(QWidget& widget, Control& control, Surface& surface, Apply apply)
     : widget_(widget),
@@ -71,7 +20,7 @@ ControlBinding::ControlBinding(QWidget& widget, Control& control, Surface& surfa
   surface_.add(control_, widget_);
   widget_.setObjectName(qtText(control_.name()));
   widget_.setAccessibleName(accessibleNameOf(control_));
-  widget_.setAccessibleDescription(accessibleDescriptionOf(control_));
+  widget_.setAccessibleDescription(qtText(accessibleDescription(control_)));
   connect(&surface_, &Surface::restyled, this, [this] {
     place();
     apply_(Aspect::font);

@@ -77,7 +77,5 @@ class InputBinding : public ControlBinding {
 
 /// What a screen reader calls the control; never empty.
 [[nodiscard]] QString accessibleNameOf(const Control& control);
-/// What it says beyond the name: how to get help, which key clicks it.
-[[nodiscard]] QString accessibleDescriptionOf(const Control& control);
 
 }  // namespace depcalc::desktop

@@ -4,18 +4,11 @@
 #include <algorithm>
 
 namespace depcalc::desktop {
-namespace {
-
-constexpr double gap_twips = 60;
-constexpr double corner_twips = 45;
-
-}  // namespace
-
 FocusRing::FocusRing(QWidget& around, const QRect& part, const Surface& surface)
     : QWidget(around.parentWidget()), surface_(surface) {
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setAccessibleName(around.accessibleName());
-  const int gap = surface.scale().pixels(gap_twips);
+  const int gap = surface.scale().pixels(looks::ring_gap);
   setGeometry(part.translated(around.pos()).adjusted(-gap, -gap, gap, gap));
   show();
   raise();
@@ -26,7 +19,7 @@ void FocusRing::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const double line = 2 * std::max(1.0, surface_.scale().zoom() / 100.0);
   painter.setPen(QPen(surface_.colours().focusRing(), line));
-  const double corner = surface_.scale().exact(corner_twips);
+  const double corner = surface_.scale().exact(looks::ring_corner);
   const double inset = line / 2;
   painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), corner, corner);
 }

@@ -4,13 +4,11 @@
 #include <algorithm>
 #include <array>
 
+#include "controls/looks.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
 namespace {
-
-constexpr double cell_points = 8.25;
-constexpr int margin_twips = 60;  // twips
 
 int qtAlignment(CellAlignment alignment) {
   constexpr std::array verticals = {Qt::AlignTop, Qt::AlignVCenter, Qt::AlignBottom};
@@ -27,17 +25,9 @@ void GridPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const int row = index.row();
   const int column = index.column();
   if (row >= grid_.rows() || column >= grid_.columns()) return;
-  painter->fillRect(option.rect, background(row, column));
+  painter->fillRect(option.rect, surface_.colours().of(looks::cellGround(grid_, row, column)));
   drawText(*painter, option.rect, row, column);
   drawLines(*painter, option.rect, row, column, option.state.testFlag(QStyle::State_HasFocus));
-}
-
-QColor GridPainter::background(int row, int column) const {
-  const Colours& colours = surface_.colours();
-  const CellKind kind = grid_.kind(row, column);
-  if (kind == CellKind::heading) return colours.heading();
-  if (column > 0 && column == grid_.column()) return colours.selection();
-  return isBold(kind) ? colours.caption() : colours.base();
 }
 
 /// A text too large for its cell is drawn smaller, then with words broken, and at last from its
@@ -45,7 +35,7 @@ QColor GridPainter::background(int row, int column) const {
 void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int column) const {
   const QString text = qtText(grid_.text(row, column));
   if (text.isEmpty()) return;
-  const int margin = std::max(2, surface_.scale().pixels(margin_twips));
+  const int margin = std::max(2, surface_.scale().pixels(looks::cell_margin));
   const QRect room = cell.adjusted(margin, 1, -margin, -1);
   const int alignment = qtAlignment(grid_.alignment(row, column));
   const CellKind kind = grid_.kind(row, column);
@@ -54,8 +44,8 @@ void GridPainter::drawText(QPainter& painter, const QRect& cell, int row, int co
   painter.setClipRect(cell);
   painter.setPen(surface_.colours().text());
   const auto fits = [&](int flags) {
-    for (const double part : {1.0, 0.93, 0.87, 0.8, 0.75}) {
-      painter.setFont(qtFont({cell_points * part, isBold(kind)}, surface_.scale()));
+    for (const double part : looks::cell_parts) {
+      painter.setFont(qtFont({looks::cell_points * part, isBold(kind)}, surface_.scale()));
       const QSize needed = painter.boundingRect(room, flags, text).size();
       if (needed.height() <= room.height() && needed.width() <= room.width()) return true;
     }
@@ -78,7 +68,7 @@ void GridPainter::drawLines(QPainter& painter, const QRect& cell, int row, int c
   const int line = 1;
   painter.fillRect(cell.left(), cell.bottom(), cell.width(), line, colours.gridLine());
   painter.fillRect(cell.right(), cell.top(), line, cell.height(), colours.gridLine());
-  if (column > 0 && column == grid_.column()) {
+  if (looks::isMarkedColumn(grid_, column)) {
     painter.fillRect(cell.left(), cell.top(), 2, cell.height(), colours.accent());
     painter.fillRect(cell.right() - 1, cell.top(), 2, cell.height(), colours.accent());
   }

@@ -20,7 +20,6 @@ class GridPainter : public QStyledItemDelegate {
              const QModelIndex& index) const override;
 
  private:
-  [[nodiscard]] QColor background(int row, int column) const;
   void drawText(QPainter& painter, const QRect& cell, int row, int column) const;
   void drawLines(QPainter& painter, const QRect& cell, int row, int column, bool focused) const;
 

@@ -5,15 +5,6 @@
 #include <algorithm>
 
 namespace depcalc::desktop {
-namespace {
-
-// Twips.
-constexpr double corner_twips = 45;
-constexpr double arrow_twips = 120;
-constexpr double option_twips = 195;
-
-}  // namespace
-
 InputStyle::InputStyle(Surface& surface)
     : QProxyStyle(QStringLiteral("fusion")), surface_(surface) {
   setParent(&surface);
@@ -31,12 +22,12 @@ void InputStyle::drawField(QPainter& painter, const QRectF& area, bool focused,
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(focused ? colours.focusRing() : colours.fieldBorder(), line));
   painter.setBrush(fill);
-  const double corner = surface_.scale().exact(corner_twips);
+  const double corner = surface_.scale().exact(looks::field_corner);
   painter.drawRoundedRect(area.adjusted(line / 2, line / 2, -line / 2, -line / 2), corner, corner);
 }
 
 void InputStyle::drawArrow(QPainter& painter, const QRectF& area) const {
-  const double size = surface_.scale().exact(arrow_twips);
+  const double size = surface_.scale().exact(looks::list_arrow);
   const QPointF middle = area.center();
   painter.setPen(QPen(surface_.colours().accent(), std::max(1.0, size / 6), Qt::SolidLine,
                       Qt::RoundCap, Qt::RoundJoin));
@@ -100,7 +91,7 @@ void InputStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
 int InputStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                             const QWidget* widget) const {
   if (metric == PM_ExclusiveIndicatorWidth || metric == PM_ExclusiveIndicatorHeight) {
-    return surface_.scale().pixels(option_twips);
+    return surface_.scale().pixels(looks::option_mark);
   }
   return QProxyStyle::pixelMetric(metric, option, widget);
 }

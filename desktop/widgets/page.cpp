@@ -5,8 +5,8 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "controls/overhang.h"
 #include "desktop/widgets/arrow_keys.h"
-#include "desktop/widgets/overhang.h"
 #include "desktop/widgets/user_control_widget.h"
 
 namespace depcalc::desktop {

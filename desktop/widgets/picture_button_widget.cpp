@@ -27,7 +27,7 @@ void PictureButtonWidget::paintEvent(QPaintEvent*) {
   const PictureButton& named = button_.under() != nullptr ? *button_.under() : button_;
   const QString caption = qtText(button_.caption());
   drawButton(painter, rect(),
-             {qtText(button_.picture()), caption, mnemonicPosition(caption, named.mnemonic()),
+             {button_.picture(), caption, mnemonicPosition(caption, named.mnemonic()),
               button_.role() == ButtonRole::primary, underMouse()},
              binding_.colours(), binding_.scale());
 }

@@ -4,36 +4,17 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <algorithm>
 #include <cmath>
 
+#include "controls/looks.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
 namespace {
 
-constexpr double corner_twips = 75;  // twips
-
-constexpr float faint = 0.2F;  // of the usual opacity
-
 bool isTab(const Label& label) { return label.role() == LabelRole::tab; }
 
-/// Whether the frame of a page lies within that of the whole screen. The outer one is then a faint
-/// line, or the two would stand side by side.
-bool surroundsPage(const Shape& shape) {
-  const std::vector<Control*>& siblings = shape.parent()->children();
-  return !shape.rounded() &&
-         std::any_of(siblings.begin(), siblings.end(), [](const Control* sibling) {
-           return sibling->kind() == ControlKind::shape &&
-                  static_cast<const Shape*>(sibling)->rounded();
-         });
-}
-
-/// Blanks around a text of one line make room for nothing here.
-QString shownText(const Label& label) {
-  const QString text = qtText(label.text());
-  return label.wordWrap() ? text : text.trimmed();
-}
+QString shownText(const Label& label) { return qtText(looks::shownText(label)); }
 
 QPainterPath tabOutline(const QRectF& area, double corner) {
   QPainterPath path(area.bottomLeft());
@@ -68,7 +49,7 @@ void LabelWidget::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const Colours& colours = binding_.colours();
   if (isTab(label_)) {
-    painter.fillPath(tabOutline(rect(), binding_.scale().exact(corner_twips)),
+    painter.fillPath(tabOutline(rect(), binding_.scale().exact(looks::frame_corner)),
                      colours.of(label_.backColour()));
   }
   painter.setPen(colours.of(label_.foreColour()));
@@ -125,15 +106,15 @@ ShapeWidget::ShapeWidget(Shape& shape, Surface& surface, QWidget* parent)
 void ShapeWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const bool outer = surroundsPage(shape_);
+  const bool outer = looks::surroundsPage(shape_);
   const double line = std::max(1.0, binding_.scale().zoom() / 100.0) * (outer ? 1.0 : 1.5);
   QColor border = binding_.colours().of(shape_.foreColour());
-  if (outer) border.setAlphaF(faint);
+  if (outer) border.setAlphaF(static_cast<float>(looks::faint));
   painter.setPen(QPen(border, line));
   painter.setBrush(binding_.colours().of(shape_.backColour()));
   const double inset = line / 2;
   const QRectF area = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-  const double corner = shape_.rounded() ? binding_.scale().exact(corner_twips) : 0;
+  const double corner = shape_.rounded() ? binding_.scale().exact(looks::frame_corner) : 0;
   painter.drawRoundedRect(area, corner, corner);
 }
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "common/trapped.h"
-#include "desktop/widgets/keyboard.h"
+#include "controls/keyboard.h"
 
 namespace depcalc::desktop {
 
@@ -41,41 +41,25 @@ void Surface::paintAtIdle() {
 
 void Surface::tab(bool backwards) {
   const std::vector<Control*> stops = tabStops(stage_);
-  const auto found = std::find_if(stops.begin(), stops.end(), [this](const Control* stop) {
+  const auto keys_at = std::find_if(stops.begin(), stops.end(), [this](const Control* stop) {
     const QWidget* const its = widget(*stop);
     return its != nullptr && its->hasFocus();
   });
-  const auto at = static_cast<std::size_t>(found - stops.begin());
-  if (at < stops.size()) {
-    // Back from the first one leads nowhere either.
-    const std::size_t next = backwards ? at - 1 : at + 1;
-    next < stops.size() ? giveKeysTo(*stops[next], backwards) : tabIntoFields(backwards);
-    return;
+  const TabStep step = tabStep(stage_, keys_at == stops.end() ? nullptr : *keys_at, backwards);
+  switch (step.kind) {
+    case TabStep::Kind::stop:
+      giveKeysTo(*step.target, backwards);
+      break;
+    case TabStep::Kind::field:
+      act([&step](User& user) { user.moveFocus(static_cast<InputControl&>(*step.target)); });
+      if (stage_.focused() != nullptr) giveKeysTo(*stage_.focused(), backwards);
+      break;
+    case TabStep::Kind::along:
+      focus_reason_ = backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason;
+      act([backwards](User& user) { user.tab(backwards); });
+      focus_reason_ = Qt::OtherFocusReason;
+      break;
   }
-  const std::vector<InputControl*> fields = tabFields(stage_);
-  const bool leaves =
-      fields.empty() || stage_.focused() == (backwards ? fields.front() : fields.back());
-  if (leaves && !stops.empty()) {
-    giveKeysTo(backwards ? *stops.back() : *stops.front(), backwards);
-  } else {
-    focus_reason_ = backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason;
-    act([backwards](User& user) { user.tab(backwards); });
-    focus_reason_ = Qt::OtherFocusReason;
-  }
-}
-
-/// From the buttons on to the first field, or back to the last. The field that has the model's
-/// focus may keep it, and then gets the keys, too.
-void Surface::tabIntoFields(bool backwards) {
-  const std::vector<InputControl*> fields = tabFields(stage_);
-  if (fields.empty()) {
-    const std::vector<Control*> stops = tabStops(stage_);
-    giveKeysTo(backwards ? *stops.back() : *stops.front(), backwards);
-    return;
-  }
-  InputControl& target = backwards ? *fields.back() : *fields.front();
-  act([&target](User& user) { user.moveFocus(target); });
-  if (stage_.focused() != nullptr) giveKeysTo(*stage_.focused(), backwards);
 }
 
 /// Only so do buttons and links get them: none has a focus policy, or Qt would choose one by itself

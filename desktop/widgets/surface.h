@@ -31,9 +31,8 @@ class Surface : public QObject {
   void act(const std::function<void(User&)>& action);
   void paintAtIdle();
 
-  /// Moves the focus along the controls; the widget that gets it is told that it was by Tab. Beyond
-  /// the last field come the buttons and links of the page. Their widgets take the keys; the
-  /// model's focus stays in its field, as it does when the mouse presses them.
+  /// Moves the focus along the controls, and the keys to the buttons and links beyond them, as
+  /// `tabStep` says; the widget that gets them is told that it was by Tab.
   void tab(bool backwards);
   [[nodiscard]] Qt::FocusReason focusReason() const { return focus_reason_; }
 
@@ -70,7 +69,6 @@ class Surface : public QObject {
  private:
   bool press(Control* control);
   void giveKeysTo(const Control& control, bool backwards);
-  void tabIntoFields(bool backwards);
   void restoreKeys();
 
   Stage& stage_;

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/looks.h"
+
 namespace depcalc::desktop {
 namespace {
 
@@ -109,13 +111,9 @@ TextExtent measuredText(std::string_view text, const Font& font, int wrap_width,
 }
 
 int mnemonicPosition(const QString& text, char letter) {
-  if (letter == 0) return -1;
-  const QChar wanted = QChar::fromLatin1(letter);
-  for (int i = 0; i < text.size(); ++i) {
-    const bool at_start = i == 0 || text[i - 1].isSpace();
-    if (at_start && text[i].toUpper() == wanted.toUpper()) return i;
-  }
-  return static_cast<int>(text.indexOf(wanted, 0, Qt::CaseInsensitive));
+  const auto* const units = reinterpret_cast<const char16_t*>(text.utf16());
+  return looks::mnemonicPosition(std::u16string_view(units, static_cast<std::size_t>(text.size())),
+                                 letter);
 }
 
 }  // namespace depcalc::desktop

@@ -9,7 +9,6 @@ namespace depcalc::desktop {
 namespace {
 
 constexpr char32_t delete_key = 127;
-constexpr int margin_twips = 60;  // twips
 
 /// The character that a key stands for; 0: none, as for arrows, Delete and shortcuts.
 char32_t characterOf(const QKeyEvent& event) {
@@ -45,7 +44,7 @@ void TextBoxWidget::apply(Aspect aspect) {
     case Aspect::font: {
       setFont(qtFont(box_.font(), binding_.scale()));
       setAlignment(Qt::AlignVCenter | qtAlignment(box_.alignment()));
-      const int margin = binding_.scale().pixels(margin_twips);
+      const int margin = binding_.scale().pixels(looks::field_margin);
       setTextMargins(margin, 0, margin, 0);
       break;
     }

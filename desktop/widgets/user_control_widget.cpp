@@ -3,9 +3,9 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "controls/overhang.h"
 #include "desktop/widgets/grid_widget.h"
 #include "desktop/widgets/input_widgets.h"
-#include "desktop/widgets/overhang.h"
 #include "desktop/widgets/picture_button_widget.h"
 #include "desktop/widgets/simple_widgets.h"
 

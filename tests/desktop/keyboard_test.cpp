@@ -1,8 +1,8 @@
 // The keys that mean the same everywhere, and what assistive tools see.
 #include <QAccessible>
 
-#include "desktop/widgets/keyboard.h"
-#include "desktop/widgets/pictures.h"
+#include "controls/button_pictures.h"
+#include "controls/keyboard.h"
 #include "tests/desktop/page_fixture.h"
 
 namespace depcalc::testing {
@@ -126,11 +126,11 @@ TEST_F(Keyboard, AssistiveToolsPressLabelsAndButtons) {
 }
 
 TEST(Pictures, KnowEveryButtonOfTheCalculator) {
-  for (const char* name : {"calc", "new", "save", "edit", "delete", "print", "close"}) {
-    EXPECT_TRUE(desktop::hasPicture(name)) << name;
-    EXPECT_TRUE(desktop::hasPicture(QString(name) + "-pressed")) << name;
+  for (const std::string name : {"calc", "new", "save", "edit", "delete", "print", "close"}) {
+    EXPECT_TRUE(hasPicture(name)) << name;
+    EXPECT_TRUE(hasPicture(name + "-pressed")) << name;
   }
-  EXPECT_FALSE(desktop::hasPicture("nothing"));
+  EXPECT_FALSE(hasPicture("nothing"));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Tab beyond the last field: the buttons and links of the page.
-#include "desktop/widgets/keyboard.h"
+#include "controls/keyboard.h"
 #include "tests/desktop/window_fixture.h"
 
 namespace depcalc::testing {
@@ -121,7 +121,7 @@ TEST_F(TabStops, ShowARing) {
     return count;
   };
   click(form().ProdCapText);
-  for (const Control* stop : desktop::tabStops(calculator().stage())) {
+  for (const Control* stop : tabStops(calculator().stage())) {
     EXPECT_EQ(coloured(*stop), 0) << stop->name();
     key(Qt::Key_Tab);
     ASSERT_EQ(keys(), stop->name());

@@ -3,7 +3,7 @@
 
 #include "controls/user_control.h"
 
-namespace depcalc::desktop {
+namespace depcalc {
 
 /// The control's size in twips, made larger for the user controls shown in it that reach beyond its
 /// right and bottom edges, with a little room behind them.
@@ -12,4 +12,4 @@ namespace depcalc::desktop {
 /// Whether `child` stands somewhere in front of a screen, and is none itself.
 [[nodiscard]] bool floats(const Control& child);
 
-}  // namespace depcalc::desktop
+}  // namespace depcalc

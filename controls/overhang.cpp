@@ -1,8 +1,8 @@
-#include "desktop/widgets/overhang.h"
+#include "controls/overhang.h"
 
 #include <algorithm>
 
-namespace depcalc::desktop {
+namespace depcalc {
 namespace {
 
 constexpr int room_behind = 120;  // twips
@@ -26,4 +26,4 @@ bool floats(const Control& child) {
   return child.kind() == ControlKind::userControl && (child.left() != 0 || child.top() != 0);
 }
 
-}  // namespace depcalc::desktop
+}  // namespace depcalc

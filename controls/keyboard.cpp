@@ -1,4 +1,4 @@
-#include "desktop/widgets/keyboard.h"
+#include "controls/keyboard.h"
 
 #include <algorithm>
 #include <cctype>
@@ -6,7 +6,7 @@
 #include "controls/label.h"
 #include "controls/picture_button.h"
 
-namespace depcalc::desktop {
+namespace depcalc {
 namespace {
 
 /// Everything shown, what lies in front first.
@@ -127,4 +127,34 @@ Control* closeTarget(const Stage& stage) {
   });
 }
 
-}  // namespace depcalc::desktop
+namespace {
+
+TabStep toStop(const std::vector<Control*>& stops, bool backwards) {
+  return {TabStep::Kind::stop, backwards ? stops.back() : stops.front()};
+}
+
+TabStep intoFields(const Stage& stage, const std::vector<Control*>& stops, bool backwards) {
+  const std::vector<InputControl*> fields = tabFields(stage);
+  if (fields.empty()) return toStop(stops, backwards);
+  return {TabStep::Kind::field, backwards ? fields.back() : fields.front()};
+}
+
+}  // namespace
+
+TabStep tabStep(const Stage& stage, const Control* keys_at, bool backwards) {
+  const std::vector<Control*> stops = tabStops(stage);
+  const auto found = std::find(stops.begin(), stops.end(), keys_at);
+  if (found != stops.end()) {
+    // Back from the first one leads nowhere either.
+    const auto next =
+        static_cast<std::size_t>(found - stops.begin()) + (backwards ? ~std::size_t{0} : 1);
+    if (next < stops.size()) return {TabStep::Kind::stop, stops[next]};
+    return intoFields(stage, stops, backwards);
+  }
+  const std::vector<InputControl*> fields = tabFields(stage);
+  const bool leaves =
+      fields.empty() || stage.focused() == (backwards ? fields.front() : fields.back());
+  return leaves && !stops.empty() ? toStop(stops, backwards) : TabStep{};
+}
+
+}  // namespace depcalc

@@ -5,7 +5,7 @@
 
 #include "controls/stage.h"
 
-namespace depcalc::desktop {
+namespace depcalc {
 
 /// The control shown that Alt and `letter` click; of several the one furthest in front. None:
 /// null.
@@ -25,4 +25,20 @@ namespace depcalc::desktop {
 /// The close button of the popup furthest in front. None: null.
 [[nodiscard]] Control* closeTarget(const Stage& stage);
 
-}  // namespace depcalc::desktop
+/// Where Tab leads. Beyond the last field come the stops, which get the keys while the focus stays
+/// in its field, as it does when the mouse presses them.
+struct TabStep {
+  enum class Kind {
+    stop,   ///< `target` gets the keys
+    field,  ///< from the stops into a field: the focus is asked for, and whoever has it then gets
+            ///< the keys
+    along   ///< from field to field: `User::tab`
+  };
+  Kind kind = Kind::along;
+  Control* target = nullptr;
+};
+
+/// `keys_at`: the stop that has the keys, nothing where a field has them.
+[[nodiscard]] TabStep tabStep(const Stage& stage, const Control* keys_at, bool backwards);
+
+}  // namespace depcalc
