@@ -56,20 +56,22 @@ constexpr std::array<std::string_view, 2> popups = {"DepCalcPopup1", "DepCalcPop
 }  // namespace
 
 Driver::Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out,
-               const DriveOptions& options)
+               const DriveOptions& options, const DriveParts& parts)
     : host_(host),
       out_(out),
       options_(options),
-      site_(out, options.today),
+      site_(parts.site ? parts.site(out, options.today)
+                       : std::make_unique<DriveSite>(out, options.today)),
       events_(screens, options.events ? &out : nullptr),
-      container_(stage_, events_, [&host] { return host.application(); }) {}
+      container_(stage_, events_, [&host] { return host.application(); }),
+      hands_(parts.hands ? parts.hands(container_) : std::make_unique<ModelHands>(stage_)) {}
 
 void Driver::run(std::string_view line) {
   if (line.empty() || line.front() == '#') return;
   const std::string command(takeWord(line));
   try {
     act(command, line);
-    if (!options_.manual_paint) stage_.pumpPaint();
+    options_.manual_paint ? hands_->settle() : hands_->idle();
   } catch (const RuntimeError& error) {
     out_ << "error #" << error.number() << ": " << error.description() << '\n';
   }
@@ -86,23 +88,23 @@ bool Driver::actOnHost(const std::string& command, std::string_view rest) {
   if (command == "start") {
     container_.DepCalcCont_Initialize();
   } else if (command == "answer") {
-    site_.queueAnswer(named(answers, rest));
+    site_->queueAnswer(named(answers, rest));
   } else if (command == "idle") {
-    stage_.pumpPaint();
+    hands_->idle();
   } else if (command == "expose") {
     stage_.expose();
   } else if (command == "leave") {
-    user_.leave();
+    hands_->leave();
   } else if (command == "mode") {
     host_.setMultiUser(
         named(std::array{Named<bool>{"single", false}, Named<bool>{"multi", true}}, rest));
   } else if (command == "printer") {
-    site_.setHasPrinter(
+    site_->setHasPrinter(
         named(std::array{Named<bool>{"on", true}, Named<bool>{"off", false}}, rest));
   } else if (command == "paper") {
     setPaper(rest);
   } else if (command == "failpage") {
-    site_.recorder().failOnPage(takeNumber(rest));
+    site_->recorder().failOnPage(takeNumber(rest));
   } else if (command == "company" && rest == "close") {
     host_.close();
   } else if (command == "company" && takeWord(rest) == "open") {
@@ -116,18 +118,18 @@ bool Driver::actOnHost(const std::string& command, std::string_view rest) {
 void Driver::setPaper(std::string_view rest) {
   const int width = takeNumber(rest);
   const int height = takeNumber(rest);
-  site_.recorder().setPrintableSize(width, height);
+  site_->recorder().setPrintableSize(width, height);
 }
 
 bool Driver::actByKeyboard(const std::string& command, std::string_view rest) {
   if (command == "focus") {
-    user_.moveFocus(controlOf<InputControl>(rest));
+    hands_->moveFocus(controlOf<InputControl>(rest));
   } else if (command == "type") {
-    user_.type(rest);
+    hands_->type(rest);
   } else if (command == "paste") {
-    user_.paste(std::string(rest));
+    hands_->paste(std::string(rest));
   } else if (command == "clear") {
-    user_.clear();
+    hands_->paste({});
   } else if (command == "key") {
     pressKey(rest);
   } else {
@@ -137,22 +139,22 @@ bool Driver::actByKeyboard(const std::string& command, std::string_view rest) {
 }
 
 void Driver::pressKey(std::string_view name) {
-  if (name == "Tab" || name == "Shift+Tab") return user_.tab(name != "Tab");
+  if (name == "Tab" || name == "Shift+Tab") return hands_->tab(name != "Tab");
   for (const auto& [key, direction] : arrows) {
-    if (key == name) return user_.arrow(direction);
+    if (key == name) return hands_->arrow(direction);
   }
-  user_.typeKey(named(keys, name));
+  hands_->typeKey(named(keys, name));
 }
 
 bool Driver::actByMouse(const std::string& command, std::string_view rest) {
   if (command == "choose") {
     choose(rest);
   } else if (command == "click") {
-    user_.click(control(rest));
+    hands_->click(control(rest));
   } else if (command == "press") {
-    user_.mouseDown(control(rest));
+    hands_->mouseDown(control(rest));
   } else if (command == "release") {
-    user_.mouseUp(rest.empty() ? nullptr : &control(rest));
+    hands_->mouseUp(rest.empty() ? nullptr : &control(rest));
   } else if (command == "cell") {
     clickCell(rest);
   } else {
@@ -164,7 +166,8 @@ bool Driver::actByMouse(const std::string& command, std::string_view rest) {
 void Driver::choose(std::string_view rest) {
   auto& list = controlOf<DropDownList>(takeWord(rest));
   for (int index = 0; index < list.count(); ++index) {
-    if (list.items()[static_cast<std::size_t>(index)] == rest) return user_.chooseItem(list, index);
+    if (list.items()[static_cast<std::size_t>(index)] == rest)
+      return hands_->chooseItem(list, index);
   }
   throw ScriptError(list.name() + " has no item '" + std::string(rest) + "'");
 }
@@ -173,7 +176,7 @@ void Driver::clickCell(std::string_view rest) {
   auto& grid = controlOf<Grid>(takeWord(rest));
   const int row = takeNumber(rest);
   const int column = takeNumber(rest);
-  user_.clickCell(grid, row, column);
+  hands_->clickCell(grid, row, column);
 }
 
 bool Driver::raiseEvent(const std::string& command, std::string_view rest) {
@@ -235,7 +238,7 @@ bool Driver::look(const std::string& command, std::string_view rest) {
   } else if (command == "popups") {
     printPopups();
   } else if (command == "pages") {
-    printPages(out_, site_.recorder().pages());
+    printPages(out_, site_->recorder().pages());
   } else {
     return false;
   }
@@ -252,7 +255,7 @@ bool Driver::lookAtLayout(const std::string& command, std::string_view rest) {
   } else if (command == "controls") {
     printControls(out_, screenOf(rest));
   } else if (command == "jobs") {
-    out_ << "jobs " << site_.recorder().jobs() << '\n';
+    out_ << "jobs " << site_->recorder().jobs() << '\n';
   } else {
     return false;
   }

@@ -1,6 +1,7 @@
 // A calculator driven by commands, one a line.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <stdexcept>
@@ -8,10 +9,10 @@
 #include <string_view>
 
 #include "DepCalc/dep_calc_cont.h"
-#include "controls/user.h"
 #include "tests/drive/drive_host.h"
 #include "tests/drive/drive_site.h"
 #include "tests/drive/event_tap.h"
+#include "tests/drive/hands.h"
 
 namespace depcalc::drive {
 
@@ -25,6 +26,13 @@ struct DriveOptions {
   Date today;
   bool manual_paint = false;  ///< only `idle` delivers pending paints
   bool events = false;        ///< prints the register's events, as EventTap says
+};
+
+/// How the calculator is reached and what surrounds it; by default the control model itself and
+/// what prints all that a user would notice.
+struct DriveParts {
+  std::function<std::unique_ptr<DriveSite>(std::ostream& out, Date today)> site;
+  std::function<std::unique_ptr<Hands>(DepCalcCont& container)> hands;
 };
 
 /// What a user does: start · answer Yes|No|Cancel · focus NAME · type TEXT · paste TEXT · clear ·
@@ -50,15 +58,16 @@ struct DriveOptions {
 /// lines and lines that begin with # do nothing.
 class Driver {
  public:
-  Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options);
+  Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out, const DriveOptions& options,
+         const DriveParts& parts = {});
 
   /// Runs one command. Throws ScriptError, and Unanswered for a question without an answer. A
   /// run-time error that no trap of the calculator caught is printed.
   void run(std::string_view line);
 
   /// Questions for which no answer is queued are put to `answer`.
-  void answerWith(DriveSite::Answerer answer) { site_.answerWith(std::move(answer)); }
-  void forgetPages() { site_.recorder().forget(); }
+  void answerWith(DriveSite::Answerer answer) { site_->answerWith(std::move(answer)); }
+  void forgetPages() { site_->recorder().forget(); }
   [[nodiscard]] const DepCalcCont& container() const { return container_; }
 
  private:
@@ -92,11 +101,11 @@ class Driver {
   DriveHost& host_;
   std::ostream& out_;
   DriveOptions options_;
-  DriveSite site_;
-  Stage stage_{site_, &site_};
-  User user_{stage_};
+  std::unique_ptr<DriveSite> site_;
+  Stage stage_{*site_, site_.get()};
   EventTap events_;
   DepCalcCont container_;
+  std::unique_ptr<Hands> hands_;
 };
 
 }  // namespace depcalc::drive

@@ -40,12 +40,12 @@ GoldenSettings settingsOf(std::string_view file) {
 }  // namespace
 
 std::string goldenTranscript(std::string_view file, const HostMaker& make_host,
-                             ScreenMaker& screens) {
+                             ScreenMaker& screens, const DriveParts& parts) {
   const GoldenSettings settings = settingsOf(file);
   const std::unique_ptr<DriveHost> host = make_host(settings);
   if (settings.company_file) host->open("golden.company");
   std::ostringstream out;
-  Driver driver(*host, screens, out, settings.options);
+  Driver driver(*host, screens, out, settings.options, parts);
   std::istringstream lines{std::string(file)};
   try {
     for (std::string line; std::getline(lines, line);) {

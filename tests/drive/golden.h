@@ -26,6 +26,6 @@ using HostMaker = std::function<std::unique_ptr<DriveHost>(const GoldenSettings&
 /// "# option: --no-host-file" or "# option: DRIVE_EVENTS" say how to run. A script that cannot go
 /// on ends with "stopped: " and the reason.
 std::string goldenTranscript(std::string_view file, const HostMaker& make_host,
-                             ScreenMaker& screens);
+                             ScreenMaker& screens, const DriveParts& parts = {});
 
 }  // namespace depcalc::drive
