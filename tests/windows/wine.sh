@@ -48,6 +48,8 @@ case $action in
     mkfifo "$session/nothing"
     "$wine" cmd <>"$session/nothing" >"$session/waiting.log" 2>&1 &
     "$wine" cmd /c exit >"$session/boot.log" 2>&1
+    # Without a window manager there is nobody to answer, and each new window would wait for one.
+    "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N >>"$session/boot.log" 2>&1
     ;;
   run)
     DISPLAY=":$(<"$session/display")" exec "$wine" "$@"
