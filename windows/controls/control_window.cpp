@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "controls/accessible_text.h"
+#include "controls/overhang.h"
 #include "controls/user_control.h"
 #include "windows/com/com_text.h"
 #include "windows/controls/accessible.h"
@@ -16,6 +17,12 @@ constexpr const wchar_t* property = L"DepCalcControlWindow";
 
 /// No window may be much larger than this; one whose control is, covers what is to be seen of it.
 constexpr int largest = 16000;  // pixels
+
+/// The outermost control has room for what reaches beyond its edges.
+Place placeOf(const Control& control) {
+  return control.parent() == nullptr ? placeWithOverhang(static_cast<const UserControl&>(control))
+                                     : control.place();
+}
 
 }  // namespace
 
@@ -105,7 +112,12 @@ LRESULT ControlWindow::handleMessage(UINT message, WPARAM wide, LPARAM low) {
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
       const LRESULT result = original(message, wide, low);
-      focusMoved(reinterpret_cast<HWND>(wide), message == WM_SETFOCUS);
+      if (!alive()) return result;
+      const HWND window = handle_;
+      surface_->focusMoved(reinterpret_cast<HWND>(wide), message == WM_SETFOCUS);
+      if (alive() && message == WM_SETFOCUS) {
+        PostMessageW(surface_->frame(), ask_focus_message, reinterpret_cast<WPARAM>(window), 0);
+      }
       return result;
     }
     case WM_ERASEBKGND:
@@ -132,19 +144,6 @@ bool ControlWindow::pageKey(UINT message, WPARAM key, LPARAM low) {
   const bool handled = kept->handleKey(key, alt);
   kept->setSwallowsCharacter(handled);
   return handled;
-}
-
-void ControlWindow::focusMoved(HWND other, bool in) {
-  if (!alive()) return;
-  const HWND frame = surface_->frame();
-  const bool ours = other == frame || (other != nullptr && IsChild(frame, other) != FALSE);
-  // A box above the page, or another program: the focus comes back to where it was.
-  const bool elsewhere =
-      other == nullptr || GetAncestor(other, GA_ROOT) != GetAncestor(frame, GA_ROOT);
-  const auto kept = surface_;
-  if (!ours && !elsewhere && kept->events().focus) kept->events().focus(in);
-  if (in && kept->alive())
-    PostMessageW(frame, ask_focus_message, reinterpret_cast<WPARAM>(handle_), 0);
 }
 
 void ControlWindow::changed(Aspect aspect) {
@@ -189,7 +188,7 @@ void ControlWindow::changed(Aspect aspect) {
 void ControlWindow::place(const Around& around) {
   around_ = around;
   if (handle_ == nullptr) return;
-  const RECT area = surface_->zoom().rect(control_.place(), around.corner);
+  const RECT area = surface_->zoom().rect(placeOf(control_), around.corner);
   RECT window = windowArea(area);
   if (window.right - window.left > largest || window.bottom - window.top > largest) {
     IntersectRect(&window, &window, &around.seen);

@@ -81,7 +81,6 @@ class ControlWindow : public std::enable_shared_from_this<ControlWindow> {
 
   void attach(HWND window);
   void changed(Aspect aspect);
-  void focusMoved(HWND other, bool in);
   void paintBuffered(const std::function<void(const Canvas&, const RECT&)>& draw);
 
   Control& control_;

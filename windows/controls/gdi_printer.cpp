@@ -6,7 +6,7 @@
 
 namespace depcalc::native {
 
-GdiPrinter::GdiPrinter(std::unique_ptr<PageDevice> device, std::wstring family)
+GdiPrinter::GdiPrinter(std::unique_ptr<PageDevice> device, const std::wstring& family)
     : device_(std::move(device)), measure_(family), fonts_(family, device_->zoom().y * 1440) {}
 
 GdiPrinter::~GdiPrinter() { device_->abort(); }

@@ -15,7 +15,7 @@ namespace depcalc::native {
 class GdiPrinter : public Printer {
  public:
   /// Texts have that family.
-  GdiPrinter(std::unique_ptr<PageDevice> device, std::wstring family);
+  GdiPrinter(std::unique_ptr<PageDevice> device, const std::wstring& family);
   ~GdiPrinter() override;
 
   void setFontSize(double points) override { font_.size = points; }

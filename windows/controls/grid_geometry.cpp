@@ -62,6 +62,8 @@ void drawCell(const Canvas& canvas, const Grid& grid, const RECT& cell, int row,
   drawLines(canvas, grid, cell, row, column, focused);
 }
 
+bool hasCells(const Grid& grid) { return grid.rows() > 0 && grid.columns() > 0; }
+
 }  // namespace
 
 GridGeometry::GridGeometry(const Grid& grid, const Zoom& zoom)
@@ -76,6 +78,21 @@ RECT GridGeometry::cell(int row, int column) const {
 
 int GridGeometry::rowAt(int y) const { return sectionAt(down_, y); }
 int GridGeometry::columnAt(int x) const { return sectionAt(across_, x); }
+
+void drawGridGround(const Canvas& canvas, const Grid& grid, const RECT& area) {
+  const Colour ground = hasCells(grid) ? looks::groundBehind(grid) : grid.backColour();
+  canvas.fill(area, canvas.tones().ground(ground));
+}
+
+void drawGridFrame(const Canvas& canvas, const GridGeometry& geometry, const RECT& area,
+                   POINT corner) {
+  RECT frame = area;
+  if (geometry.width() > 0 && geometry.height() > 0) {
+    frame.right = std::min<LONG>(area.right, corner.x + geometry.width());
+    frame.bottom = std::min<LONG>(area.bottom, corner.y + geometry.height());
+  }
+  canvas.frame(frame, {0, canvas.line(), canvas.tones().ink(looks::grid_line), std::nullopt});
+}
 
 void drawCells(const Canvas& canvas, const Grid& grid, const GridGeometry& geometry,
                const RECT& part, POINT corner, bool focused) {

@@ -29,6 +29,12 @@ class GridGeometry {
   std::vector<int> down_{0};
 };
 
+/// Behind the cells and around them, the grid's corner at `corner`: the model leaves a little more
+/// room than they take. Of a grid without cells its area is one.
+void drawGridGround(const Canvas& canvas, const Grid& grid, const RECT& area);
+void drawGridFrame(const Canvas& canvas, const GridGeometry& geometry, const RECT& area,
+                   POINT corner);
+
 /// Draws the cells that meet `part`, both in pixels from the grid's corner, the grid's corner at
 /// `corner`. `focused`: the current cell has a ring.
 void drawCells(const Canvas& canvas, const Grid& grid, const GridGeometry& geometry,

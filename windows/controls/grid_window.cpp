@@ -124,7 +124,7 @@ void GridWindow::drawStrip(const Canvas& canvas, const RECT& strip, POINT shift,
 
 void GridWindow::draw(const Canvas& canvas, const RECT& part) {
   const bool focused = GetFocus() == handle();
-  canvas.fill(part, canvas.tones().ground(grid_.backColour()));
+  drawGridGround(canvas, grid_, part);
   if (geometry_.rows() > 0 && geometry_.columns() > 0) {
     drawStrip(canvas, part, {}, focused);
     const POINT away = gone();
@@ -145,7 +145,7 @@ void GridWindow::draw(const Canvas& canvas, const RECT& part) {
   }
   RECT client{};
   GetClientRect(handle(), &client);
-  canvas.frame(client, {0, canvas.line(), canvas.tones().ink(looks::grid_line), std::nullopt});
+  drawGridFrame(canvas, geometry_, client, origin());
 }
 
 void GridWindow::showScrollBars() {

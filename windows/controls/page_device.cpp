@@ -15,7 +15,7 @@ class Printer final : public PageDevice {
  public:
   explicit Printer(HDC dc) : dc_(dc) {}
   ~Printer() override {
-    abort();
+    Printer::abort();
     DeleteDC(dc_);
   }
   Printer(const Printer&) = delete;
@@ -62,7 +62,7 @@ std::unique_ptr<PageDevice> defaultPrinter() {
 }
 
 MetafilePages::~MetafilePages() {
-  abort();
+  MetafilePages::abort();
   for (const HENHMETAFILE page : pages_) DeleteEnhMetaFile(page);
 }
 

@@ -16,10 +16,10 @@ void drawGrid(const Canvas& canvas, const Grid& grid, const RECT& area) {
   const SavedDc saved(canvas.dc());
   IntersectClipRect(canvas.dc(), area.left, area.top, area.right, area.bottom);
   const GridGeometry geometry(grid, canvas.zoom());
-  canvas.fill(area, canvas.tones().ground(grid.backColour()));
+  drawGridGround(canvas, grid, area);
   drawCells(canvas, grid, geometry, {0, 0, area.right - area.left, area.bottom - area.top},
             {area.left, area.top}, false);
-  canvas.frame(area, {0, canvas.line(), canvas.tones().ink(looks::grid_line), std::nullopt});
+  drawGridFrame(canvas, geometry, area, {area.left, area.top});
 }
 
 void drawControl(const Canvas& canvas, const Control& control, const RECT& area) {

@@ -275,7 +275,7 @@ void ScreenWindow::contentChanged(Surface& surface, const Control& control) {
     MapWindowPoints(nullptr, surface.frame(), reinterpret_cast<POINT*>(&area), 2);
     reveal(surface, area);
   }
-  if ((outermost || floats(control)) && surface.events().resized) surface.events().resized();
+  if (outermost || floats(control)) surface.tellResized();
 }
 
 void ScreenWindow::takeFocus() {
@@ -311,7 +311,7 @@ void ScreenWindow::restyle() {
   const auto kept = windows_;
   for (const auto& window : kept) window->restyle();
   layOut();
-  if (surface_->events().resized) surface_->events().resized();
+  surface_->tellResized();
 }
 
 void ScreenWindow::setAmbient(const Ambient& ambient) {
@@ -398,9 +398,13 @@ LRESULT ScreenWindow::handleMessage(HWND window, UINT message, WPARAM wide, LPAR
       return 1;
     }
     case WM_SETFOCUS:
-      PostMessageW(window, ask_focus_message, 0, 0);
-      if (surface_->stage().focused() != nullptr) surface_->followFocus();
+    case WM_KILLFOCUS: {
+      const auto surface = surface_;
+      surface->focusMoved(reinterpret_cast<HWND>(wide), message == WM_SETFOCUS);
+      const bool follows = surface->alive() && message == WM_SETFOCUS;
+      if (follows && surface->stage().focused() != nullptr) surface->followFocus();
       return 0;
+    }
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
       if (restingKey(message, wide)) return 0;

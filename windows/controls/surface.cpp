@@ -64,7 +64,7 @@ void Surface::act(const std::function<void(User&)>& action) {
   if (!alive()) return;
   restoreKeys();
   paintAtIdle();
-  if (events_.acted) events_.acted();
+  tell(events_.acted);
 }
 
 void Surface::paintAtIdle() {
@@ -140,6 +140,14 @@ void Surface::forgetKeys() {
 bool Surface::hasFocus() const {
   const HWND focus = GetFocus();
   return alive() && focus != nullptr && (focus == frame_ || IsChild(frame_, focus) != FALSE);
+}
+
+/// A box above the page, or another program, gives the focus back to where it was.
+void Surface::focusMoved(HWND other, bool in) const {
+  if (!alive() || other == nullptr) return;
+  const bool ours = other == frame_ || IsChild(frame_, other) != FALSE;
+  const bool elsewhere = GetAncestor(other, GA_ROOT) != GetAncestor(frame_, GA_ROOT);
+  if (!ours && !elsewhere) tell(events_.focus, in);
 }
 
 void Surface::followFocus() {

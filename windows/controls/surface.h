@@ -40,7 +40,8 @@ class Surface : public std::enable_shared_from_this<Surface> {
 
   [[nodiscard]] UserControl& root() const { return root_; }
   [[nodiscard]] Stage& stage() const { return root_.stage(); }
-  [[nodiscard]] const Events& events() const { return events_; }
+  /// Tells the owner, who may end the surface over it.
+  void tellResized() const { tell(events_.resized); }
   [[nodiscard]] HWND frame() const { return frame_; }
   void setFrame(HWND frame) { frame_ = frame; }
 
@@ -75,11 +76,18 @@ class Surface : public std::enable_shared_from_this<Surface> {
   [[nodiscard]] const Control* keysAt() const { return keys_at_; }
   void giveKeysTo(const Control& control);
   void forgetKeys();
+  /// One of the windows got the focus from `other`, or lost it to that; the owner is told where
+  /// that is none of ours.
+  void focusMoved(HWND other, bool in) const;
   /// The keys go where the model's focus is; nowhere, where the focus is not in our windows.
   void followFocus();
   [[nodiscard]] bool hasFocus() const;
 
  private:
+  template <typename Event, typename... Values>
+  static void tell(Event event, Values... values) {  // a copy: the listener may be gone meanwhile
+    if (event) event(values...);
+  }
   void tab(bool backwards);
   bool press(Control* control);
   void restoreKeys();

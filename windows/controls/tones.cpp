@@ -45,13 +45,6 @@ double luminance(COLORREF colour) {
   return 0.299 * GetRValue(colour) + 0.587 * GetGValue(colour) + 0.114 * GetBValue(colour);
 }
 
-bool atHighContrast() {
-  HIGHCONTRASTW state{};
-  state.cbSize = sizeof state;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof state, &state, 0) != FALSE &&
-         (state.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 constexpr bool isAccent(Colour colour) {
   return colour.red() == looks::accent.red() && colour.green() == looks::accent.green() &&
          colour.blue() == looks::accent.blue();
@@ -59,10 +52,17 @@ constexpr bool isAccent(Colour colour) {
 
 }  // namespace
 
-Tones::Tones(const AmbientColours& ambient)
+bool systemAtHighContrast() {
+  HIGHCONTRASTW state{};
+  state.cbSize = sizeof state;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof state, &state, 0) != FALSE &&
+         (state.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+Tones::Tones(const AmbientColours& ambient, bool high_contrast)
     : text_(GetSysColor(COLOR_WINDOWTEXT)),
       base_(GetSysColor(COLOR_WINDOW)),
-      high_contrast_(atHighContrast()) {
+      high_contrast_(high_contrast) {
   if (!high_contrast_ && ambient.text.has_value() && ambient.base.has_value()) {
     text_ = *ambient.text;
     base_ = *ambient.base;

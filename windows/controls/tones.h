@@ -15,11 +15,14 @@ struct AmbientColours {
   std::optional<COLORREF> base;
 };
 
+/// Whether the user asked the system for high contrast.
+[[nodiscard]] bool systemAtHighContrast();
+
 /// System colours come from the system. The calculator's own are as they are given on a light
 /// desktop, on a dark one as `looks::onDark` says; at high contrast only the system's are used.
 class Tones {
  public:
-  explicit Tones(const AmbientColours& ambient = {});
+  explicit Tones(const AmbientColours& ambient = {}, bool high_contrast = systemAtHighContrast());
 
   [[nodiscard]] bool dark() const { return dark_; }
   [[nodiscard]] bool highContrast() const { return high_contrast_; }
