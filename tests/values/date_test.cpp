@@ -158,7 +158,11 @@ TEST(DateText, RefusesWhatIsNoDate) {
                            "-3/15",
                            "3/15/-20",
                            "1e1/5/2020",
-                           "003/15/2020"}) {
+                           "003/15/2020",
+                           "3/015/2020",
+                           "2020/3/015",
+                           "March 015, 2020",
+                           "015 March 2020"}) {
     EXPECT_FALSE(Date::isDate(text, today)) << text;
     EXPECT_EQ(errorOf([&] { Date::fromText(text, today); }), 13) << text;
   }

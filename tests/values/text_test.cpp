@@ -26,6 +26,15 @@ TEST(Text, CountsEachByteOfABrokenSequence) {
   EXPECT_EQ(characterCount(std::string_view("\xE2\x82\xAC", 2)), 2U);  // cut short by its view
 }
 
+TEST(Text, IsFilledUpToItsWidthAndNeverCut) {
+  EXPECT_EQ(padded("\xC3\xA9t", 4), "\xC3\xA9t  ");
+  EXPECT_EQ(rightAligned("\xC3\xA9t", 4), "  \xC3\xA9t");
+  for (const std::size_t width : {0U, 1U, 2U}) {
+    EXPECT_EQ(padded("\xC3\xA9t", width), "\xC3\xA9t");
+    EXPECT_EQ(rightAligned("\xC3\xA9t", width), "\xC3\xA9t");
+  }
+}
+
 TEST(Text, SplitsBetweenCharacters) {
   const std::string text = "\xC3\xA9t\xC3\xA9";
   EXPECT_EQ(firstCharacters(text, 2), "\xC3\xA9t");

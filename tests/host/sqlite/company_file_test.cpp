@@ -163,6 +163,22 @@ TEST_F(CompanyFile, RefusesToOverwriteAndLeavesNothingBehind) {
 }
 
 /// In a child that is not root, on a file or in a directory that it may not write.
+TEST_F(CompanyFile, KeepsTheRecordsOfEachTableApart) {
+  {
+    const File file = create();
+    for (const char* name : {"one", "another", "a third"}) {
+      const auto record = file->OpenTable(name)->Add(0);
+      record->Fields().SetValue("name", StoredValue::text(name));
+      record->Modified(true);
+      record->Commit();
+    }
+  }
+  const File file = openOf(SqliteCompanyFile::open(path_, options()));
+  for (const char* name : {"one", "another", "a third"}) {
+    EXPECT_EQ(file->OpenTable(name)->Item(0)->Fields().GetValue("name").asText(), name);
+  }
+}
+
 TEST_F(CompanyFile, IsNotWrittenWhereNothingHasChanged) {
   save(create(), 2);
   const std::string before = bytesOf(path_);

@@ -163,6 +163,28 @@ TEST_F(LostLock, LeavesTheFileAsAnotherProgramChangedItMeanwhile) {
   }
 }
 
+TEST_F(LostLock, LetsACopyHaveAllThatIsHereWhereAnotherProgramChangedTheFile) {
+  const std::string copy = directory_.path() + "/copy.company";
+  for (std::size_t change = 0; change < OtherProgram::no_change; ++change) {
+    file_->close();
+    SqliteCompanyFile::Options asking = options();
+    asking.change_failed = [&](const FailedChange&) { return GoOnWithCopy{copy}; };
+    file_ = openOf(SqliteCompanyFile::open(path_, asking));
+    CompanyFile::save(file_, 3);
+    store_.emplace(file_);
+    openAndCloseElsewhere();
+    ASSERT_TRUE(other_.changes(change));
+    EXPECT_THAT(save(), IsEmpty());
+    const TableContent here = contentOf(*file_);
+    EXPECT_EQ(here.size(), 7U) << "the summary, two assets, three and one";
+    file_->close();
+    EXPECT_TRUE(contentOf(*openOf(SqliteCompanyFile::open(copy, options()))) == here) << change;
+    std::filesystem::remove(copy);
+    std::filesystem::remove(path_);
+    make();
+  }
+}
+
 TEST_F(LostLock, RefusesAChangeWhileAnotherProgramHasTheFile) {
   openAndCloseElsewhere();
   ASSERT_TRUE(other_.begins());
@@ -226,6 +248,38 @@ TEST(CompanyLockOfAByte, StandsBesideSqlitesOwnAndIsNotDroppedEither) {
     } catch (const FileTrouble& trouble) {
       ::_exit(trouble.kind() == Kind::locked ? 0 : 2);
     }
+  }
+  int status = -1;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+}
+
+/// Where a program is started without standard input, the file gets the descriptor 0.
+TEST(CompanyLockOfTheFirstDescriptor, IsOneLikeAnyOther) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.path() + "/acme.company";
+  openOf(SqliteCompanyFile::create(path, {.name = "Acme"}, options()))->close();
+  const pid_t child = ::fork();
+  if (child == 0) {
+    std::array<int, 2> locked{};
+    if (::pipe(locked.data()) != 0) ::_exit(9);
+    ::close(0);
+    const pid_t second = ::fork();
+    if (second == 0) {
+      char is_locked = 0;
+      if (::read(locked[0], &is_locked, 1) != 1) ::_exit(9);
+      try {
+        const CompanyLock other(path);
+        ::_exit(1);
+      } catch (const FileTrouble& trouble) {
+        ::_exit(trouble.kind() == Kind::locked ? 0 : 2);
+      }
+    }
+    const CompanyLock one(path);
+    if (::write(locked[1], "!", 1) != 1) ::_exit(9);
+    int status = -1;
+    ::waitpid(second, &status, 0);
+    ::_exit(WIFEXITED(status) ? WEXITSTATUS(status) : 8);
   }
   int status = -1;
   ::waitpid(child, &status, 0);
