@@ -33,6 +33,7 @@ class OtherProgram {
     if (::pipe(in_.data()) != 0 || ::pipe(out_.data()) != 0) std::abort();
     process_ = ::fork();
     if (process_ != 0) return;
+    ::close(in_[1]);
     for (char request = 0; ::read(in_[0], &request, 1) == 1;) {
       const char answer = answerTo(request) ? 'y' : 'n';
       if (::write(out_[1], &answer, 1) != 1) break;
@@ -178,7 +179,10 @@ TEST_F(LostLock, LetsACopyHaveAllThatIsHereWhereAnotherProgramChangedTheFile) {
     const TableContent here = contentOf(*file_);
     EXPECT_EQ(here.size(), 7U) << "the summary, two assets, three and one";
     file_->close();
-    EXPECT_TRUE(contentOf(*openOf(SqliteCompanyFile::open(copy, options()))) == here) << change;
+    const File copied = openOf(SqliteCompanyFile::open(copy, options()));
+    ASSERT_NE(copied, nullptr) << change;
+    EXPECT_TRUE(contentOf(*copied) == here) << change;
+    copied->close();
     std::filesystem::remove(copy);
     std::filesystem::remove(path_);
     make();
@@ -267,6 +271,7 @@ TEST(CompanyLockOfTheFirstDescriptor, IsOneLikeAnyOther) {
     const pid_t second = ::fork();
     if (second == 0) {
       char is_locked = 0;
+      ::close(locked[1]);
       if (::read(locked[0], &is_locked, 1) != 1) ::_exit(9);
       try {
         const CompanyLock other(path);
@@ -275,11 +280,15 @@ TEST(CompanyLockOfTheFirstDescriptor, IsOneLikeAnyOther) {
         ::_exit(trouble.kind() == Kind::locked ? 0 : 2);
       }
     }
-    const CompanyLock one(path);
-    if (::write(locked[1], "!", 1) != 1) ::_exit(9);
-    int status = -1;
-    ::waitpid(second, &status, 0);
-    ::_exit(WIFEXITED(status) ? WEXITSTATUS(status) : 8);
+    try {
+      const CompanyLock one(path);
+      if (::write(locked[1], "!", 1) != 1) ::_exit(9);
+      int status = -1;
+      ::waitpid(second, &status, 0);
+      ::_exit(WIFEXITED(status) ? WEXITSTATUS(status) : 8);
+    } catch (const FileTrouble&) {
+      ::_exit(7);
+    }
   }
   int status = -1;
   ::waitpid(child, &status, 0);
