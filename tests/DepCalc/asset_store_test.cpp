@@ -473,6 +473,31 @@ TEST_P(AssetStoreOn, HoldsAsManyAssetsAsSixteenBitsCount) {
   EXPECT_EQ(table->Item(32'767)->Fields().GetValue("AID").asText(), "last");
 }
 
+/// A date without a year, as other programs may have written it, means another year next year.
+TEST_P(AssetStoreOn, SumsUpADateWithoutAYearAnewWhenTheYearHasChanged) {
+  const auto host = GetParam().make(Date::carrying(2024, 1, 1));
+  Date today = Date::carrying(2024, 6, 1);
+  StoreState state;
+  state.m_orvcf = host->file();
+  AssetStore store(state, [&today] { return today; });
+  (void)store.open();
+  const auto saveNew = [&] {
+    state.CurrentRecord = newAsset({.start = Date::carrying(2030, 3, 15)});
+    std::int16_t index = 0;
+    store.WriteData(index);
+  };
+  saveNew();
+  const auto first = host->file()->OpenTable("ZEM:DepCalc")->Item(1);
+  first->Fields().SetValue("AStart", StoredValue::text("3/15"));
+  first->Modified(true);
+  first->Commit();
+  saveNew();
+  EXPECT_EQ(state.StartYr, 2024);
+  today = Date::carrying(2020, 6, 1);
+  saveNew();
+  EXPECT_EQ(state.StartYr, 2020);
+}
+
 /// Where a host says what has changed, the store keeps account of the register's years.
 TEST_P(AssetStoreOn, AsksTheHostNoMoreForASaveHoweverManyAssetsThereAre) {
   if (!GetParam().has_units) return;

@@ -32,6 +32,12 @@ struct GridTest : ::testing::Test {
   Grid& grid = screen.grid;
 };
 
+TEST_F(GridTest, HasTwoRowsAndColumnsUnlessToldOtherwise) {
+  const Grid usual(screen, "Usual");
+  EXPECT_EQ(usual.rows(), 2);
+  EXPECT_EQ(usual.columns(), 2);
+}
+
 int errorOf(const std::function<void()>& action) {
   try {
     action();

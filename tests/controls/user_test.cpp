@@ -83,9 +83,11 @@ TEST_F(Typing, LeavesADiscardedKeyOut) {
 TEST_F(Typing, TakesControlKeysWithoutChangingTheText) {
   user.typeKey(13);
   user.typeKey(27);
+  user.typeKey(31);
   user.typeKey(User::backspace);
   EXPECT_EQ(screen.box.text(), "");
-  EXPECT_THAT(trace.take(), ElementsAre("Box.KeyPress", "Box.KeyPress", "Box.KeyPress"));
+  EXPECT_THAT(trace.take(),
+              ElementsAre("Box.KeyPress", "Box.KeyPress", "Box.KeyPress", "Box.KeyPress"));
 }
 
 TEST_F(Typing, PastesThroughChangeAlone) {
