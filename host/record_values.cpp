@@ -8,6 +8,11 @@
 
 namespace depcalc {
 
+void requireKeepable(std::string_view name, const StoredValue& value) {
+  const bool finite = value.type() != StoredValue::Type::real || std::isfinite(value.get<double>());
+  if (name.empty() || !finite) throw RuntimeError::invalidCall();
+}
+
 RecordValues::Entries& RecordValues::own() {
   if (entries_.use_count() > 1) entries_ = std::make_shared<Entries>(*entries_);
   return *entries_;
@@ -33,8 +38,7 @@ const StoredValue* RecordValues::find(std::string_view name) const {
 }
 
 void RecordValues::set(std::string_view name, StoredValue value) {
-  const bool finite = value.type() != StoredValue::Type::real || std::isfinite(value.get<double>());
-  if (name.empty() || !finite) throw RuntimeError::invalidCall();
+  requireKeepable(name, value);
   const std::size_t at = position(name);
   if (at < entries_->size()) {
     own()[at].value = std::move(value);

@@ -12,6 +12,10 @@
 
 namespace depcalc {
 
+/// Whether a record can keep `value` under `name`: an empty name, or a Double that is not finite,
+/// is error 5.
+void requireKeepable(std::string_view name, const StoredValue& value);
+
 /// Values by name, in the order in which they were first set. Names ignore case; the spelling
 /// used first is kept. Made for callers that go through the names in order: the search starts
 /// behind the name found last. Copies share their entries until one of them changes.
@@ -31,7 +35,7 @@ class RecordValues {
 
   /// Null when there is no such value.
   [[nodiscard]] const StoredValue* find(std::string_view name) const;
-  /// Creates or replaces. An empty name, or a Double that is not finite: error 5.
+  /// Creates or replaces what requireKeepable lets through.
   void set(std::string_view name, StoredValue value);
 
   [[nodiscard]] const Entries& entries() const { return *entries_; }

@@ -1,6 +1,5 @@
 #include "windows/host/automation_host.h"
 
-#include <cmath>
 #include <memory>
 #include <optional>
 #include <utility>

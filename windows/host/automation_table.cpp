@@ -1,9 +1,8 @@
 #include "windows/host/automation_table.h"
 
-#include <cmath>
 #include <utility>
 
-#include "values/runtime_error.h"
+#include "host/record_values.h"
 #include "windows/host/host_answers.h"
 #include "windows/host/stored_variant.h"
 
@@ -23,9 +22,7 @@ class AutomationFields final : public HostFields {
   }
   void SetValue(std::string_view name, StoredValue value) override {
     // Every host keeps what can be kept; not every one knows what cannot.
-    const bool finite =
-        value.type() != StoredValue::Type::real || std::isfinite(value.get<double>());
-    if (name.empty() || !finite) throw RuntimeError::invalidCall();
+    requireKeepable(name, value);
     fields_.call(HostRole::SetValue, nameArgument(name), variantOf(value));
   }
   [[nodiscard]] std::vector<std::string> names() const override {

@@ -6,12 +6,10 @@
 
 #include "values/runtime_error.h"
 #include "windows/com/com_text.h"
+#include "windows/host/find_member.h"
 
 namespace depcalc {
 namespace {
-
-/// Decimals and dates are converted here by these rules, whatever the user's language is.
-constexpr LCID en_us = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 
 StoredValue ofWhole(std::int64_t number) {
   using Integer = std::numeric_limits<std::int16_t>;
@@ -63,7 +61,7 @@ StoredValue ofOther(const VARIANT& variant) {
   const bool readable = variant.vt == VT_DECIMAL || (variant.vt & VT_BYREF) != 0;
   if (!readable) throw RuntimeError::typeMismatch();
   const HRESULT done = variant.vt == VT_DECIMAL
-                           ? VariantChangeTypeEx(converted.out(), source, en_us, 0, VT_R8)
+                           ? VariantChangeTypeEx(converted.out(), source, host_language, 0, VT_R8)
                            : VariantCopyInd(converted.out(), source);
   if (FAILED(done) || (converted.type() & VT_BYREF) != 0) throw RuntimeError::typeMismatch();
   return storedValueOf(converted.get());
