@@ -90,10 +90,10 @@ class AssetCheck {
     if (!saved_.method.empty() && saved_.life == 0) add(error, "Its useful life is 0.");
     if (!saved_.method.empty() && saved_.basis == Currency()) add(error, "Its basis is 0.");
     if (!isKnownMethod(asset_)) {
-      add(error, "There is no method \"" + saved_.method + "\"; it counts as none.");
+      add(error, "\"" + saved_.method + "\" is not a depreciation method; it counts as none.");
     }
     if (!isKnownConvention(saved_)) {
-      add(error, "There is no convention \"" + saved_.convention + "\".");
+      add(error, "\"" + saved_.convention + "\" is not a prorating convention; days are counted.");
     }
     if (!saved_.disposed.isNone() && saved_.disposed < saved_.placed_in_service) {
       add(error, "It was disposed of on " + saved_.disposed.toText() +
@@ -132,9 +132,9 @@ class AssetCheck {
     const auto first = static_cast<std::size_t>(years.front() - asset_.firstYear());
     add(error, "The amount of " + fiscalYearName(years.front()) + " is saved as " +
                    formatExactMoney(saved_.amounts[first]) + "; today " +
-                   formatExactMoney(amountAt(calculated, first)) + " is calculated" +
-                   (years.size() == 1 ? "" : ", and others differ, too: " + yearsText(years)) +
-                   ". Recalculate and save.");
+                   formatExactMoney(amountAt(calculated, first)) + " is calculated. " +
+                   (years.size() == 1 ? "" : "In all, " + yearsText(years) + " differ. ") +
+                   "Recalculate and save.");
   }
 
   void lookAtSum(std::string_view method) {
