@@ -87,7 +87,7 @@ constexpr const char* bench =
 class Preview {
  public:
   Preview(std::filesystem::path directory, int dpi)
-      : directory_(std::move(directory)), dpi_(dpi), top_(980 * dpi / 96, 620 * dpi / 96) {}
+      : directory_(std::move(directory)), dpi_(dpi), top_(1250 * dpi / 96, 640 * dpi / 96) {}
 
   void take() {
     CalculatorScreens screens;

@@ -10,6 +10,7 @@
 #include "tests/drive/golden.h"
 #include "tests/drive/memory_drive_host.h"
 #include "tests/windows/controls/box_clicker.h"
+#include "tests/windows/controls/paper_check.h"
 #include "tests/windows/controls/top_window.h"
 #include "tests/windows/controls/window_hands.h"
 #include "windows/controls/windows_site.h"
@@ -17,7 +18,7 @@
 namespace depcalc::testing {
 namespace {
 
-/// Prints what a user notices, and shows the user real boxes.
+/// Prints what a user notices, shows the user real boxes, and prints into metafiles, too.
 class BoxedSite : public drive::DriveSite {
  public:
   BoxedSite(std::ostream& out, Date today, HWND owner)
@@ -31,6 +32,10 @@ class BoxedSite : public drive::DriveSite {
     EXPECT_EQ(boxAnswerText(given), boxAnswerText(answer));
     return given;
   }
+  Printer& systemPrinter() override {
+    printer_ = std::make_unique<TwicePrinted>(DriveSite::systemPrinter());
+    return *printer_;
+  }
 
  private:
   BoxAnswer answerFor(const MessageBox& box) {
@@ -43,6 +48,7 @@ class BoxedSite : public drive::DriveSite {
   }
 
   native::WindowsSite boxes_;
+  std::unique_ptr<TwicePrinted> printer_;
 };
 
 /// The windows of a calculator, and hands at them.
