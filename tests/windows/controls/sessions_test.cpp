@@ -1,4 +1,5 @@
-// The sessions that every host prints alike, by real messages on the native windows.
+// The sessions that every host prints alike, by real messages on the native windows and with a host
+// behind automation objects.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -8,11 +9,11 @@
 #include "DepCalc/calculator_screens.h"
 #include "common/report_error.h"
 #include "tests/drive/golden.h"
-#include "tests/drive/memory_drive_host.h"
 #include "tests/windows/controls/box_clicker.h"
 #include "tests/windows/controls/paper_check.h"
 #include "tests/windows/controls/top_window.h"
 #include "tests/windows/controls/window_hands.h"
+#include "tests/windows/host/automation_drive_host.h"
 #include "windows/controls/windows_site.h"
 
 namespace depcalc::testing {
@@ -85,7 +86,7 @@ std::string replayed(const std::string& file) {
   return drive::goldenTranscript(
       file,
       [](const drive::GoldenSettings& settings) {
-        return std::make_unique<drive::MemoryDriveHost>(settings.fiscal_year_start);
+        return std::make_unique<drive::AutomationDriveHost>(settings.fiscal_year_start);
       },
       screens, parts);
 }

@@ -8,23 +8,10 @@
 
 #include "DepCalc/calculator_screens.h"
 #include "tests/drive/golden.h"
-#include "tests/drive/memory_drive_host.h"
-#include "tests/windows/host/host_class.h"
-#include "tests/windows/host/served_host.h"
-#include "windows/host/automation_host.h"
+#include "tests/windows/host/automation_drive_host.h"
 
 namespace depcalc::drive {
 namespace {
-
-/// Company files in memory that the calculator reaches by automation.
-class AutomationDriveHost final : public MemoryDriveHost {
- public:
-  using MemoryDriveHost::MemoryDriveHost;
-  std::shared_ptr<HostApplication> application() override {
-    const auto served = testing_support::servedApplication(MemoryDriveHost::application());
-    return automationApplication(served.Get());
-  }
-};
 
 std::string contentOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -58,7 +45,6 @@ void printDifference(const std::string& path, const std::string& expected,
 }
 
 int run(int count, char** paths) {
-  const testing_support::Apartment apartment;
   int different = count < 2 ? 1 : 0;
   for (int i = 1; i < count; ++i) {
     const std::string expected = contentOf(paths[i]);
