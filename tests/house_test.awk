@@ -27,7 +27,8 @@ BEGIN {
   may["windows/host"] = may["host"] " windows/com windows/registration windows/host"
   may["windows/typelib"] = "windows/typelib"
   may["windows/record"] = may["engine"] " windows/typelib windows/com windows/record"
-  may["windows/library"] = may["DepCalc"] " windows/typelib windows/com windows/registration windows/controls windows/host windows/record windows/library"
+  may["windows/ole"] = may["DepCalc"] " windows/typelib windows/com windows/controls windows/record windows/ole"
+  may["windows/library"] = may["windows/ole"] " windows/registration windows/host windows/library"
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
   outside["host/sqlite"] = "."

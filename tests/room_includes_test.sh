@@ -52,6 +52,7 @@ expected() {
     com) echo "$ground $1" ;;
     registration) echo "$1" ;;
     record) echo "$records com $1" ;;
+    ole) echo "$calculator com native_controls record $1" ;;
     native_controls) echo "$screens com $1" ;;
     host_automation) echo "$ground host com registration $1" ;;
     *) echo "a line in $0" ;;

@@ -63,6 +63,30 @@ bool answersTo(REFIID id) {
   return id == __uuidof(Interface);
 }
 
+/// What a part of an object, which leaves IUnknown to the whole, names its interfaces by:
+/// `using Interfaces = InterfaceList<…>`.
+template <typename... Interfaces>
+struct InterfaceList {
+  /// The interface `id` of `part`; null where it is none of these.
+  template <typename Part>
+  static void* find(Part* part, REFIID id) {
+    void* found = nullptr;
+    ((found == nullptr && answersTo<Interfaces>(id) ? void(found = static_cast<Interfaces*>(part))
+                                                    : void()),
+     ...);
+    return found;
+  }
+};
+
+template <typename Part>
+void* interfaceOf(Part* part, REFIID id) {
+  if constexpr (requires { typename Part::Interfaces; }) {
+    return Part::Interfaces::find(part, id);
+  } else {
+    return InterfaceList<Part>::find(part, id);
+  }
+}
+
 /// Counts its references, keeps the library in memory, and answers for its interfaces; the first is
 /// the one that it is known by. Made with one reference, which belongs to the maker.
 template <typename First, typename... Others>
@@ -94,11 +118,9 @@ class ComObject : public First, public Others... {
 
   /// The interface `id` of this object; null where it has none. For interfaces of parts of it.
   virtual void* find(REFIID id) {
-    if (id == IID_IUnknown || answersTo<First>(id)) return static_cast<First*>(this);
-    void* found = nullptr;
-    ((found == nullptr && answersTo<Others>(id) ? void(found = static_cast<Others*>(this))
-                                                : void()),
-     ...);
+    if (id == IID_IUnknown) return static_cast<First*>(this);
+    void* found = interfaceOf<First>(this, id);
+    ((found == nullptr ? void(found = interfaceOf<Others>(this, id)) : void()), ...);
     return found;
   }
 
