@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "windows/controls/realized_palette.h"
+
 namespace depcalc::native {
 namespace {
 
@@ -129,6 +131,7 @@ Canvas::Canvas(HDC dc, Zoom zoom, TextMeasure& measure, Fonts& fonts, const Tone
       fonts_(fonts),
       tones_(tones),
       raster_(hasPixels(dc)),
+      nearest_(nearestFlag(dc)),
       layout_font_(GetCurrentObject(layout_.get(), OBJ_FONT)) {}
 
 Canvas::~Canvas() { SelectObject(layout_.get(), layout_font_); }
@@ -136,7 +139,7 @@ Canvas::~Canvas() { SelectObject(layout_.get(), layout_font_); }
 int Canvas::line(double times) const { return std::max(1, rounded(pixels(15) * times)); }
 
 void Canvas::fill(const RECT& area, COLORREF colour) const {
-  const BrushHandle brush(CreateSolidBrush(colour));
+  const BrushHandle brush(CreateSolidBrush(colour | nearest_));
   FillRect(dc_, &area, brush.get());
 }
 
@@ -287,7 +290,7 @@ void Canvas::line(std::wstring_view text, HFONT font, int x, int y, UINT align,
   const HGDIOBJ former = SelectObject(dc_, font);
   SetBkMode(dc_, TRANSPARENT);
   SetTextAlign(dc_, align | TA_TOP);
-  SetTextColor(dc_, colour);
+  SetTextColor(dc_, colour | nearest_);
   ExtTextOutW(dc_, x, y, 0, nullptr, text.data(), static_cast<UINT>(text.size()), nullptr);
   SetTextAlign(dc_, TA_LEFT | TA_TOP);
   SelectObject(dc_, former);

@@ -93,6 +93,7 @@ class Canvas {
   Fonts& fonts_;
   const Tones& tones_;
   bool raster_;
+  COLORREF nearest_;  ///< goes with every colour
   MemoryDc layout_;
   HGDIOBJ layout_font_;
 };

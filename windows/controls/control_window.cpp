@@ -7,6 +7,7 @@
 #include "controls/user_control.h"
 #include "windows/com/com_text.h"
 #include "windows/controls/accessible.h"
+#include "windows/controls/realized_palette.h"
 #include "windows/controls/screen_window.h"
 
 namespace depcalc::native {
@@ -238,6 +239,7 @@ void ControlWindow::paintBuffered(const std::function<void(const Canvas&, const 
     const MemoryDc buffer(window);
     const BitmapHandle bitmap(CreateCompatibleBitmap(window, width, height));
     const HGDIOBJ former = SelectObject(buffer.get(), bitmap.get());
+    const RealizedPalette palette(window, buffer.get(), control_);
     SetViewportOrgEx(buffer.get(), -due.rcPaint.left, -due.rcPaint.top, nullptr);
     {
       const Canvas canvas = surface_->canvas(buffer.get());

@@ -6,6 +6,7 @@
 #include "tests/windows/controls/metafile_texts.h"
 #include "tests/windows/controls/native_fixture.h"
 #include "windows/com/com_text.h"
+#include "windows/controls/realized_palette.h"
 #include "windows/controls/screen_drawing.h"
 
 namespace depcalc::testing {
@@ -201,6 +202,32 @@ TEST(Tones, KeepTextsReadableOnEveryGroundTheyStandOn) {
   }
   EXPECT_TRUE(native::Tones(dark, false).dark());
   EXPECT_EQ(native::Tones(light, false).ground(scheme::tan), RGB(225, 197, 168)) << "as given";
+}
+
+TEST_F(Drawing, TakesThePaletteOfThePageAroundIt) {
+  EXPECT_EQ(native::paletteInUse(model.root.screen.NameText), nullptr);
+  const Palette few{{Colour::rgb(1, 2, 3), Colour::rgb(4, 5, 6)}};
+  model.root.setPalette(few);
+  EXPECT_EQ(native::paletteInUse(model.root.screen.NameText), nullptr) << "not in use";
+  model.root.setPaletteMode(2);
+  const Palette* const used = native::paletteInUse(model.root.screen.NameText);
+  ASSERT_NE(used, nullptr);
+  EXPECT_EQ(*used, few);
+}
+
+TEST(Palettes, HoldTheFirst256Colours) {
+  Palette many;
+  for (int i = 0; i < 300; ++i) {
+    const auto part = static_cast<std::uint8_t>(i);
+    many.colours.push_back(Colour::rgb(part, 7, static_cast<std::uint8_t>(255 - part)));
+  }
+  const auto made = native::paletteOf(many);
+  std::array<PALETTEENTRY, 300> entries{};
+  ASSERT_EQ(GetPaletteEntries(made.get(), 0, 300, entries.data()), 256U);
+  EXPECT_EQ(entries[200].peRed, 200);
+  EXPECT_EQ(entries[200].peGreen, 7);
+  EXPECT_EQ(entries[200].peBlue, 55);
+  EXPECT_EQ(native::paletteOf({}).get(), nullptr);
 }
 
 }  // namespace
