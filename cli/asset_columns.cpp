@@ -13,7 +13,7 @@ constexpr std::array required_columns{AssetColumn::placed_in_service, AssetColum
 std::optional<AssetColumn> columnNamed(std::string_view name, HeaderRules rules) {
   for (std::size_t i = 0; i < asset_column_names.size(); ++i) {
     const auto column = static_cast<AssetColumn>(i);
-    if (column == AssetColumn::method && !rules.with_method) continue;
+    if (column >= AssetColumn::method && !rules.with_method) continue;
     if (equalIgnoringCase(name, asset_column_names[i])) return column;
   }
   return std::nullopt;

@@ -27,11 +27,14 @@ enum class AssetColumn : std::size_t {
   salvage,
   capacity,
   method,
+  disposed,
+  proceeds,
 };
 
-inline constexpr std::array<std::string_view, 12> asset_column_names{
-    "id",   "name",       "serial", "department", "placed_in_service", "fiscal_year_end",
-    "life", "convention", "basis",  "salvage",    "capacity",          "method"};
+inline constexpr std::array<std::string_view, 14> asset_column_names{
+    "id",       "name",       "serial", "department", "placed_in_service", "fiscal_year_end",
+    "life",     "convention", "basis",  "salvage",    "capacity",          "method",
+    "disposed", "proceeds"};
 
 constexpr std::string_view nameOf(AssetColumn column) {
   return asset_column_names[static_cast<std::size_t>(column)];
@@ -43,7 +46,9 @@ constexpr bool isTextColumn(AssetColumn column) { return column <= AssetColumn::
 /// What a header may hold.
 struct HeaderRules {
   bool ignore_unknown = false;
-  bool with_method = false;  ///< the column `method` is known
+  /// What is entered of an asset once it has been calculated is known, too: `method` and the
+  /// columns behind it.
+  bool with_method = false;
 };
 
 /// Where each column stands in the rows of one file.

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "changes/disposing.h"
 #include "engine/convention.h"
 #include "engine/method.h"
 #include "host/fiscal_year.h"
@@ -48,6 +49,7 @@ class RowReading {
     readSalvage(readBasis());
     readCapacity();
     readMethod();
+    readDisposal(dated);
     if (dated && lasting && !(rules_.as_saved && hasNoMethod())) checkLastYear();
   }
 
@@ -191,6 +193,35 @@ class RowReading {
       return asset_.DepMethod(name.empty() ? "" : std::string(method->code));
     }
     refuse(AssetColumn::method, "Please enter SL, SYD, DDB or UOP.");
+  }
+
+  /// Both or the date alone: what was obtained for an asset says that it is gone.
+  void readDisposal(bool dated) {
+    readProceeds();
+    const std::string_view day = trimmed(text(AssetColumn::disposed));
+    if (day.empty()) {
+      if (asset_.ASalePrice() == "0") return;
+      return refuse(AssetColumn::proceeds, "Please enter the date of the disposal, too.");
+    }
+    const auto date = looksLikeFileDate(day) ? Date::tryFromText(day, rules_.today) : std::nullopt;
+    if (!date || date->isNone()) {
+      return refuse(AssetColumn::disposed, messageOf(FieldMessage::date_not_valid).text);
+    }
+    if (!dated) return;
+    if (const auto refusal = refusedDisposalDate(*date, asset_.AssetStartDate(), rules_.today)) {
+      return refuse(AssetColumn::disposed, *refusal);
+    }
+    asset_.AssetEndDate(*date);
+  }
+
+  void readProceeds() {
+    asset_.ASalePrice("0");
+    if (refusedForComma(AssetColumn::proceeds)) return;
+    const auto proceeds = proceedsFrom(trimmed(text(AssetColumn::proceeds)));
+    if (const auto* refusal = std::get_if<std::string>(&proceeds)) {
+      return refuse(AssetColumn::proceeds, *refusal);
+    }
+    asset_.ASalePrice(std::get<Currency>(proceeds).toText());
   }
 
   /// Only without the limit of fifty years can a schedule reach the end of the calendar, where

@@ -54,6 +54,8 @@ std::unique_ptr<Command> importCommand();
 std::unique_ptr<Command> listCommand();
 std::unique_ptr<Command> recalculateCommand();
 std::unique_ptr<Command> deleteCommand();
+std::unique_ptr<Command> disposeCommand();
+std::unique_ptr<Command> unitsCommand();
 std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> registerCommand();
 std::unique_ptr<Command> printCommand();

@@ -118,6 +118,8 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(printCommand());
   commands.push_back(reportCommand());
   commands.push_back(recalculateCommand());
+  commands.push_back(disposeCommand());
+  commands.push_back(unitsCommand());
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());
   commands.push_back(dumpCommand());

@@ -58,6 +58,16 @@ ExitStatus CompanyCommand::run(Surroundings& surroundings) {
   return exit_system;
 }
 
+bool CompanyCommand::hasAsset(const Company& company, std::int32_t number, Output& errors) {
+  const std::int32_t count = company.assetCount();
+  if (number <= count) return true;
+  complain(company,
+           "There is no asset " + std::to_string(number) + "; the register holds " +
+               std::to_string(count) + ".",
+           errors);
+  return false;
+}
+
 void CompanyCommand::complain(const Company& company, std::string_view message, Output& errors) {
   errors.write("depcalc: " + company.name() + ": " + printableText(message) + '\n');
 }

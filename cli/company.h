@@ -52,6 +52,8 @@ class CompanyCommand : public Command {
 
   /// FILE.
   [[nodiscard]] const std::string& path() const { return path_; }
+  /// Whether there is an asset `number`, from 1; says so where there is none.
+  static bool hasAsset(const Company& company, std::int32_t number, Output& errors);
   /// "depcalc: FILE: `message`" on a line.
   static void complain(const Company& company, std::string_view message, Output& errors);
 

@@ -5,6 +5,7 @@
 
 #include "cli/company.h"
 #include "cli/deletion.h"
+#include "cli/options.h"
 #include "values/printable_text.h"
 
 namespace depcalc {
@@ -28,29 +29,14 @@ class DeleteCommand final : public CompanyCommand {
 
  private:
   void declareMore(CLI::App& app) override {
-    app.add_option("N", number_, "The asset's number, as `depcalc list` shows it")
-        ->required()
-        ->option_text(" ")
-        ->check([](const std::string& text) {
-          const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
-          return whole && text.size() < 10 && text.find_first_not_of('0') != std::string::npos
-                     ? ""
-                     : "\"" + text + "\" is not an asset number; numbers start at 1";
-        });
+    addAssetNumber(app, number_)->required();
     app.footer(
         R"(Exit status: 0 success, 1 no such asset, 2 wrong usage, 3 the file cannot be read or
 written, 4 it is in use.)");
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
-    const std::int32_t count = company.assetCount();
-    if (number_ > count) {
-      complain(company,
-               "There is no asset " + std::to_string(number_) + "; the register holds " +
-                   std::to_string(count) + ".",
-               surroundings.errors);
-      return exit_bad_data;
-    }
+    if (!hasAsset(company, number_, surroundings.errors)) return exit_bad_data;
     const std::string id = company.asset(number_)->AssetID();
     if (const auto report = deleteAsset(company, number_)) {
       complain(company, *report + ". Nothing was deleted.", surroundings.errors);

@@ -62,6 +62,8 @@ class ImportCommand final : public CompanyCommand {
     app.add_flag("--raw", raw_texts_, "Read text unchanged, as `depcalc list --raw` writes it");
     app.footer(R"(Columns are the same as for `depcalc schedule --help`, except:
   method             SL, SYD, DDB, UOP, or empty (saved without amounts)
+  disposed           the day on which the asset left service, or empty
+  proceeds           what was obtained for it then
   fiscal_year_end    MM-DD, or a date, whose year is ignored (the company's)
   placed_in_service  any date; those more than 50 years from today are pointed out
   life, basis        0 is also accepted where there is no method

@@ -21,10 +21,13 @@
 namespace depcalc {
 namespace {
 
+bool isDisposed(const CalculateDep& asset) { return !asset.AssetEndDate().isNone(); }
+
 /// What the columns of an asset file hold for `asset`, in their order, in the form that import
 /// reads.
 std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep& asset) {
   const Date start = asset.AssetStartDate();
+  const Currency proceeds = Currency::fromText(asset.ASalePrice());
   return {asset.AssetID(),
           asset.AssetName(),
           asset.ASerial(),
@@ -36,7 +39,9 @@ std::array<std::string, asset_column_names.size()> fileTexts(const CalculateDep&
           asset.AssetBasis().toFixed4(),
           asset.AssetSalvage().toFixed4(),
           asset.AssetProdCap(),
-          asset.DepMethod()};
+          asset.DepMethod(),
+          isDisposed(asset) ? asset.AssetEndDate().toIsoText() : "",
+          isDisposed(asset) || proceeds != Currency() ? proceeds.toFixed4() : ""};
 }
 
 std::string csvRow(const std::array<std::string, asset_column_names.size()>& texts,
@@ -52,9 +57,12 @@ std::string csvRow(const std::array<std::string, asset_column_names.size()>& tex
 
 // --- For people ----------------------------------------------------------------------------------
 
-constexpr std::array<std::string_view, 9> headings{
-    "N", "Asset ID", "Name", "In service", "Basis", "Salvage", "Life", "Convention", "Method"};
-constexpr std::array<bool, 9> is_number{true, false, false, false, true, true, true, false, false};
+constexpr std::size_t usual_columns = 9;
+constexpr std::array<std::string_view, 11> headings{"N",      "Asset ID", "Name",    "In service",
+                                                    "Basis",  "Salvage",  "Life",    "Convention",
+                                                    "Method", "Disposed", "Proceeds"};
+constexpr std::array<bool, 11> is_number{true, false, false, false, true, true,
+                                         true, false, false, false, true};
 using Row = std::array<std::string, headings.size()>;
 
 Row rowFor(std::int32_t number, const CalculateDep& asset) {
@@ -67,7 +75,20 @@ Row rowFor(std::int32_t number, const CalculateDep& asset) {
           formatMoney(asset.AssetSalvage()),
           numberToText(asset.DepRecovery()),
           std::string(conventionName(asset.DepConvention())),
-          printableText(asset.DepMethod())};
+          printableText(asset.DepMethod()),
+          isDisposed(asset) ? asset.AssetEndDate().toText() : "",
+          isDisposed(asset) ? formatMoney(Currency::fromText(asset.ASalePrice())) : ""};
+}
+
+/// The first columns of `rows` and `is_number`.
+void writeUsualColumns(const std::vector<Row>& rows, Output& out) {
+  std::vector<std::array<std::string, usual_columns>> usual(rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    std::copy_n(rows[i].begin(), usual_columns, usual[i].begin());
+  }
+  std::array<bool, usual_columns> numbers{};
+  std::copy_n(is_number.begin(), usual_columns, numbers.begin());
+  writeColumns(usual, numbers, out);
 }
 
 // --- The command ---------------------------------------------------------------------------------
@@ -147,8 +168,13 @@ Exit status: 0 success, 1 the file is damaged, 2 wrong usage, 3 it cannot be rea
     const std::int32_t count = company.assetCount();
     std::vector<Row> rows(1);
     for (std::size_t i = 0; i < headings.size(); ++i) rows.front()[i] = headings[i];
-    for (std::int32_t i = 1; i <= count; ++i) rows.push_back(rowFor(i, *company.asset(i)));
-    writeColumns(rows, is_number, out);
+    bool any_disposed = false;
+    for (std::int32_t i = 1; i <= count; ++i) {
+      const CalculateDepPtr asset = company.asset(i);
+      any_disposed = any_disposed || isDisposed(*asset);
+      rows.push_back(rowFor(i, *asset));
+    }
+    any_disposed ? writeColumns(rows, is_number, out) : writeUsualColumns(rows, out);
   }
 
   OutputFormat format_ = OutputFormat::table;

@@ -70,6 +70,17 @@ void addTodayOption(CLI::App& app, std::optional<Date>& today) {
   addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD", "Use this date as today's date");
 }
 
+CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number) {
+  return app.add_option("N", number, "The asset's number, as `depcalc list` shows it")
+      ->option_text(" ")
+      ->check([](const std::string& text) {
+        const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
+        return whole && text.size() < 10 && text.find_first_not_of('0') != std::string::npos
+                   ? ""
+                   : "\"" + text + "\" is not an asset number; numbers start at 1";
+      });
+}
+
 void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description) {
   addDateOption(app, "--fiscal-year-end", date, monthAndDay, "MM-DD", description);
 }

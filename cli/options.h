@@ -10,7 +10,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace depcalc {
 
@@ -26,6 +27,9 @@ void addSeparatorOption(CLI::App& app, char& separator);
 
 /// --today YYYY-MM-DD into `today`.
 void addTodayOption(CLI::App& app, std::optional<Date>& today);
+
+/// N, the number of an asset from 1, into `number`.
+CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number);
 
 /// --fiscal-year-end MM-DD into `date`, of which only month and day count.
 void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description);

@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator recalculation desktop_site desktop_widgets desktop_window paper print_module printing_objects"
+window="$calculator recalculation reports reports_reading changes desktop_site desktop_widgets desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -41,10 +41,11 @@ expected() {
     report_formats) echo "$records reports $1" ;;
     report_xlsx) echo "$records reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
+    changes) echo "$store reports reports_reading $1" ;;
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx paper cli controls field_rules host_sqlite print_module register register_events" ;;
+    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes paper cli controls field_rules host_sqlite print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;

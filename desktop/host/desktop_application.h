@@ -1,6 +1,12 @@
 // The host application that the calculator sees.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "DepCalc/units_following.h"
 #include "desktop/host/company_files.h"
 #include "host/listeners.h"
 
@@ -14,6 +20,9 @@ class DesktopApplication final : public HostApplication {
   ~DesktopApplication() override;
 
   [[nodiscard]] Company* company() const { return company_.get(); }
+  /// Runs `deletes`, in which the calculator deletes asset `number` of the open company: its units
+  /// go, and the others' stay with their assets.
+  void deletion(std::int32_t number, const std::function<void()>& deletes);
   /// Closes the company that is open and takes this one, which may be none.
   void setCompany(std::unique_ptr<Company> company);
 
@@ -26,6 +35,7 @@ class DesktopApplication final : public HostApplication {
  private:
   std::string start_directory_;
   std::unique_ptr<Company> company_;
+  std::shared_ptr<UnitsFollowing> file_;  ///< the company's, for the calculator
   Listeners<HostApplicationEvents> listeners_;
 };
 

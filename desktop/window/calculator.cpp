@@ -19,10 +19,12 @@ bool isCollapsed(const Grid& table) {
 
 }  // namespace
 
-Calculator::Calculator(Site& site, std::shared_ptr<HostApplication> host, const Scale& scale,
+Calculator::Calculator(Site& site, std::shared_ptr<DesktopApplication> host, const Scale& scale,
                        const Colours& colours)
     : stage_(site),
-      container_(stage_, screens_, [host = std::move(host)] { return host; }),
+      watched_screens_(screens_, [host](std::int32_t number,
+                                        const auto& answer) { host->deletion(number, answer); }),
+      container_(stage_, watched_screens_, [host] { return host; }),
       surface_(stage_, scale, colours) {}
 
 void Calculator::start() {

@@ -4,7 +4,9 @@
 #include <memory>
 
 #include "DepCalc/calculator_screens.h"
+#include "DepCalc/deletion_watch.h"
 #include "DepCalc/dep_calc_cont.h"
+#include "desktop/host/desktop_application.h"
 #include "desktop/site/desktop_site.h"
 #include "desktop/widgets/page.h"
 #include "desktop/widgets/surface.h"
@@ -18,7 +20,7 @@ namespace depcalc::desktop {
 /// From start-up to the end. No record in it outlives the company it was opened for.
 class Calculator {
  public:
-  Calculator(Site& site, std::shared_ptr<HostApplication> host, const Scale& scale,
+  Calculator(Site& site, std::shared_ptr<DesktopApplication> host, const Scale& scale,
              const Colours& colours);
 
   /// Runs the start-up, which may say why it cannot show anything.
@@ -62,6 +64,7 @@ class Calculator {
 
   Stage stage_;
   CalculatorScreens screens_;
+  DeletionWatch watched_screens_;
   DepCalcCont container_;
   Surface surface_;
   EditHelp edit_help_{container_, surface_};

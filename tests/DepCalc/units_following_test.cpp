@@ -6,7 +6,9 @@
 #include <random>
 
 #include "DepCalc/company_assets.h"
+#include "DepCalc/recalculation.h"
 #include "DepCalc/units_following.h"
+#include "changes/disposing.h"
 #include "host/failing/failing_host.h"
 #include "tests/DepCalc/store_pair.h"
 
@@ -61,6 +63,7 @@ class Followed {
   UnitsByYear unitsOf(int number) { return UnitsStore(host_->file()).unitsOf(number); }
   TableContent content() { return contentOf(*host_->file()); }
   HostCompanyFile& file() { return *file_; }
+  std::shared_ptr<HostCompanyFile> shared() { return file_; }
   AssetStore& store() { return *store_; }
 
   std::shared_ptr<FailurePlan> plan = std::make_shared<FailurePlan>();
@@ -235,7 +238,11 @@ class RandomUnits {
 
   void take() {
     if (model_.empty() || (model_.size() < 8 && pick(3) == 0)) return add();
-    switch (pick(6)) {
+    switch (pick(8)) {
+      case 5:
+        return dispose();
+      case 6:
+        return recalculate();
       case 0:
         return edit();
       case 1:
@@ -294,6 +301,20 @@ class RandomUnits {
     } else {
       unit.end();
     }
+  }
+  void dispose() {
+    CompanyAssets assets(company_.shared(), Date::carrying(2024, 6, 1));
+    const std::int32_t of = number();
+    const Date start = assets.asset(of)->AssetStartDate();
+    std::optional<Disposal> disposal = Disposal{start.plusDays(pick(1000)), Currency()};
+    if (pick(3) == 0) disposal.reset();
+    EXPECT_EQ(saveDisposal(assets, of, disposal), std::nullopt);
+    EXPECT_EQ(savedAsset(assets, of).disposed, disposal.value_or(Disposal()).date);
+  }
+  void recalculate() {
+    CompanyAssets assets(company_.shared(), Date::carrying(2024, 6, 1));
+    const Recalculation all = recalculated(assets, FiscalYearEnds::company);
+    EXPECT_EQ(saveRecalculation(assets, all, [](std::size_t) {}), std::nullopt);
   }
   void enterUnits() {
     const int of = number();

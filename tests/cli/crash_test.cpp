@@ -7,6 +7,7 @@
 #include <random>
 #include <thread>
 
+#include "DepCalc/units_store.h"
 #include "tests/cli/program.h"
 
 namespace depcalc {
@@ -20,6 +21,8 @@ class Crash : public Program {
     writeAssets(many_, 250);
     writeAssets(one_, 1);
     make(base_, 250);
+    UnitsStore units(opened(base_));
+    for (int n = 1; n <= 250; n += 2) units.put(n, {{2024, 5.0 * n}});
   }
 
   void restore() const {
@@ -29,13 +32,15 @@ class Crash : public Program {
 };
 
 TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
-  const int kills = std::getenv("DEPCALC_LONG") != nullptr ? 250 : 45;
+  const int kills = std::getenv("DEPCALC_LONG") != nullptr ? 250 : 75;
   const unsigned seed = std::random_device{}();
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);
   const TableContent before = contentAt(base_);
   const std::vector<Arguments> commands{{"import", "--allow-duplicates", file_, many_},
                                         {"import", "--allow-duplicates", file_, one_},
+                                        {"dispose", file_, "2", "--date", "2024-05-31"},
+                                        {"units", file_, "3", "--clear"},
                                         {"delete", file_, "1"}};
   int cut_short = 0;
   for (Arguments command : commands) {
@@ -47,7 +52,7 @@ TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
     const TableContent after = contentAt(file_);
     ASSERT_FALSE(before == after);
 
-    for (int i = 0; i < kills / 3; ++i) {
+    for (int i = 0; i < kills / 5; ++i) {
       restore();
       const double share = std::uniform_real_distribution<double>(0, 1.1)(random);
       const pid_t child = start(command);
