@@ -63,8 +63,14 @@ DisposalEffect effectOf(SavedAsset asset, const Disposal& disposal) {
 }
 
 SavedAsset savedAsset(CompanyAssets& assets, std::int32_t number) {
-  return readSavedAsset(assets.file(), number, assets.today(),
-                        [&](std::int32_t of) { return assets.units().unitsOf(of); });
+  return readSavedAsset(assets.state().m_orvcf, number, assets.today());
+}
+
+bool isDisposed(CompanyAssets& assets, std::int32_t number) {
+  const auto record =
+      assets.file().OpenTable(asset_table_name)->Item(static_cast<std::int16_t>(number));
+  const StoredValue day = record->Fields().GetValue("AEnd");
+  return day.type() == StoredValue::Type::date && !day.get<Date>().isNone();
 }
 
 std::optional<std::string> whyNotSavedAnew(CompanyAssets& assets, std::int32_t number) {

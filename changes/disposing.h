@@ -53,6 +53,9 @@ DisposalEffect effectOf(SavedAsset asset, const Disposal& disposal);
 /// Asset `number` with its units, as reports see it.
 SavedAsset savedAsset(CompanyAssets& assets, std::int32_t number);
 
+/// Whether a disposal of asset `number` is saved.
+bool isDisposed(CompanyAssets& assets, std::int32_t number);
+
 /// Why asset `number` cannot be saved anew: it cannot be read whole, and what was not read would be
 /// lost. Nothing where it can.
 std::optional<std::string> whyNotSavedAnew(CompanyAssets& assets, std::int32_t number);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/asset_fiscal_years.h"
 #include "engine/method.h"
 #include "engine/schedule_span.h"
 #include "values/number_text.h"
@@ -49,6 +50,10 @@ std::optional<std::string> refusedUnitsYear(const SavedAsset& asset, int year) {
   return "The asset's first fiscal year is FY" + std::to_string(first) +
          ". Please enter that year or a later one" +
          (year > last_year_of_calendar ? ", up to FY9999." : ".");
+}
+
+int fiscalYearOf(const SavedAsset& asset, Date day) {
+  return AssetFiscalYears(asset.placed_in_service, asset.fiscal_year_end).of(day);
 }
 
 std::optional<std::string> foreignUnits(CompanyAssets& assets, std::int32_t number) {

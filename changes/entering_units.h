@@ -22,6 +22,9 @@ std::optional<std::string> refusedUnits(const SavedAsset& asset);
 /// Why none are entered for fiscal year `year` of `asset`. Nothing where they are.
 std::optional<std::string> refusedUnitsYear(const SavedAsset& asset, int year);
 
+/// The fiscal year of `asset` that `day` falls in.
+int fiscalYearOf(const SavedAsset& asset, Date day);
+
 /// Why units cannot be added to those that asset `number` has: they were another asset's. Nothing
 /// where they can; taking all of them away is always possible.
 std::optional<std::string> foreignUnits(CompanyAssets& assets, std::int32_t number);

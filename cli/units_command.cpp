@@ -12,7 +12,7 @@
 #include "cli/text_columns.h"
 #include "values/data_text.h"
 #include "values/display_format.h"
-#include "values/json_text.h"
+#include "values/json_writer.h"
 #include "values/number_text.h"
 #include "values/printable_text.h"
 
@@ -44,15 +44,14 @@ void writeCsv(const std::vector<Row>& rows, Output& out) {
 }
 
 void writeJson(const std::vector<Row>& rows, Output& out) {
-  out.write("[");
-  const char* separator = "\n";
+  JsonWriter json;
+  json.beginArray(JsonWriter::Layout::below);
   for (const auto& [n, id, year, units] : rows) {
-    out.write(separator);
-    out.write("{\"n\":" + n + ",\"id\":" + jsonString(id) + ",\"fiscal_year\":" + year +
-              ",\"units\":" + jsonString(units) + "}");
-    separator = ",\n";
+    json.beginObject().name("n").number(n).name("id").text(id);
+    json.name("fiscal_year").number(year).name("units").text(units).endObject();
   }
-  out.write(rows.empty() ? "]\n" : "\n]\n");
+  json.endArray();
+  out.write(json.take());
 }
 
 void writeTable(std::vector<Row> rows, Output& out) {

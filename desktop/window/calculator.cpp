@@ -3,6 +3,7 @@
 #include "common/trapped.h"
 #include "desktop/window/missing_assets.h"
 #include "help/dep_calc_popup.h"
+#include "values/number_text.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -110,6 +111,22 @@ std::optional<int> Calculator::assetCount() {
     count = std::max(0, records - 1);
   });
   return count;
+}
+
+std::optional<int> Calculator::currentAsset() {
+  const CalculateDepPtr record = container_.CurrentRecord();
+  if (record == nullptr) return std::nullopt;
+  const double number = tryNumberFromText(record->RecIndex()).value_or(0.0);
+  const int count = assetCount().value_or(0);
+  return number >= 1 && number <= count ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
+void Calculator::selectAsset(int number) {
+  DepCalcView* const view = assetRegister();
+  if (view == nullptr || container_.visibleScreen() != view) return;
+  Grid& table = view->AssetViewTable;
+  if (number >= table.columns()) return;
+  surface_.act([&](User& user) { user.clickCell(table, 0, number); });
 }
 
 }  // namespace depcalc::desktop

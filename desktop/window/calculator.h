@@ -57,6 +57,10 @@ class Calculator {
   [[nodiscard]] DepCalcView* assetRegister();
   /// Saved assets; nothing before start-up and after a refusal.
   [[nodiscard]] std::optional<int> assetCount();
+  /// The number of the saved asset that is shown, or selected in the register.
+  [[nodiscard]] std::optional<int> currentAsset();
+  /// Selects asset `number` in the register, where that shows.
+  void selectAsset(int number);
 
  private:
   [[nodiscard]] bool entersAnAsset();

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "common/report_error.h"
 #include "desktop/host/backups.h"
@@ -95,6 +98,7 @@ class MainWindow : public QMainWindow {
   void makeMenus();
   void makeFileMenu();
   void makeCompanyMenu();
+  void makeAssetMenu();
   void makeHelpMenu();
   QAction* addAction(QMenu& menu, const QString& text, const QKeySequence& key,
                      void (MainWindow::*act)());
@@ -116,8 +120,20 @@ class MainWindow : public QMainWindow {
   void askRecalculation();
   void recalculate(FiscalYearEnds ends);
   void saveRecalculated(FiscalYearEnds ends, const Recalculation& seen);
-  [[nodiscard]] QString problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation);
+  /// What went wrong in `save`, which answers what was reported; "" where nothing did.
+  [[nodiscard]] QString problemOfSaving(const std::function<std::optional<std::string>()>& save);
   [[nodiscard]] bool keepFreshBackup();
+
+  // main_window_changes.cpp
+  /// Changes an asset; answers what was reported.
+  using AssetChange = std::function<std::optional<std::string>(CompanyAssets& assets, int number)>;
+  /// Asks the user about a change of asset `number`; null where there is to be none.
+  using AskedChange = std::function<AssetChange(CompanyAssets& assets, int number)>;
+  void changeAsset(const AskedChange& ask);
+  void askDisposal();
+  void undoDisposal();
+  void askUnits();
+  [[nodiscard]] bool isCurrentAssetDisposed();
 
   // main_window_backups.cpp
   void askBackup();
@@ -184,6 +200,9 @@ class MainWindow : public QMainWindow {
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
   QAction* recalculate_ = nullptr;
+  QAction* dispose_ = nullptr;
+  QAction* undo_disposal_ = nullptr;
+  QAction* units_ = nullptr;
   QAction* to_multi_user_ = nullptr;
   QAction* to_single_user_ = nullptr;
   QList<QAction*> company_actions_;  ///< need an open company

@@ -13,7 +13,7 @@ void MainWindow::makeMenus() {
   makeFileMenu();
   edit_menu_ = new EditMenu(*menuBar()->addMenu(tr("Ed&it")), [this] { return calculator(); });
   makeCompanyMenu();
-  asset_menu_ = new AssetMenu(*menuBar()->addMenu(tr("&Asset")), [this] { return calculator(); });
+  makeAssetMenu();
   view_menu_ = new ViewMenu(*menuBar()->addMenu(tr("Vie&w")), around_.settings, *page_);
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));
@@ -61,6 +61,15 @@ void MainWindow::makeCompanyMenu() {
   addAction(menu, tr("&Depreciation Calculator"), {}, &MainWindow::startCalculator);
 }
 
+void MainWindow::makeAssetMenu() {
+  QMenu& menu = *menuBar()->addMenu(tr("&Asset"));
+  asset_menu_ = new AssetMenu(menu, [this] { return calculator(); });
+  menu.addSeparator();
+  dispose_ = addAction(menu, tr("D&ispose…"), {}, &MainWindow::askDisposal);
+  undo_disposal_ = addAction(menu, tr("&Undo Disposal"), {}, &MainWindow::undoDisposal);
+  units_ = addAction(menu, tr("Units &Produced…"), {}, &MainWindow::askUnits);
+}
+
 void MainWindow::makeHelpMenu() {
   QMenu& menu = *menuBar()->addMenu(tr("&Help"));
   const auto add = [this, &menu](const QString& text, int link) {
@@ -95,6 +104,10 @@ void MainWindow::enableActions() {
   const bool assets = calculator_ != nullptr && calculator_->assetCount().value_or(0) > 0;
   for (QAction* action : print_actions_) action->setEnabled(assets);
   recalculate_->setEnabled(assets);
+  const bool saved_asset = calculator_ != nullptr && calculator_->currentAsset();
+  dispose_->setEnabled(saved_asset);
+  units_->setEnabled(saved_asset);
+  undo_disposal_->setEnabled(saved_asset && isCurrentAssetDisposed());
   to_multi_user_->setVisible(!multi);
   to_multi_user_->setEnabled(open);
   to_single_user_->setVisible(multi);

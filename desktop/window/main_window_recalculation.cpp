@@ -66,17 +66,15 @@ void MainWindow::saveRecalculated(FiscalYearEnds ends, const Recalculation& seen
         tr("Another program has changed the company in the meantime. Please review the amounts "
            "again.");
   } else {
-    problem = problemOfSaving(assets, now);
+    problem = problemOfSaving([&] { return saveRecalculation(assets, now, [](std::size_t) {}); });
   }
   startCalculator();
   if (!problem.isEmpty() && !told_) tell(tr("Nothing was changed. %1").arg(problem));
 }
 
-QString MainWindow::problemOfSaving(CompanyAssets& assets, const Recalculation& recalculation) {
+QString MainWindow::problemOfSaving(const std::function<std::optional<std::string>()>& save) {
   std::optional<std::string> report;
-  const bool done = trapped("DepCalcDesktop::recalculate", [&] {
-    report = saveRecalculation(assets, recalculation, [](std::size_t) {});
-  });
+  const bool done = trapped("DepCalcDesktop::save", [&] { report = save(); });
   if (done && !report) return {};
   const auto trouble = company()->takeTrouble();
   if (trouble) return qtText(*trouble);

@@ -139,9 +139,13 @@ struct WindowTest : ::testing::Test {
     boxes.answering = true;
     settle();
   }
+  /// An item by its text; the menu Edit is not the item Edit.
   QAction& action(const char* text) {
     for (QAction* found : window.findChildren<QAction*>()) {
-      if (QString(found->text()).remove(u'&') == QString::fromUtf8(text)) return *found;
+      const bool opens_menu = found->menu() != nullptr;
+      if (!opens_menu && QString(found->text()).remove(u'&') == QString::fromUtf8(text)) {
+        return *found;
+      }
     }
     ADD_FAILURE() << text;
     return *window.findChild<QAction*>();

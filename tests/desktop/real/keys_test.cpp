@@ -42,6 +42,31 @@ struct TwoAssets : RealWindow {
 
 using Keys = TwoAssets;
 
+TEST_F(Keys, DisposeOfTheSelectedAssetAndTakeItBack) {
+  const auto disposed = [this] {
+    return gui([&] {
+      return CompanyAssets(window->company()->file(), Date::strict(2024, 6, 15))
+          .asset(2)
+          ->AssetEndDate();
+    });
+  };
+  clickCell(0, 2);
+  menu("Dispose…");
+  EXPECT_EQ(user.dialog().title, "Dispose of Asset");
+  user.fills("6/30/2025");
+  user.types("500");
+  user.key("Return");
+  EXPECT_TRUE(user.seesNoDialog());
+  EXPECT_EQ(disposed(), Date::strict(2025, 6, 30));
+  EXPECT_EQ(gui([this] { return backups->of(path()).size(); }), 1) << "of the company before";
+  EXPECT_EQ(shown(), "DepCalcView1");
+  menu("Undo Disposal");
+  EXPECT_THAT(user.dialog().buttons, ElementsAre("Yes", "No"));
+  EXPECT_TRUE(user.answers("Yes"));
+  EXPECT_TRUE(user.seesNoDialog());
+  EXPECT_TRUE(disposed().isNone());
+}
+
 TEST_F(Keys, EditSaveAndDeleteTheSelectedAsset) {
   clickCell(0, 2);
   user.key("Return");
