@@ -26,16 +26,6 @@ std::string fieldOf(const Grid& grid, int row, int column) {
   return isAmount(kind) ? withoutSeparators(text) : std::string(text);
 }
 
-void appendTabbed(std::string& out, std::string_view field) {
-  if (field.find_first_of("\t\r\n\"") == std::string_view::npos) {
-    out += field;
-    return;
-  }
-  out += '"';
-  for (const char c : field) out.append(c == '"' ? 2 : 1, c);
-  out += '"';
-}
-
 /// The tag that a cell stands in, without its brackets.
 std::string_view openingTag(CellKind kind) {
   switch (kind) {
@@ -77,7 +67,7 @@ void appendRow(CopiedCells& copied, const Grid& grid, int row, const std::vector
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const std::string field = fieldOf(grid, row, columns[i]);
     if (i > 0) copied.text += '\t';
-    appendTabbed(copied.text, field);
+    copied.text += tabbedField(field);
     appendCell(copied.html, grid.kind(row, columns[i]), field);
   }
   copied.text += '\n';

@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator recalculation reports reports_reading changes desktop_site desktop_widgets desktop_window paper print_module printing_objects"
+window="$calculator recalculation reports reports_reading changes report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -42,6 +42,7 @@ expected() {
     report_xlsx) echo "$records reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
     changes) echo "$store reports reports_reading $1" ;;
+    report_desk) echo "$records reports report_formats report_xlsx $1" ;;
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;

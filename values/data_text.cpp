@@ -13,14 +13,19 @@ bool wantsGuard(std::string_view text) {
          formula_beginnings.find(text[at]) != std::string_view::npos;
 }
 
-}  // namespace
-
-std::string csvField(std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
+/// Between quotes where it holds one of the characters `special`.
+std::string quotedWith(std::string_view text, std::string_view special) {
+  if (text.find_first_of(special) == std::string_view::npos) return std::string(text);
   std::string field = "\"";
   for (const char c : text) field.append(c == '"' ? 2 : 1, c);
   return field + '"';
 }
+
+}  // namespace
+
+std::string csvField(std::string_view text) { return quotedWith(text, ",\"\r\n"); }
+
+std::string tabbedField(std::string_view text) { return quotedWith(text, "\t\"\r\n"); }
 
 std::string guardedText(std::string_view text) {
   return (wantsGuard(text) ? "'" : "") + std::string(text);

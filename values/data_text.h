@@ -9,6 +9,10 @@ namespace depcalc {
 /// As a field of a CSV row: between quotes where it holds a comma, a quote or a line end.
 std::string csvField(std::string_view text);
 
+/// As a field between tabs, for the clipboard: between quotes where it holds a tab, a line end or a
+/// quote.
+std::string tabbedField(std::string_view text);
+
 /// Spreadsheets take a field for a formula when it begins with = + - @, a tab or a carriage
 /// return, whoever wrote it. Such a text gets an apostrophe in front, and so does one that begins
 /// with apostrophes before such a character; every other text stays as it is.

@@ -1,6 +1,7 @@
 #include "desktop/preview/preview.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QPdfWriter>
 #include <QTimer>
@@ -15,6 +16,7 @@ namespace depcalc::desktop {
 namespace {
 
 constexpr QSize picture_size(940, 640);  // whatever screen there is
+constexpr QSize reports_size(1240, 800);
 constexpr int page_dpi = 110;
 constexpr double margin_points = 36;
 
@@ -30,6 +32,7 @@ class Walk {
       user([view](User& user) { user.clickCell(view->AssetViewTable, 0, 1); });
       grab(QStringLiteral("register-selected"));
       printSchedule();
+      showReports();
       user([view](User& user) { user.click(view->EditButton.normal); });
     }
     showEntry();
@@ -74,6 +77,31 @@ class Walk {
   void grab(const QString& name) {
     const QString path = directory_ + u'/' + name + QStringLiteral(".png");
     if (window_.grab().save(path)) paths_ << path;
+  }
+
+  /// Each kind, on its own.
+  void showReports() {
+    const std::pair<ReportKind, const char*> kinds[] = {
+        {ReportKind::schedule, "reports-schedule"},
+        {ReportKind::years, "reports-years"},
+        {ReportKind::rollforward, "reports-rollforward"},
+        {ReportKind::journal, "reports-journal"},
+        {ReportKind::asset, "reports-asset"},
+        {ReportKind::check, "reports-check"}};
+    for (const auto& [kind, name] : kinds) {
+      window_.showReports(kind);
+      auto* const reports = window_.findChild<QWidget*>(QStringLiteral("ReportsWindow"));
+      if (reports == nullptr) return;
+      reports->resize(reports_size);
+      if (auto* const by = reports->findChild<QComboBox*>(QStringLiteral("Grouping"))) {
+        by->setCurrentIndex(kind == ReportKind::years ? 0 : 1);
+      }
+      show();
+      const QString path = directory_ + u'/' + QLatin1String(name) + QStringLiteral(".png");
+      if (reports->grab().save(path)) paths_ << path;
+    }
+    window_.findChild<QWidget*>(QStringLiteral("ReportsWindow"))->close();
+    show();
   }
 
   void printSchedule() {

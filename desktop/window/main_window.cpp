@@ -56,6 +56,7 @@ MainWindow::MainWindow(Surroundings surroundings)
 
 MainWindow::~MainWindow() {
   around_.files.whenChangeFails({});
+  endReports();
   endCalculator();
 }
 
@@ -139,6 +140,7 @@ bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
 void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& path) {
   application_->setCompany(std::move(company));
   kept_revision_ = revision().value_or(0);
+  reports_revision_.reset();
   backup_kept_ = false;
   followed_path_ = path;
   given_up_revision_.reset();
@@ -161,7 +163,8 @@ void MainWindow::startCalculator() {
   endCalculator();
   calculator_ =
       std::make_unique<Calculator>(site_, application_, view_menu_->scale(), Colours(palette()));
-  print_help_ = std::make_unique<PrintHelp>(*calculator_, site_, *this);
+  print_help_ = std::make_unique<PrintHelp>(*calculator_, site_, *this,
+                                            [this] { showReports(ReportKind::years); });
   calculator_->showOn(*page_);
   calculator_->start();
   // What start-up refreshes is no change of the user's.
@@ -240,6 +243,7 @@ void MainWindow::showPlaceholder() {
 
 void MainWindow::showStatus() {
   enableActions();
+  followReports();
   if (company() == nullptr) {
     setWindowTitle(tr("Depreciation Calculator"));
     company_label_->setText(tr("No company open"));

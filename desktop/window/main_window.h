@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,10 +11,12 @@
 #include "common/report_error.h"
 #include "desktop/host/backups.h"
 #include "desktop/host/desktop_application.h"
+#include "desktop/reports/report_desk.h"
 #include "desktop/window/asset_menu.h"
 #include "desktop/window/calculator.h"
 #include "desktop/window/edit_menu.h"
 #include "desktop/window/print_help.h"
+#include "desktop/window/printing.h"
 #include "desktop/window/settings.h"
 #include "desktop/window/view_menu.h"
 
@@ -28,6 +31,8 @@ struct Recalculation;
 }  // namespace depcalc
 
 namespace depcalc::desktop {
+
+class ReportsWindow;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -82,6 +87,8 @@ class MainWindow : public QMainWindow {
   bool saveCopy(const QString& path);
   /// A calculator of its own, anew.
   void startCalculator();
+  /// Opens the Reports window with this kind of report, or brings it to the front.
+  void showReports(ReportKind kind);
   void setZoom(int percent) { view_menu_->setZoom(percent); }
 
   [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
@@ -108,12 +115,21 @@ class MainWindow : public QMainWindow {
   // main_window_dialogs.cpp
   void askNewCompany();
   void askOpenCompany();
+  [[nodiscard]] ScheduleJob jobOf(Calculator& calculator);
   void print();
   void previewPrint();
   void showAbout();
   void showHelpTopic(int link);
   void tell(const QString& text);
   [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
+
+  // main_window_reports.cpp
+  void makeReportsMenu();
+  [[nodiscard]] RegisterOfAssets registerForReports();
+  [[nodiscard]] std::size_t assetsNotPrinted();
+  void followReports();
+  [[nodiscard]] bool reportsAreOfCompany() const;
+  void endReports();
 
   // main_window_recalculation.cpp
   void askCompanyInfo();
@@ -197,6 +213,10 @@ class MainWindow : public QMainWindow {
   EditMenu* edit_menu_ = nullptr;
   AssetMenu* asset_menu_ = nullptr;
   ViewMenu* view_menu_ = nullptr;
+  QPointer<ReportsWindow> reports_;
+  QString reports_path_;
+  std::optional<std::uint64_t> reports_revision_;  ///< that they show
+  QList<QAction*> report_actions_;                 ///< need an open company
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
   QAction* recalculate_ = nullptr;

@@ -13,15 +13,6 @@
 #include "help/help_topics.h"
 
 namespace depcalc::desktop {
-namespace {
-
-ScheduleJob jobOf(Calculator& calculator) {
-  return {[&calculator](Printer& printer) { return calculator.missingOnPaper(printer); },
-          [&calculator](Printer& printer) { calculator.print(printer); }};
-}
-
-}  // namespace
-
 /// What waits to be told would say it once more.
 void MainWindow::tell(const QString& text) {
   to_tell_.clear();
@@ -79,6 +70,12 @@ void MainWindow::showHelpTopic(int link) {
 
 std::unique_ptr<Printer> MainWindow::systemPrinter() {
   return makeSystemPrinter(around_.settings.printer(), this);
+}
+
+ScheduleJob MainWindow::jobOf(Calculator& calculator) {
+  return {[&calculator](Printer& printer) { return calculator.missingOnPaper(printer); },
+          [&calculator](Printer& printer) { calculator.print(printer); },
+          [this] { showReports(ReportKind::years); }};
 }
 
 void MainWindow::print() {

@@ -53,6 +53,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  endReports();
   remember(open);
   event->accept();
 }

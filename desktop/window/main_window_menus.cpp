@@ -14,6 +14,7 @@ void MainWindow::makeMenus() {
   edit_menu_ = new EditMenu(*menuBar()->addMenu(tr("Ed&it")), [this] { return calculator(); });
   makeCompanyMenu();
   makeAssetMenu();
+  makeReportsMenu();
   view_menu_ = new ViewMenu(*menuBar()->addMenu(tr("Vie&w")), around_.settings, *page_);
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));
@@ -100,7 +101,7 @@ void MainWindow::enableActions() {
   asset_menu_->enable();
   const bool open = company() != nullptr;
   const bool multi = open && application_->CompanyFile()->IsMultiUser();
-  for (QAction* action : company_actions_) action->setEnabled(open);
+  for (QAction* action : company_actions_ + report_actions_) action->setEnabled(open);
   const bool assets = calculator_ != nullptr && calculator_->assetCount().value_or(0) > 0;
   for (QAction* action : print_actions_) action->setEnabled(assets);
   recalculate_->setEnabled(assets);

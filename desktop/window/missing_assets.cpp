@@ -61,18 +61,25 @@ QString missingAssetsNote(const Grid& register_table, Printer& printer) {
   return whatIsMissing(missing) + u' ' + whatMayHelp(missing);
 }
 
-bool printsAllTheSame(const QString& note, const QString& otherwise, QWidget* window) {
-  if (note.isEmpty()) return true;
+std::size_t assetsMissing(const Grid& register_table, Printer& printer) {
+  return static_cast<std::size_t>(missingAssets(register_table, printer).assets);
+}
+
+AboutMissing askAboutMissing(const QString& note, const QString& otherwise, QWidget* window) {
+  if (note.isEmpty()) return AboutMissing::print;
   QMessageBox box(QMessageBox::Warning, QObject::tr("Print"), note, QMessageBox::NoButton, window);
   box.setTextFormat(Qt::PlainText);
   box.setObjectName(QStringLiteral("MissingAssets"));
-  QPushButton* const print = box.addButton(QObject::tr("&Print Anyway"), QMessageBox::AcceptRole);
+  const auto* const print = box.addButton(QObject::tr("&Print Anyway"), QMessageBox::AcceptRole);
+  const auto* const report =
+      box.addButton(QObject::tr("&All Fiscal Years…"), QMessageBox::AcceptRole);
   QPushButton* const back = box.addButton(otherwise, QMessageBox::RejectRole);
   box.setDefaultButton(back);
   box.setEscapeButton(back);
   tidyBox(box);
   box.exec();
-  return box.clickedButton() == print;
+  if (box.clickedButton() == print) return AboutMissing::print;
+  return box.clickedButton() == report ? AboutMissing::report : AboutMissing::back;
 }
 
 }  // namespace depcalc::desktop

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 
 #include "controls/grid.h"
 #include "controls/printer.h"
@@ -14,8 +15,18 @@ namespace depcalc::desktop {
 /// have room for them; "" where every asset is on a page. To be asked before the job begins.
 [[nodiscard]] QString missingAssetsNote(const Grid& register_table, Printer& printer);
 
-/// Whether the user wants to print all the same. Nothing to note: yes, unasked. `otherwise` says
-/// what the other button does.
-[[nodiscard]] bool printsAllTheSame(const QString& note, const QString& otherwise, QWidget* window);
+/// How many they are.
+[[nodiscard]] std::size_t assetsMissing(const Grid& register_table, Printer& printer);
+
+enum class AboutMissing {
+  print,
+  back,
+  report,  ///< the report that prints all of them instead
+};
+
+/// What the user wants to do about it. Nothing to note: print, unasked. `otherwise` says what the
+/// button back does.
+[[nodiscard]] AboutMissing askAboutMissing(const QString& note, const QString& otherwise,
+                                           QWidget* window);
 
 }  // namespace depcalc::desktop

@@ -1,13 +1,15 @@
 #include "desktop/window/print_help.h"
 
 #include <QWidget>
+#include <utility>
 
 #include "desktop/window/missing_assets.h"
 
 namespace depcalc::desktop {
 
-PrintHelp::PrintHelp(Calculator& calculator, DesktopSite& site, QWidget& window)
-    : calculator_(calculator), site_(site), window_(window) {
+PrintHelp::PrintHelp(Calculator& calculator, DesktopSite& site, QWidget& window,
+                     std::function<void()> report_all)
+    : calculator_(calculator), site_(site), window_(window), report_all_(std::move(report_all)) {
   DepCalcView* const view = calculator.assetRegister();
   if (view == nullptr) return;
   Handler& released = view->PrintButton.normal.onMouseUp;
@@ -29,7 +31,9 @@ bool PrintHelp::prepare() {
   const QString note = missingAssetsNote(calculator_.assetRegister()->AssetViewTable, *printer);
   if (note.isEmpty()) return true;
   const QString where = note + u' ' + QObject::tr("File > Print lets you choose the paper.");
-  return printsAllTheSame(where, QObject::tr("Cancel"), &window_);
+  const AboutMissing wanted = askAboutMissing(where, QObject::tr("Cancel"), &window_);
+  if (wanted == AboutMissing::report) report_all_();
+  return wanted == AboutMissing::print;
 }
 
 }  // namespace depcalc::desktop

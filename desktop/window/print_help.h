@@ -17,7 +17,9 @@ namespace depcalc::desktop {
 class PrintHelp {
  public:
   /// All of them live as long as this does, or longer; it lives as long as the calculator.
-  PrintHelp(Calculator& calculator, DesktopSite& site, QWidget& window);
+  /// `report_all` shows the report that prints every asset.
+  PrintHelp(Calculator& calculator, DesktopSite& site, QWidget& window,
+            std::function<void()> report_all);
 
  private:
   void releasePrint(const Handler& print);
@@ -26,6 +28,7 @@ class PrintHelp {
   Calculator& calculator_;
   DesktopSite& site_;
   QWidget& window_;
+  std::function<void()> report_all_;
 };
 
 }  // namespace depcalc::desktop

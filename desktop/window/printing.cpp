@@ -8,7 +8,6 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
@@ -17,11 +16,9 @@
 #include <QToolButton>
 
 #include "desktop/printing/page_printer.h"
-#include "desktop/widgets/dialog_looks.h"
-#include "desktop/window/file_dialogs.h"
 #include "desktop/window/file_names.h"
+#include "desktop/window/file_to_write.h"
 #include "desktop/window/missing_assets.h"
-#include "desktop/window/warning_box.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -53,12 +50,6 @@ class SystemJob : private Device, public PagePrinter {
     setMargins(Device::device);
   }
 };
-
-QPrinterInfo printerCalled(const QString& preferred) {
-  const QPrinterInfo named =
-      preferred.isEmpty() ? QPrinterInfo() : QPrinterInfo::printerInfo(preferred);
-  return named.isNull() ? QPrinterInfo::defaultPrinter() : named;
-}
 
 /// The toolkit's dialog leaves some of its controls without one.
 void nameControls(QPrintPreviewDialog& dialog) {
@@ -97,35 +88,22 @@ QLabel* addNote(QDialog& dialog) {
   return note;
 }
 
-bool mayReplace(const QString& path, QWidget* window) {
-  QMessageBox box(
-      QMessageBox::Warning, QObject::tr("Replace File"),
-      QObject::tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
-      QMessageBox::Yes | QMessageBox::No, window);
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(QMessageBox::No);
-  tidyBox(box);
-  return box.exec() == QMessageBox::Yes;
-}
-
-/// Its name ends in ".pdf", and that is the name which the user is asked about where it is taken.
 QString askPdfFile(QWidget* window) {
-  QString path = QObject::tr("Depreciation Schedule.pdf");
-  for (;;) {
-    path = askFileToSave(window, {.title = QObject::tr("No printer is set up: print to a PDF file"),
-                                  .filter = QObject::tr("PDF documents (*.pdf)"),
-                                  .proposed = path});
-    if (path.isEmpty()) return {};
-    path = withSuffix(path, pdf_suffix);
-    if (const QString trouble = folderTrouble(path); !trouble.isEmpty()) {
-      warn(trouble, window);
-    } else if (!QFileInfo::exists(path) || mayReplace(path, window)) {
-      return path;
-    }
-  }
+  return askFileToWrite(window,
+                        {.title = QObject::tr("No printer is set up: print to a PDF file"),
+                         .filter = QObject::tr("PDF documents (*.pdf)"),
+                         .proposed = QObject::tr("Depreciation Schedule.pdf")},
+                        pdf_suffix);
 }
 
-/// The toolkit's dialog takes any name for a file to print to, and asks about that one.
+}  // namespace
+
+QPrinterInfo printerCalled(const QString& preferred) {
+  const QPrinterInfo named =
+      preferred.isEmpty() ? QPrinterInfo() : QPrinterInfo::printerInfo(preferred);
+  return named.isNull() ? QPrinterInfo::defaultPrinter() : named;
+}
+
 bool endsInPdf(QPrinter& device, QWidget* window) {
   const QString named = device.outputFileName();
   if (device.outputFormat() != QPrinter::PdfFormat || named.isEmpty()) return true;
@@ -134,8 +112,6 @@ bool endsInPdf(QPrinter& device, QWidget* window) {
   device.setOutputFileName(path);
   return true;
 }
-
-}  // namespace
 
 std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window) {
   const QPrinterInfo printer = printerCalled(preferred);
@@ -153,7 +129,12 @@ QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWi
   while (dialog.exec() == QDialog::Accepted) {
     if (!endsInPdf(device, window)) continue;
     PagePrinter printer(device);
-    if (!printsAllTheSame(job.missing(printer), QObject::tr("&Back"), window)) continue;
+    const AboutMissing wanted = askAboutMissing(job.missing(printer), QObject::tr("&Back"), window);
+    if (wanted == AboutMissing::back) continue;
+    if (wanted == AboutMissing::report) {
+      job.report_all();
+      return {};
+    }
     job.print(printer);
     return device.printerName();
   }

@@ -1,0 +1,356 @@
+#include "desktop/window/reports_window.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "desktop/widgets/colours.h"
+#include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/report_kind_painter.h"
+#include "desktop/window/report_output.h"
+#include "desktop/window/report_preview.h"
+#include "desktop/window/warning_box.h"
+#include "reports/company_years.h"
+
+namespace depcalc::desktop {
+namespace {
+
+constexpr QSize first_size(1240, 800);
+constexpr int list_width = 222;  // pixels
+
+constexpr std::array<PdfPaper, 4> papers{{{PaperSize::a4, true},
+                                          {PaperSize::a4, false},
+                                          {PaperSize::letter, true},
+                                          {PaperSize::letter, false}}};
+
+constexpr std::array groupings{Grouping::none, Grouping::department, Grouping::method,
+                               Grouping::convention};
+
+QStringList paperNames() {
+  return {QObject::tr("A4 landscape"), QObject::tr("A4 portrait"), QObject::tr("Letter landscape"),
+          QObject::tr("Letter portrait")};
+}
+
+QStringList groupingNames() {
+  return {QObject::tr("Nothing"), QObject::tr("Department"), QObject::tr("Method"),
+          QObject::tr("Convention")};
+}
+
+/// Without telling anybody.
+void fill(QComboBox& box, const QStringList& items, int current) {
+  const QSignalBlocker silent(box);
+  box.clear();
+  box.addItems(items);
+  box.setCurrentIndex(current);
+}
+
+}  // namespace
+
+ReportsWindow::ReportsWindow(Surroundings surroundings, QWidget* parent)
+    : QWidget(parent, Qt::Window), around_(std::move(surroundings)), desk_(around_.read()) {
+  setObjectName(QStringLiteral("ReportsWindow"));
+  setWindowTitle(tr("Reports"));
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(makeChoices());
+  layout->addWidget(makeMiddle(), 1);
+  layout->addWidget(makeButtons());
+  dropButtonIcons(*this);
+  resize(first_size.boundedTo(parent->size().expandedTo(QSize(900, 600))));
+  fillKinds();
+  fillChoices();
+  showReport();
+  colourPrintButton();
+  kinds_->setFocus();
+}
+
+QComboBox* ReportsWindow::addChoice(QHBoxLayout& row, QLabel*& label, const QString& caption,
+                                    const char* name, void (ReportsWindow::*chosen)(int)) {
+  label = new QLabel(caption, this);
+  auto* const box = new QComboBox(this);
+  box->setObjectName(QLatin1String(name));
+  box->setAccessibleName(QString(caption).remove(u'&'));
+  box->view()->setAccessibleName(box->accessibleName());
+  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  box->setMinimumContentsLength(12);
+  label->setBuddy(box);
+  row.addWidget(label);
+  row.addWidget(box);
+  row.addSpacing(fontMetrics().averageCharWidth());
+  connect(box, &QComboBox::currentIndexChanged, this, chosen);
+  return box;
+}
+
+QToolButton* ReportsWindow::addTurn(QHBoxLayout& row, Qt::ArrowType arrow, const QString& name,
+                                    int step) {
+  auto* const button = new QToolButton(this);
+  button->setArrowType(arrow);
+  button->setAccessibleName(name);
+  button->setToolTip(name);
+  button->setFocusPolicy(Qt::TabFocus);
+  row.addWidget(button);
+  connect(button, &QToolButton::clicked, this,
+          [this, step] { preview_->showPage(preview_->page() + step); });
+  return button;
+}
+
+QWidget* ReportsWindow::makeChoices() {
+  auto* const bar = new QWidget(this);
+  auto* const row = new QHBoxLayout(bar);
+  year_ = addChoice(*row, year_label_, tr("Fiscal &year"), "Year", &ReportsWindow::chooseYear);
+  asset_ = addChoice(*row, asset_label_, tr("&Asset"), "Asset", &ReportsWindow::chooseAsset);
+  asset_->setMinimumContentsLength(28);
+  grouping_ =
+      addChoice(*row, grouping_label_, tr("&Group by"), "Grouping", &ReportsWindow::chooseGrouping);
+  paper_ = addChoice(*row, paper_label_, tr("Pape&r"), "Paper", &ReportsWindow::choosePaper);
+  row->addStretch();
+  back_ = addTurn(*row, Qt::LeftArrow, tr("Previous page"), -1);
+  page_ = new QLabel(bar);
+  page_->setObjectName(QStringLiteral("PageNumber"));
+  row->addWidget(page_);
+  forward_ = addTurn(*row, Qt::RightArrow, tr("Next page"), 1);
+  fill(*paper_, paperNames(), 0);
+  fill(*grouping_, groupingNames(), 0);
+  return bar;
+}
+
+QWidget* ReportsWindow::makeMiddle() {
+  auto* const middle = new QWidget(this);
+  auto* const row = new QHBoxLayout(middle);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  kinds_ = new QListWidget(middle);
+  kinds_->setObjectName(QStringLiteral("Kinds"));
+  kinds_->setAccessibleName(tr("Reports"));
+  kinds_->setItemDelegate(new ReportKindPainter(kinds_));
+  kinds_->setFixedWidth(list_width);
+  kinds_->setFrameShape(QFrame::NoFrame);
+  kinds_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  preview_ = new ReportPreview(middle);
+  row->addWidget(kinds_);
+  row->addWidget(preview_, 1);
+  connect(kinds_, &QListWidget::currentRowChanged, this, &ReportsWindow::chooseRow);
+  connect(preview_, &ReportPreview::pageShown, this, &ReportsWindow::showPageNumber);
+  return middle;
+}
+
+QWidget* ReportsWindow::makeButtons() {
+  auto* const bar = new QWidget(this);
+  auto* const row = new QHBoxLayout(bar);
+  const auto add = [&](const QString& caption, const char* name) {
+    auto* const button = new QPushButton(caption, bar);
+    button->setObjectName(QLatin1String(name));
+    row->addWidget(button);
+    return button;
+  };
+  export_ = add(tr("&Export"), "Export");
+  formats_ = new QMenu(export_);
+  formats_->setAccessibleName(tr("Export"));
+  export_->setMenu(formats_);
+  copy_ = add(tr("&Copy"), "Copy");
+  copy_->setToolTip(tr("Ctrl+C"));
+  unsaved_ = new QLabel(bar);
+  unsaved_->setObjectName(QStringLiteral("Unsaved"));
+  unsaved_->setText(tr("An asset has changes that are not saved. Reports show what is saved."));
+  unsaved_->hide();
+  row->addSpacing(fontMetrics().averageCharWidth());
+  row->addWidget(unsaved_);
+  row->addStretch();
+  connect(add(tr("C&lose"), "Close"), &QPushButton::clicked, this, &QWidget::close);
+  print_ = add(tr("&Print…"), "Print");
+  connect(copy_, &QPushButton::clicked, this, &ReportsWindow::copy);
+  connect(print_, &QPushButton::clicked, this, &ReportsWindow::print);
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this,
+          &ReportsWindow::copy);
+  connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, this,
+          &ReportsWindow::print);
+  return bar;
+}
+
+void ReportsWindow::choose(ReportKind kind) { kinds_->setCurrentRow(static_cast<int>(kind)); }
+
+void ReportsWindow::refresh() {
+  desk_.setRegister(around_.read());
+  fillKinds();
+  fillChoices();
+  showReport();
+}
+
+void ReportsWindow::noteUnsaved(bool unsaved) { unsaved_->setVisible(unsaved); }
+
+void ReportsWindow::fillKinds() {
+  const QSignalBlocker silent(kinds_);
+  if (kinds_->count() == 0) {
+    for (int i = 0; i < report_kind_count; ++i) kinds_->addItem(QString());
+  }
+  for (int i = 0; i < report_kind_count; ++i) {
+    const auto kind = static_cast<ReportKind>(i);
+    QListWidgetItem& item = *kinds_->item(i);
+    const QString line = qtText(desk_.lineOf(kind));
+    item.setText(qtText(ReportDesk::titleOf(kind)));
+    item.setData(Qt::UserRole, line);
+    item.setData(Qt::AccessibleTextRole, item.text() + QStringLiteral(", ") + line);
+  }
+  kinds_->setCurrentRow(static_cast<int>(desk_.kind()));
+}
+
+void ReportsWindow::fillChoices() {
+  QStringList years;
+  const std::vector<int> offered = desk_.years();
+  for (const int year : offered) years << qtText(fiscalYearName(year));
+  const auto chosen = std::find(offered.begin(), offered.end(), desk_.year());
+  fill(*year_, years, static_cast<int>(chosen - offered.begin()));
+  QStringList names;
+  for (const std::string& name : desk_.assetNames()) names << qtText(name);
+  fill(*asset_, names, desk_.asset() - 1);
+}
+
+void ReportsWindow::chooseRow(int row) {
+  if (row < 0) return;
+  desk_.choose(static_cast<ReportKind>(row));
+  showReport();
+}
+
+void ReportsWindow::chooseYear(int index) {
+  const std::vector<int> offered = desk_.years();
+  if (index < 0 || index >= std::ssize(offered)) return;
+  desk_.chooseYear(offered[static_cast<std::size_t>(index)]);
+  showReport();
+}
+
+void ReportsWindow::chooseGrouping(int index) {
+  desk_.chooseGrouping(groupings.at(static_cast<std::size_t>(index)));
+  showReport();
+}
+
+void ReportsWindow::choosePaper(int) { showReport(); }
+
+void ReportsWindow::chooseAsset(int index) {
+  if (index < 0) return;
+  desk_.chooseAsset(index + 1);
+  showReport();
+}
+
+PdfPaper ReportsWindow::paper() const {
+  return papers.at(static_cast<std::size_t>(paper_->currentIndex()));
+}
+
+void ReportsWindow::showReport() {
+  for (QWidget* part : std::initializer_list<QWidget*>{year_label_, year_}) {
+    part->setVisible(desk_.asksForYear());
+  }
+  for (QWidget* part : std::initializer_list<QWidget*>{grouping_label_, grouping_}) {
+    part->setVisible(desk_.asksForGrouping());
+  }
+  for (QWidget* part : std::initializer_list<QWidget*>{asset_label_, asset_}) {
+    part->setVisible(desk_.asksForAsset());
+  }
+  const Report* const report = desk_.report();
+  preview_->showReport(report, paper(), desk_.assets().today, qtText(desk_.trouble()));
+  for (QPushButton* button : {export_, copy_, print_}) button->setEnabled(report != nullptr);
+  fillFormats();
+}
+
+void ReportsWindow::showPageNumber() {
+  const int count = preview_->count();
+  page_->setText(count == 0 ? QString() : tr("Page %1 of %2").arg(preview_->page() + 1).arg(count));
+  back_->setEnabled(preview_->page() > 0);
+  forward_->setEnabled(preview_->page() + 1 < count);
+}
+
+void ReportsWindow::fillFormats() {
+  formats_->clear();
+  for (const OfferedFormat& format : desk_.formats()) {
+    connect(formats_->addAction(qtText(format.caption)), &QAction::triggered, this,
+            [this, format] { exportAs(format); });
+  }
+}
+
+void ReportsWindow::exportAs(const OfferedFormat& format) {
+  const Report* const report = desk_.report();
+  if (report == nullptr) return;
+  std::string trouble;
+  QByteArray content;
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  if (format.format == ExportFormat::pdf) {
+    content = pdfOfReport(*report, paper(), desk_.assets().today);
+    if (content.isEmpty()) trouble = "no font is installed";
+  } else {
+    content = QByteArray::fromStdString(desk_.written(format.format, trouble));
+  }
+  QApplication::restoreOverrideCursor();
+  if (!trouble.empty())
+    return warn(tr("The report could not be made: %1.").arg(qtText(trouble)), this);
+  const QString suffix = qtText(format.suffix);
+  const QString folder = QFileInfo(around_.company_path).absolutePath();
+  exportReport(
+      {.proposed = folder + u'/' + qtText(desk_.fileName()) + suffix,
+       .filter = qtText(format.caption).remove(u'&') + QStringLiteral(" (*%1)").arg(suffix),
+       .suffix = suffix,
+       .taken = around_.company_path},
+      content, this);
+}
+
+void ReportsWindow::copy() {
+  if (desk_.report() == nullptr) return;
+  const CopiedReport copied = desk_.copied();
+  auto* const both = new QMimeData;
+  both->setText(qtText(copied.text));
+  both->setHtml(qtText(copied.html));
+  QApplication::clipboard()->setMimeData(both);
+}
+
+void ReportsWindow::print() {
+  const Report* const report = desk_.report();
+  if (report == nullptr) return;
+  const QString printer =
+      printReport(*report, paper(), desk_.assets().today, around_.settings.printer(), this);
+  if (!printer.isEmpty()) around_.settings.setPrinter(printer);
+}
+
+/// The step that most reports are made for stands out, as it does on no desktop by itself.
+void ReportsWindow::colourPrintButton() {
+  const Colours colours(palette());
+  QPalette look = palette();
+  look.setColor(QPalette::Button, colours.accent());
+  look.setColor(QPalette::ButtonText, colours.dark() ? QColor(20, 20, 20) : QColor(Qt::white));
+  print_->setPalette(look);
+}
+
+void ReportsWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange && print_ != nullptr) colourPrintButton();
+  QWidget::changeEvent(event);
+}
+
+void ReportsWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  emit closed();
+}
+
+void ReportsWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+}  // namespace depcalc::desktop
