@@ -21,7 +21,7 @@ BEGIN {
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " changes"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
-  may["desktop"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes reports reports/formats reports/formats/xlsx reports/pages reports/reading desktop/reports desktop"
+  may["desktop"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
   may["cli"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"

@@ -57,16 +57,13 @@ RegisterOfAssets MainWindow::registerForReports() {
   return assets;
 }
 
-/// Of the register's pages, on A4, upright. Where no calculator runs none are printed.
+/// Of the register's pages, on A4, upright, as the register was shown last: a calculator started
+/// for this alone would write to the company. Where none runs, no page is printed.
 std::size_t MainWindow::assetsNotPrinted() {
-  if (calculator_ == nullptr) return 0;
-  Calculator printed(site_, application_, view_menu_->scale(), Colours(palette()));
-  printed.start();
+  const DepCalcView* const view = calculator_ == nullptr ? nullptr : calculator_->assetRegister();
   const auto printer = makePdfPrinter({PaperSize::a4, false}, {});
-  if (printer == nullptr || printed.assetRegister() == nullptr) return 0;
-  printed.container().ShowView(emv_ViewAll);
-  printed.stage().pumpPaint();
-  return assetsMissing(printed.assetRegister()->AssetViewTable, *printer);
+  if (view == nullptr || printer == nullptr) return 0;
+  return assetsMissing(view->AssetViewTable, *printer);
 }
 
 /// What is saved in this window is in the report at once.

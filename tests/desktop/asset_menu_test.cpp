@@ -1,4 +1,7 @@
 // The Asset menu and the keys of the register.
+#include <QMenu>
+#include <QMenuBar>
+
 #include "tests/desktop/window_fixture.h"
 
 namespace depcalc::testing {
@@ -10,6 +13,16 @@ using ::testing::IsEmpty;
 struct AssetMenu : WindowTest {
   AssetMenu() { newCompany(); }
 
+  /// Of this menu: another one is called as one of its items.
+  QAction& action(const char* text) {
+    for (QAction* menu : window.menuBar()->actions()) {
+      if (menu->text().remove(u'&') != QStringLiteral("Asset")) continue;
+      for (QAction* found : menu->menu()->actions()) {
+        if (found->text().remove(u'&') == QString::fromUtf8(text)) return *found;
+      }
+    }
+    return WindowTest::action(text);
+  }
   std::vector<std::string> enabled() {
     std::vector<std::string> texts;
     for (const char* text : {"New", "Edit", "Delete", "Calculate", "Save"}) {

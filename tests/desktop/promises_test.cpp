@@ -186,7 +186,9 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
         "Print Preview…", "Quit"}},
       {"Edit", {"Copy", "Copy Whole Table"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
-      {"Asset", {"New", "Edit", "Delete", "Calculate", "Save"}},
+      {"Asset",
+       {"New", "Edit", "Delete", "Calculate", "Save", "Dispose…", "Undo Disposal",
+        "Units Produced…"}},
       {"Reports",
        {"Depreciation Schedule…", "All Fiscal Years…", "Roll-forward…", "Journal Entry…",
         "Asset Card…", "Register Check…"}},
@@ -287,6 +289,17 @@ TEST_F(Promises, EveryScreenAndPopupHasNamesForAssistiveTools) {
   expectNames(window, 40);
   window.closeCompany();
   expectNames(window, 40);
+}
+
+TEST_F(Promises, TheReportsWindowHasNamesForAssistiveTools) {
+  saveTruck();
+  for (const char* item : {"Depreciation Schedule…", "Asset Card…"}) {
+    action(item).trigger();
+    settle();
+    auto* const reports = window.findChild<QWidget*>("ReportsWindow");
+    ASSERT_NE(reports, nullptr);
+    expectNames(*reports, 20);
+  }
 }
 
 TEST_F(Promises, OnlyARegisterWithAssetsCanBePrinted) {

@@ -12,6 +12,7 @@
 #include <sys/resource.h>
 
 #include "desktop/window/report_preview.h"
+#include "host/unit_of_work.h"
 #include "tests/desktop/assets_in_memory.h"
 #include "tests/desktop/modal_steps.h"
 #include "tests/desktop/window_fixture.h"
@@ -178,6 +179,15 @@ TEST_F(Reports, WhatIsSavedIsInTheReportAndWhatIsNotIsSaid) {
   QApplication::processEvents();
   EXPECT_FALSE(part<QLabel>("Unsaved").isVisible());
   EXPECT_EQ(part<QComboBox>("Asset").count(), 3);
+}
+
+TEST_F(Reports, NothingIsWrittenBySeeingThem) {
+  openRegister(3);
+  const auto& file = companies.companies.at(path().toStdString()).file;
+  const auto before = file->unitOfWork()->revision();
+  choose("Register Check…");
+  choose("All Fiscal Years…");
+  EXPECT_EQ(file->unitOfWork()->revision(), before);
 }
 
 TEST_F(Reports, GoesWithItsCompany) {

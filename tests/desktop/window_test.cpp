@@ -391,6 +391,8 @@ TEST_F(Window, PreviewsShowEveryScreen) {
   }
   EXPECT_THAT(names,
               ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
+                          "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
+                          "reports-journal.png", "reports-asset.png", "reports-check.png",
                           "entry.png", "entry-help.png", "comparison.png", "comparison-help.png"));
 }
 
