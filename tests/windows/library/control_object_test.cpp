@@ -3,10 +3,13 @@
 #include <objsafe.h>
 #include <oleauto.h>
 
+#include <map>
+#include <string>
 #include <thread>
 
 #include "tests/windows/library/control_names.h"
 #include "tests/windows/library/library_objects.h"
+#include "windows/com/com_object.h"
 #include "windows/com/variant_value.h"
 
 __CRT_UUID_DECL(IObjectSafety, 0xCB5BDC81, 0x93C1, 0x11CF, 0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0,
@@ -131,6 +134,42 @@ TEST_P(EveryControl, KeepsItsLooksInAStorage) {
   EXPECT_EQ(kept->HandsOffStorage(), S_OK);
   ASSERT_EQ(kept->Load(storage.Get()), S_OK);
   EXPECT_EQ(colour(), 0x10203);
+}
+
+/// A host's bag of named values.
+class Bag final : public ComObject<IPropertyBag> {
+ public:
+  std::map<std::wstring, LONG> values;
+
+  HRESULT STDMETHODCALLTYPE Read(LPCOLESTR name, VARIANT* value, IErrorLog* /*log*/) override {
+    const auto found = values.find(name);
+    if (found == values.end()) return E_INVALIDARG;
+    *value = integer(found->second);
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE Write(LPCOLESTR name, VARIANT* value) override {
+    values[name] = V_I4(value);
+    return S_OK;
+  }
+};
+
+TEST_P(EveryControl, KeepsItsLooksInABag) {
+  const auto bag = owned(new Bag);
+  const auto kept = as<IPersistPropertyBag>();
+  putColour(0xABCDEF);
+  ASSERT_EQ(kept->Save(bag.Get(), TRUE, TRUE), S_OK);
+  EXPECT_EQ(bag->values.size(), 5U);
+  EXPECT_EQ(bag->values.at(L"BackColor"), 0xABCDEF);
+  putColour(0);
+  ASSERT_EQ(kept->Load(bag.Get(), nullptr), S_OK);
+  EXPECT_EQ(colour(), 0xABCDEF);
+  // What a bag does not have stays as it is; a size that is none is refused as a whole.
+  bag->values = {{L"_ExtentX", -1}, {L"BackColor", 5}};
+  EXPECT_EQ(kept->Load(bag.Get(), nullptr), E_INVALIDARG);
+  EXPECT_EQ(colour(), 0xABCDEF);
+  bag->values = {{L"ForeColor", 7}};
+  EXPECT_EQ(kept->Load(bag.Get(), nullptr), S_OK);
+  EXPECT_EQ(colour(), 0xABCDEF);
 }
 
 TEST_P(EveryControl, DrawsOnlyWhatItCan) {
