@@ -17,6 +17,7 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -80,6 +81,13 @@ ReportsWindow::ReportsWindow(Surroundings surroundings, QWidget* parent)
   showReport();
   colourPrintButton();
   kinds_->setFocus();
+  standBesideTheMainWindow();
+}
+
+/// A window that belongs to another stays above it, and would cover the assets that it is about.
+void ReportsWindow::standBesideTheMainWindow() {
+  create();
+  windowHandle()->setTransientParent(nullptr);
 }
 
 QComboBox* ReportsWindow::addChoice(QHBoxLayout& row, QLabel*& label, const QString& caption,

@@ -50,6 +50,7 @@ class ReportsWindow : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  void standBesideTheMainWindow();
   QWidget* makeChoices();
   QWidget* makeMiddle();
   QWidget* makeButtons();

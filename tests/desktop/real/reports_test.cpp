@@ -1,7 +1,9 @@
 // The Reports window by keys and clicks alone.
 #include <QClipboard>
 #include <QFile>
+#include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 
 #include "desktop/window/report_preview.h"
 #include "tests/desktop/real/real_window.h"
@@ -69,6 +71,28 @@ TEST_F(RealReports, AreExportedToTheNamedFile) {
   QFile file(path("entry.csv"));
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));
   EXPECT_TRUE(file.readAll().startsWith("date,entry,account,debit,credit,memo"));
+}
+
+TEST_F(RealReports, FollowWhatIsSavedInTheMainWindow) {
+  user.keys({"alt+r", "c"});
+  ASSERT_TRUE(seesReports());
+  EXPECT_THAT(page(), HasSubstr("A1"));
+  QWidget* const behind = reports();
+  gui([this] { window->activateWindow(); });
+  EXPECT_TRUE(user.sees([this] { return window->isActiveWindow(); }));
+  clickCell(0, 1);
+  user.key("Return");
+  ASSERT_EQ(shown(), "DepCalcCtl1");
+  user.fills("A1-new");
+  auto* const unsaved = behind->findChild<QLabel*>("Unsaved");
+  EXPECT_TRUE(user.sees([&] { return unsaved->isVisible(); }));
+  user.key("ctrl+s");
+  ASSERT_EQ(shown(), "DepCalcView1");
+  EXPECT_TRUE(user.sees([&] { return !unsaved->isVisible(); }));
+  auto* const preview = behind->findChild<desktop::ReportPreview*>("ReportPreview");
+  EXPECT_TRUE(user.sees([&] {
+    return preview->viewport()->accessibleDescription().contains(QStringLiteral("A1-new"));
+  }));
 }
 
 }  // namespace
