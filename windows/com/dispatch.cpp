@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "values/runtime_error.h"
-#include "windows/com/com_call.h"
 #include "windows/com/safe_array.h"
 #include "windows/com/type_library.h"
 #include "windows/com/variant_value.h"
@@ -177,14 +176,12 @@ HRESULT exceptionOf(HRESULT result, EXCEPINFO* exception) {
   return DISP_E_EXCEPTION;
 }
 
-constexpr CallPlace anywhere(REFGUID interface_id) { return {L"DepCalc10", interface_id}; }
-
 }  // namespace
 
 ITypeInfo& Dispatch::described() {
   if (methods_ == nullptr) {
     // The dual interface as a client's compiler sees it, with every method's place and result.
-    const ComPtr<ITypeInfo> dispatched = typeInfoOf(interface_id_);
+    const ComPtr<ITypeInfo> dispatched = typeInfoOf(place_.interface_id);
     HREFTYPE dual = 0;
     passed(dispatched->GetRefTypeOfImplType(static_cast<UINT>(-1), &dual));
     passed(dispatched->GetRefTypeInfo(dual, &methods_));
@@ -193,21 +190,19 @@ ITypeInfo& Dispatch::described() {
 }
 
 HRESULT Dispatch::typeInfoCount(UINT* count) const {
-  if (count == nullptr) return E_POINTER;
-  *count = 1;
-  return S_OK;
+  return place_.answer([&] { required(count) = 1; });
 }
 
 HRESULT Dispatch::typeInfo(UINT index, ITypeInfo** info) const {
-  return anywhere(interface_id_).answer([&] {
+  return place_.answer([&] {
     required(info) = nullptr;
     if (index != 0) throw ComFailure(DISP_E_BADINDEX);
-    *info = typeInfoOf(interface_id_).Detach();
+    *info = typeInfoOf(place_.interface_id).Detach();
   });
 }
 
 HRESULT Dispatch::idsOfNames(REFIID reserved, LPOLESTR* names, UINT count, DISPID* ids) {
-  return anywhere(interface_id_).answer([&] {
+  return place_.answer([&] {
     if (reserved != IID_NULL) throw ComFailure(DISP_E_UNKNOWNINTERFACE);
     required(ids);
     required(names);
@@ -219,7 +214,7 @@ HRESULT Dispatch::idsOfNames(REFIID reserved, LPOLESTR* names, UINT count, DISPI
 
 HRESULT Dispatch::invoke(IDispatch* self, REFIID reserved, const Call& call) {
   UINT bad_argument = 0;
-  const HRESULT result = anywhere(interface_id_).answer([&] {
+  const HRESULT result = place_.answer([&] {
     if (reserved != IID_NULL) throw ComFailure(DISP_E_UNKNOWNINTERFACE);
     const DISPPARAMS& given = required(call.arguments);
     const Method method(described(), methodIndex(described(), call.member, call.flags));

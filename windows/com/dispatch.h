@@ -5,16 +5,18 @@
 
 #include <oaidl.h>
 
+#include "windows/com/com_call.h"
 #include "windows/com/com_ptr.h"
 
 namespace depcalc::windows {
 
 /// IDispatch over the methods of a dual interface, as the module's type library describes them.
 /// Arguments are converted by the calculator's rules (variant_value.h), not by the system's
-/// language; arrays are answered as arrays of Variants, since script engines read no others.
+/// language; arrays are answered as arrays of Variants, since script engines read no others. It
+/// answers the thread that it was made on.
 class Dispatch {
  public:
-  explicit Dispatch(REFGUID interface_id) : interface_id_(interface_id) {}
+  explicit Dispatch(REFGUID interface_id) : place_{L"DepCalc10", interface_id} {}
 
   HRESULT typeInfoCount(UINT* count) const;
   HRESULT typeInfo(UINT index, ITypeInfo** info) const;
@@ -34,7 +36,7 @@ class Dispatch {
  private:
   ITypeInfo& described();
 
-  GUID interface_id_;
+  CallPlace place_;
   ComPtr<ITypeInfo> methods_;  // read when it is first asked for
 };
 

@@ -34,13 +34,14 @@ class Enumeration final : public ComObject<Interface> {
     });
   }
   HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
-    const std::size_t left = items_.size() - next_;
-    next_ += std::min<std::size_t>(left, count);
-    return count <= left ? S_OK : S_FALSE;
+    return place_.answer([&] {
+      const std::size_t left = items_.size() - next_;
+      next_ += std::min<std::size_t>(left, count);
+      return count <= left ? S_OK : S_FALSE;
+    });
   }
   HRESULT STDMETHODCALLTYPE Reset() override {
-    next_ = 0;
-    return S_OK;
+    return place_.answer([&] { next_ = 0; });
   }
   HRESULT STDMETHODCALLTYPE Clone(Interface** clone) override {
     return place_.answer([&] { required(clone) = new Enumeration(items_, next_); });

@@ -5,7 +5,6 @@
 
 #include <map>
 #include <string>
-#include <thread>
 
 #include "tests/windows/library/control_names.h"
 #include "tests/windows/library/library_objects.h"
@@ -245,21 +244,6 @@ TEST_P(EveryControl, RefusesNullPointers) {
   EXPECT_EQ(as<IConnectionPointContainer>()->EnumConnectionPoints(nullptr), E_POINTER);
   EXPECT_EQ(as<IConnectionPointContainer>()->FindConnectionPoint(IID_IDispatch, nullptr),
             E_POINTER);
-}
-
-TEST_P(EveryControl, AnswersNoOtherThread) {
-  const auto object = as<IOleObject>();
-  const auto kept = as<IPersistStreamInit>();
-  const auto view = as<IViewObject2>();
-  HRESULT answers[3]{};
-  std::thread([&] {
-    SIZEL extent{};
-    ULARGE_INTEGER size{};
-    answers[0] = object->GetExtent(DVASPECT_CONTENT, &extent);
-    answers[1] = kept->GetSizeMax(&size);
-    answers[2] = view->GetExtent(DVASPECT_CONTENT, -1, nullptr, &extent);
-  }).join();
-  for (const HRESULT answer : answers) EXPECT_EQ(answer, RPC_E_WRONG_THREAD);
 }
 
 TEST_P(EveryControl, SaysWhichEventsItRaises) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <oleauto.h>
 
-#include <thread>
 #include <vector>
 
 #include "tests/windows/library/library_objects.h"
@@ -174,22 +173,6 @@ TEST_F(RecordObject, RefusesNullPointers) {
   // The null text is the empty one.
   EXPECT_EQ(record->put_AssetID(nullptr), S_OK);
   EXPECT_EQ(record->put_AssetStartDate(1e300), static_cast<HRESULT>(0x800A0005));
-}
-
-TEST_F(RecordObject, AnswersNoOtherThread) {
-  HRESULT get = S_OK;
-  HRESULT put = S_OK;
-  HRESULT invoked = S_OK;
-  std::thread([&] {
-    BSTR text = nullptr;
-    get = record->get_AssetID(&text);
-    put = record->put_DepRecovery(5);
-    const CallResult called = call(*record.Get(), 5, DISPATCH_PROPERTYGET, {});
-    invoked = called.result == DISP_E_EXCEPTION ? called.exception.scode : called.result;
-  }).join();
-  EXPECT_EQ(get, RPC_E_WRONG_THREAD);
-  EXPECT_EQ(put, RPC_E_WRONG_THREAD);
-  EXPECT_EQ(invoked, RPC_E_WRONG_THREAD);
 }
 
 TEST_F(RecordObject, KeepsAMegabyteOfText) {
