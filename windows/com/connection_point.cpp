@@ -1,5 +1,7 @@
 #include "windows/com/connection_point.h"
 
+#include <oleauto.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -30,6 +32,28 @@ struct CountedConnection {
   }
 };
 
+/// What a sink said of its failure: some tell it without looking whether anyone asked. Nobody does,
+/// and it must not be taken later for the description of an error of ours.
+class IgnoredFailure {
+ public:
+  IgnoredFailure() = default;
+  ~IgnoredFailure() {
+    SysFreeString(told_.bstrSource);
+    SysFreeString(told_.bstrDescription);
+    SysFreeString(told_.bstrHelpFile);
+    SetErrorInfo(0, nullptr);
+  }
+  IgnoredFailure(const IgnoredFailure&) = delete;
+  IgnoredFailure& operator=(const IgnoredFailure&) = delete;
+
+  EXCEPINFO* exception() { return &told_; }
+  UINT* argument() { return &argument_; }
+
+ private:
+  EXCEPINFO told_{};
+  UINT argument_ = 0;
+};
+
 using ConnectionList = Enumeration<IEnumConnections, CONNECTDATA, CountedConnection>;
 using PointList =
     Enumeration<IEnumConnectionPoints, IConnectionPoint*, CountedPointer<IConnectionPoint>>;
@@ -53,8 +77,9 @@ void ConnectionPoint::raise(DISPID member, DISPPARAMS& arguments) {
     ComPtr<IDispatch> sink;
     if (!isConnected(connection.cookie) || FAILED(connection.sink.As(&sink))) continue;
     Variant ignored;
+    IgnoredFailure failure;
     sink->Invoke(member, IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &arguments, &ignored.get(),
-                 nullptr, nullptr);
+                 failure.exception(), failure.argument());
   }
 }
 

@@ -26,7 +26,8 @@ class ConnectionPoint final : public ComObject<IConnectionPoint> {
   void orphan();
 
   /// Calls `member` of every sink, in the order in which they came; one that is disconnected
-  /// meanwhile is left out. What a sink answers is its own affair.
+  /// meanwhile is left out. What a sink answers is its own affair: where it fails, the others are
+  /// told all the same, and what it had set by then counts.
   void raise(DISPID member, DISPPARAMS& arguments);
 
   HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* id) override;

@@ -1,6 +1,7 @@
 #include "windows/com/connection_point.h"
 
 #include <gtest/gtest.h>
+#include <oleauto.h>
 
 #include <functional>
 #include <vector>
@@ -29,6 +30,31 @@ class Sink final : public ComObject<IDispatch> {
  private:
   std::vector<DISPID>& heard_;
   std::function<void()> meanwhile_;
+};
+
+/// Sets what it is given, tells an error in every way there is, and fails.
+class FailingSink final : public ComObject<IDispatch> {
+ public:
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*,
+                                   EXCEPINFO* exception, UINT* argument) override {
+    if (given->cArgs > 0) *V_I2REF(&given->rgvarg[0]) = 7;
+    exception->bstrSource = SysAllocString(L"sink");
+    exception->bstrDescription = SysAllocString(L"not today");
+    exception->bstrHelpFile = SysAllocString(L"none");
+    exception->scode = E_FAIL;
+    *argument = 0;
+    ComPtr<ICreateErrorInfo> created;
+    ComPtr<IErrorInfo> error;
+    CreateErrorInfo(&created);
+    created.As(&error);
+    SetErrorInfo(0, error.Get());
+    return DISP_E_EXCEPTION;
+  }
 };
 
 class Container final : public ComObject<IConnectionPointContainer> {
@@ -91,6 +117,24 @@ TEST_F(ConnectionPointTest, TellsWhoCameMeanwhileFromTheNextEventOn) {
   EXPECT_EQ(heard.size(), 1U);
   raise(2);
   EXPECT_EQ(heard.size(), 3U);
+}
+
+TEST_F(ConnectionPointTest, TellsTheOthersWhereASinkFails) {
+  DWORD cookie = 0;
+  ASSERT_EQ(point().Advise(owned(new FailingSink).Get(), &cookie), S_OK);
+  advise();
+  short set = 0;
+  VARIANTARG argument;
+  V_VT(&argument) = VT_BYREF | VT_I2;
+  V_I2REF(&argument) = &set;
+  DISPPARAMS given{&argument, nullptr, 1, 0};
+  point().raise(3, given);
+  EXPECT_EQ(heard, (std::vector<DISPID>{3}));
+  EXPECT_EQ(set, 7);
+  ComPtr<IErrorInfo> left;
+  EXPECT_EQ(GetErrorInfo(0, &left), S_FALSE);
+  raise(4);
+  EXPECT_EQ(heard, (std::vector<DISPID>{3, 4}));
 }
 
 TEST_F(ConnectionPointTest, OutlivesItsOwnerInsideAnEvent) {

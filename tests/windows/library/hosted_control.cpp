@@ -1,5 +1,7 @@
 #include "tests/windows/library/hosted_control.h"
 
+#include <oleauto.h>
+
 #include <stdexcept>
 #include <vector>
 
@@ -23,11 +25,17 @@ class Sink final : public ComObject<IDispatch> {
     return E_NOTIMPL;
   }
   HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*,
-                                   EXCEPINFO*, UINT*) override {
+                                   EXCEPINFO* exception, UINT*) override {
     std::vector<VARIANTARG*> arguments;
     for (UINT i = given->cArgs; i > 0; --i) arguments.push_back(&given->rgvarg[i - 1]);
-    listener_(member, arguments.data(), arguments.size());
-    return S_OK;
+    try {
+      listener_(member, arguments.data(), arguments.size());
+      return S_OK;
+    } catch (const SinkFailure&) {
+      exception->bstrDescription = SysAllocString(L"not today");
+      exception->scode = E_FAIL;
+      return DISP_E_EXCEPTION;
+    }
   }
 
  private:

@@ -30,8 +30,10 @@ class HostedControl {
 /// Delivers the messages that wait, and those that follow from them.
 void deliverMessages();
 
-/// Hears a control's events: `heard` is called with the member and the arguments in their order.
+/// Hears a control's events: called with the member and the arguments in their order.
 using EventListener = std::function<void(DISPID member, VARIANTARG** arguments, std::size_t count)>;
+/// What a listener throws where its sink is to fail.
+struct SinkFailure {};
 
 /// Connects `listener` to the default events of `control`; `disconnect` ends it.
 class EventConnection {

@@ -104,6 +104,38 @@ TEST_F(HostedEntryForm, AsksForTheRecordThatItEdits) {
   SysFreeString(index);
 }
 
+TEST_F(HostedEntryForm, TakesWhatAHandlerSetBeforeItFailed) {
+  int asked = 0;
+  const EventConnection connection(*form.Get(),
+                                   [&](DISPID member, VARIANTARG** arguments, std::size_t) {
+                                     if (member == 1 && ++asked == 1) handOut(arguments);
+                                     throw SinkFailure{};
+                                   });
+  HostedControl hosted(form);
+  deliverMessages();
+  EXPECT_EQ(asked, 1);  // the form has its record
+  BSTR index = nullptr;
+  ASSERT_EQ(record->get_RecIndex(&index), S_OK);
+  EXPECT_EQ(textFromBstr(index), "0");
+  SysFreeString(index);
+  EXPECT_TRUE(IsWindow(hosted.window()));
+}
+
+TEST_F(HostedEntryForm, StandsWithoutARecordWhereItsHandlerFails) {
+  int asked = 0;
+  const EventConnection connection(*form.Get(), [&](DISPID, VARIANTARG**, std::size_t) {
+    ++asked;
+    throw SinkFailure{};
+  });
+  HostedControl hosted(form);
+  deliverMessages();
+  EXPECT_GE(asked, 1);
+  EXPECT_TRUE(IsWindow(hosted.window()));
+  ComPtr<IDispatch> object;
+  ASSERT_EQ(form.As(&object), S_OK);
+  EXPECT_EQ(call(*object.Get(), DISPID_REFRESH, DISPATCH_METHOD, {}).result, S_OK);
+}
+
 TEST_F(HostedEntryForm, SurvivesAHandlerThatEndsItsHost) {
   std::optional<HostedControl> hosted;
   std::optional<EventConnection> connection;
