@@ -8,6 +8,7 @@
 
 #include "tests/windows/library/control_names.h"
 #include "tests/windows/library/library_objects.h"
+#include "tests/windows/library/process_use.h"
 #include "windows/com/com_object.h"
 #include "windows/com/variant_value.h"
 
@@ -272,15 +273,9 @@ TEST_P(EveryControl, LeavesNothingBehind) {
     call(*dispatch.Get(), DISPID_ENABLED, DISPATCH_PROPERTYGET, {});
   };
   for (int i = 0; i < 20; ++i) round();
-  const auto counts = [] {
-    DWORD handles = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    return std::array{handles, GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
-                      GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)};
-  };
-  const auto before = counts();
+  const ProcessUse before = processUse();
   for (int i = 0; i < 1000; ++i) round();
-  EXPECT_EQ(counts(), before);
+  EXPECT_EQ(processUse(), before);
   EXPECT_TRUE(library.canUnload());
 }
 

@@ -7,6 +7,7 @@
 
 #include "tests/windows/library/control_names.h"
 #include "tests/windows/library/hosted_control.h"
+#include "tests/windows/library/process_use.h"
 #include "windows/com/com_text.h"
 #include "windows/com/variant_value.h"
 
@@ -220,15 +221,9 @@ TEST(HostedControls, LeaveNothingBehind) {
     deliverMessages();
   };
   for (int i = 0; i < 5; ++i) round();
-  const auto counts = [] {
-    DWORD handles = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    return std::array{handles, GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
-                      GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)};
-  };
-  const auto before = counts();
+  const ProcessUse before = processUse();
   for (int i = 0; i < 50; ++i) round();
-  EXPECT_EQ(counts(), before);
+  EXPECT_EQ(processUse(), before);
   EXPECT_TRUE(library.canUnload());
 }
 
