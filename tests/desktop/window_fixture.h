@@ -139,14 +139,15 @@ struct WindowTest : ::testing::Test {
     boxes.answering = true;
     settle();
   }
-  /// An item by its text; the menu Edit is not the item Edit.
+  /// An item by its text, else a menu: the menu Edit is not the item Edit.
   QAction& action(const char* text) {
+    QAction* menu = nullptr;
     for (QAction* found : window.findChildren<QAction*>()) {
-      const bool opens_menu = found->menu() != nullptr;
-      if (!opens_menu && QString(found->text()).remove(u'&') == QString::fromUtf8(text)) {
-        return *found;
-      }
+      if (QString(found->text()).remove(u'&') != QString::fromUtf8(text)) continue;
+      if (found->menu() == nullptr) return *found;
+      menu = found;
     }
+    if (menu != nullptr) return *menu;
     ADD_FAILURE() << text;
     return *window.findChild<QAction*>();
   }
