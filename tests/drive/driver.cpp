@@ -63,8 +63,13 @@ Driver::Driver(DriveHost& host, ScreenMaker& screens, std::ostream& out,
       site_(parts.site ? parts.site(out, options.today)
                        : std::make_unique<DriveSite>(out, options.today)),
       events_(screens, options.events ? &out : nullptr),
-      container_(stage_, events_, [&host] { return host.application(); }),
-      hands_(parts.hands ? parts.hands(container_) : std::make_unique<ModelHands>(stage_)) {}
+      calculator_(parts.calculator
+                      ? parts.calculator(*site_, events_)
+                      : std::make_unique<ModelCalculator>(*site_, *site_, events_,
+                                                          [&host] { return host.application(); })),
+      container_(calculator_->container()),
+      hands_(parts.hands ? parts.hands(container_)
+                         : std::make_unique<ModelHands>(calculator_->stage())) {}
 
 void Driver::run(std::string_view line) {
   if (line.empty() || line.front() == '#') return;
@@ -86,13 +91,13 @@ void Driver::act(const std::string& command, std::string_view rest) {
 
 bool Driver::actOnHost(const std::string& command, std::string_view rest) {
   if (command == "start") {
-    container_.DepCalcCont_Initialize();
+    calculator_->start();
   } else if (command == "answer") {
     site_->queueAnswer(named(answers, rest));
   } else if (command == "idle") {
     hands_->idle();
   } else if (command == "expose") {
-    stage_.expose();
+    calculator_->stage().expose();
   } else if (command == "leave") {
     hands_->leave();
   } else if (command == "mode") {

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "DepCalc/dep_calc_cont.h"
+#include "tests/drive/calculator.h"
 #include "tests/drive/drive_host.h"
 #include "tests/drive/drive_site.h"
 #include "tests/drive/event_tap.h"
@@ -33,6 +34,7 @@ struct DriveOptions {
 struct DriveParts {
   std::function<std::unique_ptr<DriveSite>(std::ostream& out, Date today)> site;
   std::function<std::unique_ptr<Hands>(DepCalcCont& container)> hands;
+  std::function<std::unique_ptr<Calculator>(DriveSite& site, ScreenMaker& screens)> calculator = {};
 };
 
 /// What a user does: start · answer Yes|No|Cancel · focus NAME · type TEXT · paste TEXT · clear ·
@@ -102,9 +104,9 @@ class Driver {
   std::ostream& out_;
   DriveOptions options_;
   std::unique_ptr<DriveSite> site_;
-  Stage stage_{*site_, site_.get()};
   EventTap events_;
-  DepCalcCont container_;
+  std::unique_ptr<Calculator> calculator_;
+  DepCalcCont& container_;
   std::unique_ptr<Hands> hands_;
 };
 

@@ -52,14 +52,15 @@ class ScreenWindow {
   /// Where a control is, in client pixels of `windowOf`.
   [[nodiscard]] RECT areaOf(const Control& control) const;
 
+  /// The one whose `handle` that is; none: null.
+  static ScreenWindow* of(HWND frame);
+
   // For the windows inside.
   static void contentChanged(Surface& surface, const Control& control);
   static void reveal(Surface& surface, const RECT& area);
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM low);
-  static ScreenWindow* of(HWND frame);
-
   LRESULT handleMessage(HWND window, UINT message, WPARAM wide, LPARAM low);
   void makeWindows(UserControl& page, HWND parent);
   void restyle();

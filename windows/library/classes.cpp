@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "windows/com/type_library.h"
-#include "windows/host/create_host.h"
+#include "windows/library/calculator.h"
 #include "windows/ole/container_object.h"
 #include "windows/ole/screen_objects.h"
 #include "windows/record/calculate_dep_object.h"
@@ -53,7 +53,7 @@ LibraryClass control(const ControlClass& of, ClassFactory::Maker make,
 
 std::vector<LibraryClass> classes() {
   return {
-      control(containerClass(), [] { return newDepCalcCont(createHostApplication); },
+      control(containerClass(), newCalculator,
               {category_safe_for_scripting, category_safe_for_initialising}),
       {{.id = __uuidof(::CalculateDep),
         .name = L"CalculateDep",

@@ -103,9 +103,9 @@ class ContainerObject final : public ControlObject<::IDepCalcCont, ::IObjectSafe
 
 }  // namespace
 
-IUnknown* newDepCalcCont(CreateHost create_host) {
-  return static_cast<::IDepCalcCont*>(
-      new ContainerObject(std::make_shared<CalculatorModel>(std::move(create_host))));
+IUnknown* newDepCalcCont(const std::shared_ptr<CalculatorModel>& calculator) {
+  calculator->start();
+  return static_cast<::IDepCalcCont*>(new ContainerObject(calculator));
 }
 
 const ControlClass& containerClass() { return container_class; }

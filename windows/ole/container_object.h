@@ -5,8 +5,8 @@
 
 namespace depcalc::windows {
 
-/// Over the host that `create_host` finds; it has started up. The reference belongs to the caller.
-IUnknown* newDepCalcCont(CreateHost create_host);
+/// Starts `calculator` up and makes it a control. The reference belongs to the caller.
+IUnknown* newDepCalcCont(const std::shared_ptr<CalculatorModel>& calculator);
 
 /// The class, for registration.
 const ControlClass& containerClass();

@@ -13,11 +13,20 @@ int dotsPerInch(HWND window) {
 }  // namespace
 
 ControlModel::ControlModel()
-    : site_({.owner = [this] { return window_; }, .dpi = [this] { return dotsPerInch(window_); }}),
-      stage_(site_) {}
+    : windows_(std::make_unique<native::WindowsSite>(native::WindowsSite::Surroundings{
+          .owner = [this] { return window_; }, .dpi = [this] { return dotsPerInch(window_); }})),
+      stage_(*windows_) {}
+
+ControlModel::ControlModel(Site& site, Trace& trace) : stage_(site, &trace) {}
 
 CalculatorModel::CalculatorModel(CreateHost create_host)
-    : container_(stage(), screens_, std::move(create_host)) {
+    : container_(stage(), screens_, std::move(create_host)) {}
+
+CalculatorModel::CalculatorModel(CreateHost create_host, ScreenMaker& screens, Site& site,
+                                 Trace& trace)
+    : ControlModel(site, trace), container_(stage(), screens, std::move(create_host)) {}
+
+void CalculatorModel::start() {
   container_.show();
   container_.DepCalcCont_Initialize();
 }

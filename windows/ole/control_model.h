@@ -18,7 +18,10 @@ namespace depcalc::windows {
 /// it alive when the control is released meanwhile.
 class ControlModel {
  public:
+  /// In the surroundings that Windows is.
   ControlModel();
+  /// In others, which hear all that happens; they live longer.
+  ControlModel(Site& site, Trace& trace);
   virtual ~ControlModel() = default;
   ControlModel(const ControlModel&) = delete;
   ControlModel& operator=(const ControlModel&) = delete;
@@ -34,18 +37,23 @@ class ControlModel {
   virtual void hide() = 0;
 
   /// The window that boxes belong to; null while there is none.
+  [[nodiscard]] HWND window() const { return window_; }
   void setWindow(HWND window) { window_ = window; }
 
  private:
   HWND window_ = nullptr;
-  native::WindowsSite site_;
+  std::unique_ptr<native::WindowsSite> windows_;
   Stage stage_;
 };
 
-/// The whole calculator over the host's company file. Made, it has started up.
+/// The whole calculator over the host's company file.
 class CalculatorModel final : public ControlModel {
  public:
   explicit CalculatorModel(CreateHost create_host);
+  CalculatorModel(CreateHost create_host, ScreenMaker& screens, Site& site, Trace& trace);
+
+  /// Shows what the host's company file leads to.
+  void start();
 
   [[nodiscard]] UserControl& root() override { return container_; }
   [[nodiscard]] UserControl& content() override { return container_; }

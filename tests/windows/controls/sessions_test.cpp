@@ -9,48 +9,13 @@
 #include "DepCalc/calculator_screens.h"
 #include "common/report_error.h"
 #include "tests/drive/golden.h"
-#include "tests/windows/controls/box_clicker.h"
-#include "tests/windows/controls/paper_check.h"
+#include "tests/windows/controls/boxed_site.h"
 #include "tests/windows/controls/top_window.h"
 #include "tests/windows/controls/window_hands.h"
 #include "tests/windows/host/automation_drive_host.h"
-#include "windows/controls/windows_site.h"
 
 namespace depcalc::testing {
 namespace {
-
-/// Prints what a user notices, shows the user real boxes, and prints into metafiles, too.
-class BoxedSite : public drive::DriveSite {
- public:
-  BoxedSite(std::ostream& out, Date today, HWND owner)
-      : DriveSite(out, today), boxes_({.owner = [owner] { return owner; }}) {}
-
-  BoxAnswer showBox(const MessageBox& box) override {
-    const BoxAnswer answer = answerFor(box);
-    BoxClicker clicker(box, answer);
-    const BoxAnswer given = boxes_.showBox(box);
-    EXPECT_EQ(clicker.trouble(), "") << box.text;
-    EXPECT_EQ(boxAnswerText(given), boxAnswerText(answer));
-    return given;
-  }
-  Printer& systemPrinter() override {
-    printer_ = std::make_unique<TwicePrinted>(DriveSite::systemPrinter());
-    return *printer_;
-  }
-
- private:
-  BoxAnswer answerFor(const MessageBox& box) {
-    try {
-      return DriveSite::showBox(box);
-    } catch (const drive::Unanswered& question) {
-      ADD_FAILURE() << question.what();
-      return BoxAnswer::no;
-    }
-  }
-
-  native::WindowsSite boxes_;
-  std::unique_ptr<TwicePrinted> printer_;
-};
 
 /// The windows of a calculator, and hands at them.
 class SeatedHands : public WindowHands {
@@ -80,7 +45,7 @@ std::string replayed(const std::string& file) {
   TopWindow top;
   const drive::DriveParts parts{
       [&top](std::ostream& out, Date today) {
-        return std::make_unique<BoxedSite>(out, today, top.handle());
+        return std::make_unique<BoxedSite>(out, today, [&top] { return top.handle(); });
       },
       [&top](DepCalcCont& container) { return std::make_unique<SeatedHands>(top, container); }};
   return drive::goldenTranscript(

@@ -49,13 +49,13 @@ Control& groundOf(const Control& control) {
 
 void WindowHands::pump(bool paints) {
   MSG message{};
-  if (paints) {
-    PostMessageW(screen_.handle(), native::paint_due_message, 0, 0);
+  if (paints && screen_ != nullptr) {
+    PostMessageW(screen_->handle(), native::paint_due_message, 0, 0);
   }
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
     const bool held = !paints && message.message == native::paint_due_message;
     if (held) continue;
-    if (screen_.translateAccelerator(message)) continue;
+    if (translate(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -74,7 +74,7 @@ void WindowHands::mouse(UINT message, HWND window, POINT at) const {
 }
 
 void WindowHands::moveFocus(InputControl& target) {
-  const HWND window = screen_.windowOf(target);
+  const HWND window = screen_->windowOf(target);
   if (isTextBox(window)) {
     click(target);
   } else {
@@ -93,7 +93,7 @@ void WindowHands::press(WPARAM key, wchar_t writes) {
   const HWND at = focus();
   if (at == nullptr) return;
   MSG message{at, WM_KEYDOWN, key, 1, 0, {}};
-  const bool taken = screen_.translateAccelerator(message);
+  const bool taken = translate(message);
   if (!taken) SendMessageW(at, WM_KEYDOWN, key, 1);
   if (writes != 0 && focus() != nullptr && !taken) write(writes);
   if (focus() != nullptr) SendMessageW(focus(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
@@ -126,7 +126,7 @@ void WindowHands::paste(const std::string& text) {
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
   CopyMemory(GlobalLock(memory), units.c_str(), size);
   GlobalUnlock(memory);
-  if (OpenClipboard(screen_.handle()) == FALSE) throw std::runtime_error("no clipboard");
+  if (OpenClipboard(screen_->handle()) == FALSE) throw std::runtime_error("no clipboard");
   EmptyClipboard();
   SetClipboardData(CF_UNICODETEXT, memory);
   CloseClipboard();
@@ -161,7 +161,7 @@ void WindowHands::arrow(Direction direction) {
 }
 
 void WindowHands::chooseItem(DropDownList& list, int index) {
-  const HWND window = screen_.windowOf(list);
+  const HWND window = screen_->windowOf(list);
   mouse(WM_LBUTTONDOWN, window, {8, 8});
   mouse(WM_LBUTTONUP, window, {8, 8});
   if (SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) == 0) return settle();
@@ -173,7 +173,7 @@ void WindowHands::chooseItem(DropDownList& list, int index) {
 
 POINT WindowHands::pointOn(const Control& control) const {
   constexpr int steps = 40;
-  const RECT area = screen_.areaOf(control);
+  const RECT area = screen_->areaOf(control);
   const Control* front = nullptr;
   for (int i = 0; i < steps * steps; ++i) {
     // From the middle outwards would find the same; here the first free point will do.
@@ -202,7 +202,7 @@ void WindowHands::click(Control& control) {
 void WindowHands::mouseDown(Control& control) {
   const bool has_size = control.width() > 0 && control.height() > 0;
   if (!has_size) return mouseDown(groundOf(control));
-  pressed_ = screen_.windowOf(control);
+  pressed_ = screen_->windowOf(control);
   mouse(WM_LBUTTONDOWN, pressed_, pointOn(control));
   settle();
 }
@@ -212,14 +212,14 @@ void WindowHands::mouseUp(Control* over) {
   POINT at{-100, -100};
   if (over != nullptr && over->width() > 0) {
     at = pointOn(*over);
-    MapWindowPoints(screen_.windowOf(*over), pressed_, &at, 1);
+    MapWindowPoints(screen_->windowOf(*over), pressed_, &at, 1);
   }
   mouse(WM_LBUTTONUP, pressed_, at);
   settle();
 }
 
 void WindowHands::clickCell(Grid& grid, int row, int column) {
-  const HWND window = screen_.windowOf(grid);
+  const HWND window = screen_->windowOf(grid);
   const auto& shown = static_cast<const native::GridWindow&>(*native::ControlWindow::of(window));
   const RECT cell = shown.cellArea(row, column);
   const POINT middle{(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};

@@ -14,7 +14,7 @@ namespace depcalc::testing {
 /// from `screen`, and no more.
 class WindowHands : public drive::Hands {
  public:
-  explicit WindowHands(native::ScreenWindow& screen) : screen_(screen) {}
+  explicit WindowHands(native::ScreenWindow& screen) : screen_(&screen) {}
 
   void moveFocus(InputControl& target) override;
   void type(std::string_view text) override;
@@ -27,7 +27,7 @@ class WindowHands : public drive::Hands {
   void mouseDown(Control& control) override;
   void mouseUp(Control* over) override;
   void clickCell(Grid& grid, int row, int column) override;
-  void leave() override { screen_.leave(); }
+  void leave() override { screen_->leave(); }
   void idle() override { pump(true); }
   void settle() override { pump(false); }
 
@@ -35,6 +35,15 @@ class WindowHands : public drive::Hands {
   void press(WPARAM key, wchar_t writes = 0);
   /// The window that has the focus; null where none has.
   [[nodiscard]] static HWND focus() { return GetFocus(); }
+
+ protected:
+  /// Without windows, until there are some to sit at.
+  WindowHands() = default;
+  void sitAt(native::ScreenWindow& screen) { screen_ = &screen; }
+  /// Whether the key was the calculator's, as who owns the message loop asks.
+  virtual bool translate(MSG& message) {
+    return screen_ != nullptr && screen_->translateAccelerator(message);
+  }
 
  private:
   void pump(bool paints);
@@ -45,7 +54,7 @@ class WindowHands : public drive::Hands {
   [[nodiscard]] POINT pointOn(const Control& control) const;
   void mouse(UINT message, HWND window, POINT at) const;
 
-  native::ScreenWindow& screen_;
+  native::ScreenWindow* screen_ = nullptr;
   HWND pressed_ = nullptr;
 };
 

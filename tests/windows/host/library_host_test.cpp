@@ -10,6 +10,7 @@
 #include "tests/windows/host/box_answerer.h"
 #include "tests/windows/host/call_by_name.h"
 #include "tests/windows/host/host_class.h"
+#include "tests/windows/host/one_object_factory.h"
 #include "tests/windows/host/served_host.h"
 #include "tests/windows/library/hosted_control.h"
 
@@ -21,28 +22,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing_support::callByName;
 using testing_support::servedPaletteCount;
-
-/// Hands out the one object of the application in this process.
-class OneObjectFactory final : public IClassFactory {
- public:
-  explicit OneObjectFactory(ComPtr<IDispatch> object) : object_(std::move(object)) {}
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-    const bool known = id == IID_IUnknown || id == IID_IClassFactory;
-    *object = known ? this : nullptr;
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  // It lives as long as the registration of the class.
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-  HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
-    return object_->QueryInterface(id, object);
-  }
-  HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
-
- private:
-  ComPtr<IDispatch> object_;
-};
 
 bool calledAsHostsAre() {
   std::array<wchar_t, MAX_PATH> path{};
@@ -92,7 +71,7 @@ struct LibraryInAHost : ::testing::Test {
   std::shared_ptr<FailurePlan> plan = std::make_shared<FailurePlan>();
   ComPtr<IDispatch> served =
       testing_support::servedApplication(failingApplication(application, plan));
-  OneObjectFactory factory{served};
+  testing_support::OneObjectFactory factory{served};
   DWORD registration = 0;
   testing_support::BoxAnswerer answerer;
 };
