@@ -9,6 +9,7 @@
 #include "DepCalc/calculator_screens.h"
 #include "DepCalc/dep_calc_cont.h"
 #include "controls/stage.h"
+#include "windows/com/module_count.h"
 #include "windows/controls/windows_site.h"
 #include "windows/ole/screen_events.h"
 
@@ -41,6 +42,7 @@ class ControlModel {
   void setWindow(HWND window) { window_ = window; }
 
  private:
+  ModuleUse use_;  // whoever keeps this alive is code of the library
   HWND window_ = nullptr;
   std::unique_ptr<native::WindowsSite> windows_;
   Stage stage_;
