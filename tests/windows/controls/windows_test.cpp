@@ -339,6 +339,13 @@ TEST_F(NativeWindows, TellWhenTheFocusComesAndGoes) {
   DestroyWindow(other);
 }
 
+/// Whether a window of that handle belongs to this program; every other has windows as well.
+bool isOwnWindow(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process == GetCurrentProcessId();
+}
+
 /// Of any kind; the system's table has an entry for each.
 struct Handles {
   int drawing = 0;
@@ -349,7 +356,7 @@ Handles countHandles() {
   Handles handles;
   for (std::uintptr_t i = 1; i < 0x10000; ++i) {
     if (GetObjectType(reinterpret_cast<HGDIOBJ>(i)) != 0) ++handles.drawing;
-    if (IsWindow(reinterpret_cast<HWND>(i)) != FALSE) ++handles.windows;
+    if (isOwnWindow(reinterpret_cast<HWND>(i))) ++handles.windows;
   }
   return handles;
 }
