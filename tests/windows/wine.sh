@@ -24,8 +24,12 @@ export WINEDEBUG=${WINEDEBUG--all}
 # Nothing here needs the two big packages that Wine offers to fetch, nor menus on this desktop.
 export WINEDLLOVERRIDES='mscoree,mshtml=;winemenubuilder.exe=d'
 
+# One that ends late would take the place of its successor with it: it is waited for.
 end() {
-  [[ ! -d $WINEPREFIX ]] || "$server" -k || true
+  if [[ -d $WINEPREFIX ]]; then
+    "$server" -k || true
+    timeout 20 "$server" -w || true
+  fi
   [[ ! -s $session/display.pid ]] || kill "$(<"$session/display.pid")" 2>/dev/null || true
   rm -f "$session/display.pid"
 }
@@ -47,9 +51,13 @@ case $action in
     # services in between, and one that ends late is in the way of its successor.
     mkfifo "$session/nothing"
     "$wine" cmd <>"$session/nothing" >"$session/waiting.log" 2>&1 &
-    "$wine" cmd /c exit >"$session/boot.log" 2>&1
+    # It has what it needs when it prompts. Two that make the prefix at once are in each other's way.
+    for ((i = 0; i < 1200; ++i)); do
+      ! grep -q '>' "$session/waiting.log" || break
+      sleep 0.1
+    done
     # Without a window manager there is nobody to answer, and each new window would wait for one.
-    "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N >>"$session/boot.log" 2>&1
+    "$wine" reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N >"$session/boot.log" 2>&1
     ;;
   run)
     DISPLAY=":$(<"$session/display")" exec "$wine" "$@"
