@@ -34,7 +34,7 @@ std::string temporaryFolder() {
 /// An empty file of its own that goes with it.
 class TemporaryFile {
  public:
-  TemporaryFile() : path_(temporaryFolder() + "/depcalc-XXXXXX") {
+  TemporaryFile() : path_(temporaryFolder() + "/depcalc-" + std::string(6, 'X')) {
     descriptor_ = ::mkstemp(path_.data());
   }
   ~TemporaryFile() {
