@@ -72,4 +72,17 @@ void CompanyCommand::complain(const Company& company, std::string_view message, 
   errors.write("depcalc: " + company.name() + ": " + printableText(message) + '\n');
 }
 
+ExitStatus CompanyCommand::refuse(const Company& company, std::int32_t number,
+                                  const std::string& why, Output& errors) {
+  complain(company, "Asset " + std::to_string(number) + ": " + why + " Nothing was changed.",
+           errors);
+  return exit_bad_data;
+}
+
+bool CompanyCommand::isSaved(const Company& company, const std::optional<std::string>& trouble,
+                             Output& errors) {
+  if (trouble) complain(company, *trouble + ". Nothing was changed.", errors);
+  return !trouble;
+}
+
 }  // namespace depcalc

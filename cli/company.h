@@ -56,6 +56,12 @@ class CompanyCommand : public Command {
   static bool hasAsset(const Company& company, std::int32_t number, Output& errors);
   /// "depcalc: FILE: `message`" on a line.
   static void complain(const Company& company, std::string_view message, Output& errors);
+  /// Says why asset `number` was left as it is.
+  static ExitStatus refuse(const Company& company, std::int32_t number, const std::string& why,
+                           Output& errors);
+  /// Whether a change was saved: where `trouble` came up, says so.
+  static bool isSaved(const Company& company, const std::optional<std::string>& trouble,
+                      Output& errors);
 
  private:
   std::string path_;

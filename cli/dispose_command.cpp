@@ -80,7 +80,7 @@ read or written, 4 it is in use.)");
     }
     if (!hasAsset(company, number_, errors)) return exit_bad_data;
     if (const auto refusal = whyNotSavedAnew(company, number_))
-      return refuse(company, *refusal, errors);
+      return refuse(company, number_, *refusal, errors);
     return undo_ ? takeBack(company, surroundings) : dispose(company, surroundings);
   }
 
@@ -88,7 +88,7 @@ read or written, 4 it is in use.)");
     const SavedAsset asset = savedAsset(company, number_);
     const auto entered = disposalFrom(date_, proceeds_, asset, company.today());
     if (const auto* refusal = std::get_if<std::string>(&entered)) {
-      return refuse(company, *refusal, surroundings.errors);
+      return refuse(company, number_, *refusal, surroundings.errors);
     }
     const Disposal& disposal = std::get<Disposal>(entered);
     const DisposalEffect effect = effectOf(asset, disposal);
@@ -102,7 +102,7 @@ read or written, 4 it is in use.)");
   ExitStatus takeBack(Company& company, Surroundings& surroundings) const {
     const SavedAsset asset = savedAsset(company, number_);
     if (asset.disposed.isNone()) {
-      return refuse(company, "It has not been disposed of.", surroundings.errors);
+      return refuse(company, number_, "It has not been disposed of.", surroundings.errors);
     }
     if (!save(company, std::nullopt, surroundings)) return exit_system;
     surroundings.out.write("Asset " + std::to_string(number_) + ", " + quotedText(asset.id) +
@@ -112,15 +112,7 @@ read or written, 4 it is in use.)");
 
   [[nodiscard]] bool save(Company& company, const std::optional<Disposal>& disposal,
                           Surroundings& surroundings) const {
-    const auto report = saveDisposal(company, number_, disposal);
-    if (report) complain(company, *report + ". Nothing was changed.", surroundings.errors);
-    return !report;
-  }
-
-  ExitStatus refuse(const Company& company, const std::string& why, Output& errors) const {
-    complain(company, "Asset " + std::to_string(number_) + ": " + why + " Nothing was changed.",
-             errors);
-    return exit_bad_data;
+    return isSaved(company, saveDisposal(company, number_, disposal), surroundings.errors);
   }
 
   std::int32_t number_ = 0;

@@ -136,7 +136,7 @@ read or written, 4 it is in use.)");
     for (const auto& refusal :
          {refusedUnits(asset), foreignUnits(company, number_), refusedUnitsYear(asset, year_),
           unusable != nullptr ? std::optional(*unusable) : std::nullopt}) {
-      if (refusal) return refuse(company, *refusal, surroundings.errors);
+      if (refusal) return refuse(company, number_, *refusal, surroundings.errors);
     }
     UnitsByYear units = asset.units;
     units[year_] = std::get<double>(entered);
@@ -151,12 +151,13 @@ read or written, 4 it is in use.)");
     const bool all = year_option_->count() == 0;
     if (all ? units.empty() : !units.contains(year_)) {
       return refuse(
-          company, all ? "It has no units." : "It has no units in FY" + std::to_string(year_) + ".",
+          company, number_,
+          all ? "It has no units." : "It has no units in FY" + std::to_string(year_) + ".",
           surroundings.errors);
     }
     if (!all) {
       if (const auto refusal = foreignUnits(company, number_)) {
-        return refuse(company, *refusal, surroundings.errors);
+        return refuse(company, number_, *refusal, surroundings.errors);
       }
     }
     all ? units.clear() : static_cast<void>(units.erase(year_));
@@ -179,15 +180,7 @@ read or written, 4 it is in use.)");
 
   [[nodiscard]] bool save(Company& company, const UnitsByYear& units,
                           Surroundings& surroundings) const {
-    const auto report = saveUnits(company, number_, units);
-    if (report) complain(company, *report + ". Nothing was changed.", surroundings.errors);
-    return !report;
-  }
-
-  ExitStatus refuse(const Company& company, const std::string& why, Output& errors) const {
-    complain(company, "Asset " + std::to_string(number_) + ": " + why + " Nothing was changed.",
-             errors);
-    return exit_bad_data;
+    return isSaved(company, saveUnits(company, number_, units), surroundings.errors);
   }
 
   std::int32_t number_ = 0;

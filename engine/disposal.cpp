@@ -5,6 +5,7 @@
 
 #include "engine/convention.h"
 #include "engine/first_year_fraction.h"
+#include "values/money_range.h"
 
 namespace depcalc {
 namespace {
@@ -24,9 +25,6 @@ double unlimitedShare(std::int32_t convention, Date year_start, Date year_end, D
       return daysBetween(year_start, disposed) / daysCounted(year_end);
   }
 }
-
-/// Every amount of money is below it.
-constexpr double more_than_money = 922'337'203'685'477.0;
 
 /// An amount's size as a number below 0, of which there is one more than above.
 Currency sizeBelowZero(Currency amount) {

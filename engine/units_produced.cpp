@@ -2,14 +2,9 @@
 
 #include <algorithm>
 
+#include "values/money_range.h"
+
 namespace depcalc {
-namespace {
-
-/// Every amount of money is below it.
-constexpr double more_than_money = 922'337'203'685'477.0;
-
-}  // namespace
-
 Currency amountOfUnits(double units, Currency rate, Currency left) {
   if (left < Currency()) return {};
   const double product = units * rate.toDouble();

@@ -11,6 +11,7 @@
 #include "DepCalc/units_store.h"
 #include "engine/first_fiscal_year.h"
 #include "engine/method.h"
+#include "values/money_range.h"
 #include "values/number_text.h"
 
 namespace depcalc {
@@ -48,9 +49,8 @@ class SavedValues {
  private:
   /// 0 for what is no number, and for one that is too large for money.
   static Currency moneyOf(std::string_view text) {
-    constexpr double too_large = 922'337'203'685'477.0;
     const auto number = tryNumberFromText(text);
-    return number && std::fabs(*number) < too_large ? Currency::fromText(text) : Currency();
+    return number && std::fabs(*number) < more_than_money ? Currency::fromText(text) : Currency();
   }
 
   HostFields& fields_;

@@ -52,16 +52,7 @@ Currency money(Random& random, int most) {
 
 /// Amounts as the program saves them, or any.
 void giveAmounts(Random& random, SavedAsset& asset) {
-  CalculateDep calculated;
-  calculated.AssetStartDate(asset.placed_in_service);
-  calculated.AssetBasis(asset.basis);
-  calculated.AssetSalvage(asset.salvage);
-  calculated.AssetProdCap(asset.capacity);
-  calculated.DepRecovery(asset.life);
-  calculated.FYEnd(asset.fiscal_year_end);
-  calculated.DepConvention(asset.convention);
-  MethodResults results;
-  calculateAllMethods(calculated, results);
+  const MethodResults results = calculatedFor(asset);
   if (countsAsUnitsOfProduction(asset.method)) {
     asset.amounts = {random.oneIn(10) ? money(random, 3) : results.rate};
     return;
@@ -121,6 +112,20 @@ SavedAsset asRead(SavedAsset asset) {
 }
 
 }  // namespace
+
+MethodResults calculatedFor(const SavedAsset& asset) {
+  CalculateDep calculated;
+  calculated.AssetStartDate(asset.placed_in_service);
+  calculated.AssetBasis(asset.basis);
+  calculated.AssetSalvage(asset.salvage);
+  calculated.AssetProdCap(asset.capacity);
+  calculated.DepRecovery(asset.life);
+  calculated.FYEnd(asset.fiscal_year_end);
+  calculated.DepConvention(asset.convention);
+  MethodResults results;
+  calculateAllMethods(calculated, results);
+  return results;
+}
 
 RegisterOfAssets someRegister(Random& random, std::vector<SavedAsset>& saved) {
   const int first_month = random.from(1, 12);

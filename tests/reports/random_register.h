@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/method_results.h"
 #include "reports/register.h"
 
 namespace depcalc::testing_support {
@@ -25,6 +26,9 @@ class Random {
  private:
   std::mt19937_64 engine_;
 };
+
+/// What is calculated today for the saved values, by the record itself.
+MethodResults calculatedFor(const SavedAsset& asset);
 
 /// A register of up to nine assets, some of which were saved with other amounts than a calculation
 /// gives; `saved` has them with all their amounts, those that do not count among them.

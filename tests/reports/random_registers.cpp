@@ -50,16 +50,7 @@ std::string unitsJson(const UnitsByYear& units) {
 
 /// What is calculated today for the saved values, by the record itself.
 std::string todayJson(const SavedAsset& saved) {
-  CalculateDep asset;
-  asset.AssetStartDate(saved.placed_in_service);
-  asset.AssetBasis(saved.basis);
-  asset.AssetSalvage(saved.salvage);
-  asset.AssetProdCap(saved.capacity);
-  asset.DepRecovery(saved.life);
-  asset.FYEnd(saved.fiscal_year_end);
-  asset.DepConvention(saved.convention);
-  MethodResults results;
-  calculateAllMethods(asset, results);
+  const MethodResults results = testing_support::calculatedFor(saved);
   return "{\"SL\":" + amountsJson(results.straight_line) +
          ",\"SYD\":" + amountsJson(results.sum_of_years_digits) +
          ",\"DDB\":" + amountsJson(results.double_declining_balance) +
