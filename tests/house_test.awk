@@ -8,7 +8,8 @@ BEGIN {
   may["host"] = may["common"] " host"
   may["host/memory"] = may["host"] " host/memory"
   may["host/failing"] = may["host"] " host/failing"
-  may["host/sqlite"] = may["host"] " host/sqlite"
+  may["host/stored"] = may["host"] " host/stored"
+  may["host/sqlite"] = may["host/stored"] " host/sqlite"
   may["entry"] = may["engine"] " controls entry"
   may["compare"] = may["engine"] " controls compare"
   may["register"] = may["engine"] " controls register"
@@ -21,8 +22,8 @@ BEGIN {
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " changes"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
-  may["desktop"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
-  may["cli"] = may["DepCalc"] " host/memory host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop cli"
+  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
+  may["cli"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"
@@ -33,7 +34,7 @@ BEGIN {
   may["windows/library"] = may["windows/ole"] " windows/registration windows/host windows/library"
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
-  outside["host/sqlite"] = "."
+  outside["host/stored"] = outside["host/sqlite"] = "."
   outside["reports/formats/xlsx"] = outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"

@@ -25,8 +25,8 @@ expected() {
     common | host) echo "$ground $1" ;;
     engine) echo "$records" ;;
     controls) echo "$screens" ;;
-    host_memory | host_failing) echo "$ground host $1" ;;
-    host_sqlite) echo "$ground common host $1" ;;
+    host_memory | host_failing | host_stored) echo "$ground host $1" ;;
+    host_sqlite) echo "$ground common host host_stored $1" ;;
     field_rules) echo "$ground $1" ;;
     compare_events | entry_events | register_events) echo "$records $1" ;;
     help_events) echo "$ground $1" ;;
@@ -46,11 +46,11 @@ expected() {
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes paper cli controls field_rules host_sqlite print_module register register_events" ;;
+    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
-    desktop_companies) echo "$window host_sqlite $1" ;;
+    desktop_companies) echo "$window host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;
     registration) echo "$1" ;;
     record) echo "$records com $1" ;;

@@ -17,6 +17,24 @@ using InFile = FailedChange::InFile;
 /// The procedure that reports what goes wrong after something went wrong.
 constexpr std::string_view recovering = "DepCalc::company file";
 
+/// The rows of the file.
+class RecordRows final : public RecordSink {
+ public:
+  explicit RecordRows(Database& database)
+      : put_(database.prepare(
+            "INSERT OR REPLACE INTO record (id, fields, digest) VALUES (?, ?, ?)")),
+        remove_(database.prepare("DELETE FROM record WHERE id = ?")) {}
+
+  void put(std::int64_t id, std::string_view text, std::uint64_t digest) override {
+    put_.bind(1, id).bind(2, text).bind(3, static_cast<std::int64_t>(digest)).run();
+  }
+  void remove(std::int64_t id) override { remove_.bind(1, id).run(); }
+
+ private:
+  Statement put_;
+  Statement remove_;
+};
+
 }  // namespace
 
 void CompanyContents::info(const CompanyInfo& info) {
@@ -138,7 +156,8 @@ void CompanyContents::writeTable(Database& database, StoredTable& table,
     table.id(by_id_.empty() ? 1 : by_id_.rbegin()->first + 1);
     by_id_[table.id()] = tables_.find(table.name())->second;
   }
-  table.write(database, extent);
+  RecordRows rows(database);
+  table.write(rows, extent);
   if (const std::int64_t form = formWith(table.name()); form > formOf(database)) {
     setForm(database, form);
   }

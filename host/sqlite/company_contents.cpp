@@ -52,6 +52,15 @@ std::shared_ptr<StoredTable> CompanyContents::tableCalled(std::string_view name)
   return tables_.emplace(name, std::move(table)).first->second;
 }
 
+std::vector<std::string> CompanyContents::tableNames() const {
+  requireOpen();
+  std::vector<std::string> names;
+  for (const auto& [name, table] : tables_) {
+    if (table->id() != 0 || table->waiting()) names.push_back(name);
+  }
+  return names;
+}
+
 void CompanyContents::close() { open_.reset(); }
 
 std::optional<FileTrouble> CompanyContents::takeTrouble() {

@@ -11,7 +11,7 @@
 #include "host/company_info.h"
 #include "host/failed_change.h"
 #include "host/sqlite/open_database.h"
-#include "host/sqlite/stored_table.h"
+#include "host/stored/stored_table.h"
 #include "host/unit_of_work.h"
 
 namespace depcalc {
@@ -31,6 +31,7 @@ class CompanyContents final : public ChangeGate, public HostUnitOfWork {
   [[nodiscard]] const CompanyInfo& info() const;
   void info(const CompanyInfo& info);
   [[nodiscard]] std::shared_ptr<StoredTable> table(std::string_view name);
+  [[nodiscard]] std::vector<std::string> tableNames() const;
   void close();
   /// From now on every change is error 57. Of a unit of work that is open nothing is kept.
   void refuseChanges() noexcept { changes_refused_ = true; }

@@ -85,6 +85,8 @@ const CompanyInfo& SqliteCompanyFile::info() const { return contents_->info(); }
 
 void SqliteCompanyFile::info(const CompanyInfo& info) { contents_->info(info); }
 
+std::vector<std::string> SqliteCompanyFile::tableNames() const { return contents_->tableNames(); }
+
 void SqliteCompanyFile::refuseChanges() noexcept { contents_->refuseChanges(); }
 
 const std::string& SqliteCompanyFile::path() const { return contents_->path(); }

@@ -13,6 +13,7 @@
 #include "host/file_trouble.h"
 #include "host/host.h"
 #include "host/listeners.h"
+#include "host/stored_company_file.h"
 
 namespace depcalc {
 
@@ -26,7 +27,7 @@ class CompanyLock;
 /// the handler of the options. Where it is given up, the tables hold what the file holds, the error
 /// (53, 57, 61, 70, 75) goes to the caller, and `takeTrouble` has it in full.
 /// docs/company-file.md describes the file itself.
-class SqliteCompanyFile final : public HostCompanyFile {
+class SqliteCompanyFile final : public StoredCompanyFile {
  public:
   struct Options {
     std::function<Date()> today;  ///< the current fiscal year follows from it
@@ -56,28 +57,16 @@ class SqliteCompanyFile final : public HostCompanyFile {
   void advise(HostCompanyFileEvents& listener) override { listeners_.add(listener); }
   void unadvise(HostCompanyFileEvents& listener) override { listeners_.remove(listener); }
 
-  /// Absolute and without symbolic links. Another one after going on with a copy.
-  [[nodiscard]] const std::string& path() const;
-  [[nodiscard]] const CompanyInfo& info() const;
-  /// Writes at once. A month that is none is error 5; what the disk says, like Commit.
-  void info(const CompanyInfo& info);
-
-  /// For a host whose calculator could not keep all that it read, and might write back the rest
-  /// of it: until the file is opened again every change is error 57.
-  void refuseChanges() noexcept;
-
-  /// Why the last write failed, told once.
-  std::optional<FileTrouble> takeTrouble();
-
-  /// Makes a new company file of all that is in this one, which stays the open one; but where it is
-  /// no longer in its place, the copy takes it. Answers what went wrong.
-  std::optional<FileTrouble> saveCopy(const std::string& path);
-  /// Whether the file was removed, renamed or replaced since it was opened, and how: what is held
-  /// in memory is then all there is. Not to be asked once it is closed.
-  [[nodiscard]] std::optional<FileTrouble> lost() const;
-
-  /// Raises CompanyFileClosing, then closes and gives the lock back.
-  void close();
+  /// Absolute and without symbolic links.
+  [[nodiscard]] const std::string& path() const override;
+  [[nodiscard]] const CompanyInfo& info() const override;
+  void info(const CompanyInfo& info) override;
+  [[nodiscard]] std::vector<std::string> tableNames() const override;
+  void refuseChanges() noexcept override;
+  std::optional<FileTrouble> takeTrouble() override;
+  std::optional<FileTrouble> saveCopy(const std::string& path) override;
+  [[nodiscard]] std::optional<FileTrouble> lost() const override;
+  void close() override;
 
  private:
   SqliteCompanyFile(std::shared_ptr<CompanyContents> contents, std::function<Date()> today);

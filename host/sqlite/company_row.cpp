@@ -3,7 +3,7 @@
 #include <string>
 
 #include "host/sqlite/company_schema.h"
-#include "host/sqlite/digest.h"
+#include "host/stored/digest.h"
 
 namespace depcalc {
 

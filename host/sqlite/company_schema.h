@@ -8,12 +8,6 @@
 
 namespace depcalc {
 
-/// A record's id is its table's id times this, plus its index.
-inline constexpr std::int64_t records_per_table = 65'536;
-
-/// A company file has no more data tables. Their ids are 1 and up.
-inline constexpr std::int64_t most_tables = 16;
-
 /// The size of its pages.
 inline constexpr int company_page_size = 8'192;
 

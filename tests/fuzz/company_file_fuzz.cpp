@@ -9,7 +9,7 @@
 #include <string>
 
 #include "host/sqlite/company_file.h"
-#include "host/sqlite/record_text.h"
+#include "host/stored/record_text.h"
 #include "tests/DepCalc/store_pair.h"
 #include "tests/fuzz/property.h"
 #include "tests/support/temporary_directory.h"

@@ -11,8 +11,8 @@
 #include <random>
 
 #include "host/sqlite/company_path.h"
-#include "host/sqlite/digest.h"
-#include "host/sqlite/record_text.h"
+#include "host/stored/digest.h"
+#include "host/stored/record_text.h"
 #include "host/unit_of_work.h"
 #include "tests/host/sqlite/company_fixture.h"
 #include "tests/host/sqlite/failing_vfs.h"

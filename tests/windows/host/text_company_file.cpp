@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "host/record_storage.h"
-#include "host/sqlite/record_text.h"
+#include "host/stored/record_text.h"
 #include "values/runtime_error.h"
 
 namespace depcalc::testing_support {

@@ -10,7 +10,7 @@
 
 namespace depcalc::testing_support {
 
-/// Every record a line: which one it is, a tab, its values (host/sqlite/record_text.h). The file is
+/// Every record a line: which one it is, a tab, its values (host/stored/record_text.h). The file is
 /// written anew at each change and takes the old one's place at once.
 class TextCompanyFile final : public HostCompanyFile {
  public:

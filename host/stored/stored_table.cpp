@@ -1,12 +1,11 @@
-#include "host/sqlite/stored_table.h"
+#include "host/stored/stored_table.h"
 
 #include <algorithm>
 #include <numeric>
 #include <utility>
 
-#include "host/sqlite/company_schema.h"
-#include "host/sqlite/digest.h"
-#include "host/sqlite/record_text.h"
+#include "host/stored/digest.h"
+#include "host/stored/record_text.h"
 
 namespace depcalc {
 namespace {
@@ -40,6 +39,7 @@ StoredTable::Slot& StoredTable::change(std::int16_t index) {
   if (at >= slots_.size()) slots_.resize(at + 1);
   Slot& slot = slots_[at];
   if (!slot.waits) waiting_.push_back(index);
+  if (!slot.waits && undo_ == Undo::in_memory) slot.file_text = std::move(slot.text);
   slot.waits = true;
   return slot;
 }
@@ -120,11 +120,8 @@ std::vector<std::int16_t> StoredTable::indexes(Extent extent) const {
   return indexes;
 }
 
-void StoredTable::write(Database& database, Extent extent) {
+void StoredTable::write(RecordSink& sink, Extent extent) {
   encodeWaiting();
-  Statement put_record =
-      database.prepare("INSERT OR REPLACE INTO record (id, fields, digest) VALUES (?, ?, ?)");
-  Statement remove_record = database.prepare("DELETE FROM record WHERE id = ?");
   tally_ = file_tally_;
   for (const std::int16_t index : indexes(extent)) {
     Slot& slot = slots_[static_cast<std::size_t>(index)];
@@ -133,10 +130,9 @@ void StoredTable::write(Database& database, Extent extent) {
     if (slot.present) {
       slot.written_digest = digest(index, slot.text);
       tally_ += slot.written_digest;
-      put_record.bind(1, id).bind(2, std::string_view(slot.text));
-      put_record.bind(3, static_cast<std::int64_t>(slot.written_digest)).run();
+      sink.put(id, slot.text, slot.written_digest);
     } else if (slot.in_file) {
-      remove_record.bind(1, id).run();
+      sink.remove(id);
     }
   }
 }
@@ -147,9 +143,25 @@ void StoredTable::written() noexcept {
     slot.in_file = slot.present;
     slot.digest = slot.written_digest;
     slot.waits = false;
+    slot.file_text.clear();
   }
   file_tally_ = tally_;
   waiting_.clear();
+}
+
+void StoredTable::undo() noexcept {
+  for (const std::int16_t index : waiting_) {
+    Slot& slot = slots_[static_cast<std::size_t>(index)];
+    count_ += (slot.in_file ? 1 : 0) - (slot.present ? 1 : 0);
+    slot.present = slot.in_file;
+    slot.text = std::move(slot.file_text);
+    slot.file_text.clear();
+    slot.values.reset();
+    slot.waits = false;
+  }
+  tally_ = file_tally_;
+  waiting_.clear();
+  decoded_ = 0;
 }
 
 }  // namespace depcalc

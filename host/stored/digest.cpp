@@ -1,4 +1,4 @@
-#include "host/sqlite/digest.h"
+#include "host/stored/digest.h"
 
 #include <xxhash.h>
 

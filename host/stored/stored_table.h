@@ -1,4 +1,4 @@
-// The records of one data table of a company file.
+// The records of one data table of a company that is held in memory and written elsewhere.
 #pragma once
 
 #include <cstdint>
@@ -8,9 +8,23 @@
 #include <vector>
 
 #include "host/record_storage.h"
-#include "host/sqlite/database.h"
 
 namespace depcalc {
+
+/// A record's id is its table's id times this, plus its index.
+inline constexpr std::int64_t records_per_table = 65'536;
+
+/// A company has no more data tables. Their ids are 1 and up.
+inline constexpr std::int64_t most_tables = 16;
+
+/// Takes what a table writes, and says what goes wrong by exceptions.
+class RecordSink {
+ public:
+  virtual ~RecordSink() = default;
+  /// Adds or replaces a record. The text lives until the table changes.
+  virtual void put(std::int64_t id, std::string_view text, std::uint64_t digest) = 0;
+  virtual void remove(std::int64_t id) = 0;
+};
 
 /// Who must know before a table changes, and after.
 class ChangeGate {
@@ -27,7 +41,12 @@ class ChangeGate {
 /// was changed waits until it is written.
 class StoredTable final : public RecordStorage {
  public:
-  StoredTable(std::string name, ChangeGate& gate) : name_(std::move(name)), gate_(&gate) {}
+  /// Whether what waits can be undone without reading the file again. That takes memory for the
+  /// texts of both.
+  enum class Undo { by_reading, in_memory };
+
+  StoredTable(std::string name, ChangeGate& gate, Undo undo = Undo::by_reading)
+      : name_(std::move(name)), gate_(&gate), undo_(undo) {}
 
   [[nodiscard]] std::int32_t count() const override;
   [[nodiscard]] bool has(std::int16_t index) const override;
@@ -50,9 +69,11 @@ class StoredTable final : public RecordStorage {
   /// Writes what waits, or all there is. The caller has a transaction open; what it writes counts
   /// when it says so, and until then can be written again.
   enum class Extent { waiting, all };
-  void write(Database& database, Extent extent);
+  void write(RecordSink& sink, Extent extent);
   /// The transaction is in the file.
   void written() noexcept;
+  /// Goes back to what the file has, where that is kept in memory.
+  void undo() noexcept;
 
   [[nodiscard]] std::int64_t recordsInFile() const;
   /// Whether the file had this record when it was last read or written.
@@ -67,6 +88,7 @@ class StoredTable final : public RecordStorage {
     std::uint64_t digest = 0;          ///< of the text in the file
     std::uint64_t written_digest = 0;  ///< of the text that was written last
     std::string text;
+    std::string file_text;                 ///< of a record that waits, where it can be undone
     std::unique_ptr<RecordValues> values;  ///< newer than the text
   };
 
@@ -78,6 +100,7 @@ class StoredTable final : public RecordStorage {
 
   std::string name_;
   ChangeGate* gate_;
+  Undo undo_;
   std::int64_t id_ = 0;
   std::vector<Slot> slots_;
   std::int32_t count_ = 0;

@@ -1,4 +1,4 @@
-#include "host/sqlite/record_text.h"
+#include "host/stored/record_text.h"
 
 #include <algorithm>
 #include <array>
