@@ -45,7 +45,7 @@ bool AssetReader::begin() {
           {1, "column 1", "The file is empty; its first row must name the columns.", std::nullopt});
       break;
     case CsvReader::Outcome::record:
-      columns_ = AssetColumns::fromHeader(csv_.record(), header_rules_, problems_);
+      columns_ = columnsOfHeader(csv_.record(), header_rules_, problems_);
   }
   return problems_.empty();
 }

@@ -4,8 +4,9 @@
 #include <span>
 #include <vector>
 
-#include "cli/asset_row.h"
-#include "cli/csv_reader.h"
+#include "cli/asset_header.h"
+#include "importing/asset_row.h"
+#include "importing/csv_reader.h"
 
 namespace depcalc {
 

@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "changes/disposing.h"
-#include "cli/asset_row.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
+#include "importing/asset_row.h"
 #include "values/display_format.h"
 #include "values/printable_text.h"
 

@@ -11,6 +11,7 @@
 #include "cli/progress.h"
 #include "cli/text_columns.h"
 #include "host/sqlite/database.h"
+#include "importing/asset_saving.h"
 #include "values/display_format.h"
 #include "values/printable_text.h"
 

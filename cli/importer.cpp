@@ -1,6 +1,6 @@
 #include "cli/importer.h"
 
-#include "engine/method_results.h"
+#include "importing/asset_saving.h"
 
 namespace depcalc {
 
@@ -33,20 +33,6 @@ ImportedRows readRows(AssetReader& reader, Date today, Duplicates* duplicates,
     if (rows.assets.size() < most_assets) rows.assets.push_back(std::move(asset));
   }
   return rows;
-}
-
-std::optional<std::string> saveAssets(Company& company, const std::vector<CalculateDepPtr>& assets,
-                                      bool keep, const std::function<void(std::size_t)>& reached) {
-  const auto save = [&] {
-    company.store().open();
-    std::size_t saved = 0;
-    for (const CalculateDepPtr& asset : assets) {
-      calculateChosen(*asset);
-      company.store().DepCalcContSaveRecord(asset);
-      reached(++saved);
-    }
-  };
-  return company.changeAtOnce(save, keep);
 }
 
 }  // namespace depcalc

@@ -1,4 +1,4 @@
-// Assets from a file into the register.
+// The assets of a file, for the register.
 #pragma once
 
 #include <cstddef>
@@ -10,12 +10,9 @@
 
 #include "cli/asset_reader.h"
 #include "cli/company.h"
-#include "cli/duplicates.h"
+#include "importing/duplicates.h"
 
 namespace depcalc {
-
-/// The register's capacity: its indices are 16-bit numbers, and 0 is the summary's.
-inline constexpr std::int32_t most_assets = INT16_MAX;
 
 /// Bad rows whose problems are told; how many more there are is told in one line.
 inline constexpr std::size_t most_reported_rows = 200;
@@ -34,11 +31,5 @@ struct ImportedRows {
 /// the header and of the first bad rows go to `report`. A source that fails ends the reading.
 ImportedRows readRows(AssetReader& reader, Date today, Duplicates* duplicates,
                       const std::function<void(const RowProblem&)>& report);
-
-/// Saves `assets` through the store, one by one, behind those of the register: all of them or,
-/// where something is reported, none. Without `keep` everything is undone in the end. `reached`
-/// hears how many are saved. Answers what was reported.
-std::optional<std::string> saveAssets(Company& company, const std::vector<CalculateDepPtr>& assets,
-                                      bool keep, const std::function<void(std::size_t)>& reached);
 
 }  // namespace depcalc

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "cli/byte_source.h"
+#include "importing/byte_source.h"
 
 namespace depcalc {
 

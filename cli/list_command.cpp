@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "cli/asset_columns.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
 #include "engine/convention.h"
 #include "entry/field_rules.h"
+#include "importing/asset_columns.h"
 #include "values/data_text.h"
 #include "values/display_format.h"
 #include "values/json_writer.h"

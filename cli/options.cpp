@@ -2,8 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "cli/asset_row.h"
 #include "cli/foreign_file.h"
+#include "importing/asset_row.h"
 
 namespace depcalc {
 namespace {

@@ -42,11 +42,12 @@ expected() {
     report_xlsx) echo "$records reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
     changes) echo "$store reports reports_reading $1" ;;
+    importing) echo "$store reports reports_reading changes field_rules $1" ;;
     report_desk) echo "$records reports report_formats report_xlsx $1" ;;
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
+    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;

@@ -5,9 +5,9 @@
 
 #include "cli/consistency.h"
 #include "cli/deletion.h"
-#include "cli/importer.h"
 #include "engine/method_results.h"
 #include "host/memory/memory_host.h"
+#include "importing/asset_saving.h"
 
 namespace depcalc {
 namespace {

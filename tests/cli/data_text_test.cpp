@@ -7,7 +7,7 @@
 #include <iostream>
 #include <random>
 
-#include "cli/csv_reader.h"
+#include "importing/csv_reader.h"
 #include "tests/cli/list_and_import.h"
 #include "tests/support/text_source.h"
 

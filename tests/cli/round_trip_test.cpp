@@ -4,8 +4,9 @@
 
 #include <variant>
 
-#include "cli/importer.h"
+#include "cli/company.h"
 #include "host/sqlite/company_file.h"
+#include "importing/asset_saving.h"
 #include "tests/cli/list_and_import.h"
 
 namespace depcalc {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/csv_reader.h"
+#include "importing/csv_reader.h"
 #include "tests/fuzz/property.h"
 #include "tests/support/text_source.h"
 

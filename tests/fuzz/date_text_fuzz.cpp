@@ -2,8 +2,8 @@
 #include <cstdint>
 #include <string>
 
-#include "cli/asset_row.h"
 #include "entry/field_rules.h"
+#include "importing/asset_row.h"
 #include "tests/fuzz/property.h"
 #include "values/date.h"
 

@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-#include "cli/byte_source.h"
+#include "importing/byte_source.h"
 
 namespace depcalc {
 

@@ -1,10 +1,10 @@
-#include "cli/duplicates.h"
+#include "importing/duplicates.h"
 
-#include "cli/asset_columns.h"
+#include "importing/asset_columns.h"
 
 namespace depcalc {
 
-Duplicates::Duplicates(Company& company) {
+Duplicates::Duplicates(CompanyAssets& company) {
   const std::int32_t count = company.assetCount();
   for (std::int32_t i = 1; i <= count; ++i) {
     const CalculateDepPtr asset = company.asset(i);

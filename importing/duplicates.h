@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "cli/company.h"
-#include "cli/row_problem.h"
+#include "DepCalc/company_assets.h"
+#include "importing/row_problem.h"
 
 namespace depcalc {
 
@@ -16,7 +16,7 @@ namespace depcalc {
 class Duplicates {
  public:
   /// Reads the whole register.
-  explicit Duplicates(Company& company);
+  explicit Duplicates(CompanyAssets& company);
 
   /// What of the asset in `line` of the file is there already, in the register or in a line before;
   /// from now on the line is one of those.

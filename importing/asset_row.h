@@ -6,9 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/asset_columns.h"
 #include "engine/calculate_dep.h"
 #include "entry/field_rules.h"
+#include "importing/asset_columns.h"
+#include "importing/row_problem.h"
 
 namespace depcalc {
 

@@ -1,4 +1,4 @@
-#include "cli/csv_reader.h"
+#include "importing/csv_reader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,14 +1,13 @@
-#include "cli/asset_columns.h"
+#include "cli/asset_header.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "values/text.h"
 
 namespace depcalc {
 namespace {
-
-constexpr std::array required_columns{AssetColumn::placed_in_service, AssetColumn::life,
-                                      AssetColumn::basis};
 
 std::optional<AssetColumn> columnNamed(std::string_view name, HeaderRules rules) {
   for (std::size_t i = 0; i < asset_column_names.size(); ++i) {
@@ -35,10 +34,9 @@ RowProblem headerProblem(const CsvField& field, std::string message) {
 
 }  // namespace
 
-AssetColumns AssetColumns::fromHeader(std::span<const CsvField> header, HeaderRules rules,
-                                      std::vector<RowProblem>& problems) {
-  AssetColumns columns;
-  columns.width_ = header.size();
+AssetColumns columnsOfHeader(std::span<const CsvField> header, HeaderRules rules,
+                             std::vector<RowProblem>& problems) {
+  AssetColumns columns(header.size());
   for (std::size_t i = 0; i < header.size(); ++i) {
     const auto column = columnNamed(trimmed(header[i].text), rules);
     if (!column) {
@@ -47,13 +45,12 @@ AssetColumns AssetColumns::fromHeader(std::span<const CsvField> header, HeaderRu
       }
       continue;
     }
-    auto& index = columns.index_[static_cast<std::size_t>(*column)];
-    if (index)
+    if (columns.placeOf(*column))
       problems.push_back(headerProblem(header[i], "The column appears twice; please remove one."));
-    index = i;
+    columns.place(*column, i);
   }
   for (const AssetColumn column : required_columns) {
-    if (columns.index_[static_cast<std::size_t>(column)]) continue;
+    if (columns.placeOf(column)) continue;
     problems.push_back({header.front().place.line, std::string(nameOf(column)),
                         "This required column is missing; please add it to the first row.",
                         std::nullopt});

@@ -1,4 +1,4 @@
-#include "cli/asset_row.h"
+#include "importing/asset_row.h"
 
 #include <algorithm>
 #include <string>

@@ -1,4 +1,4 @@
-#include "cli/csv_reader.h"
+#include "importing/csv_reader.h"
 
 #include <algorithm>
 #include <array>

@@ -6,10 +6,8 @@
 #include <optional>
 #include <span>
 #include <string_view>
-#include <vector>
 
-#include "cli/csv_reader.h"
-#include "cli/row_problem.h"
+#include "importing/csv_reader.h"
 
 namespace depcalc {
 
@@ -36,6 +34,10 @@ inline constexpr std::array<std::string_view, 14> asset_column_names{
     "life",     "convention", "basis",  "salvage",    "capacity",          "method",
     "disposed", "proceeds"};
 
+/// Without these an asset cannot be calculated.
+inline constexpr std::array required_columns{AssetColumn::placed_in_service, AssetColumn::life,
+                                             AssetColumn::basis};
+
 constexpr std::string_view nameOf(AssetColumn column) {
   return asset_column_names[static_cast<std::size_t>(column)];
 }
@@ -43,26 +45,27 @@ constexpr std::string_view nameOf(AssetColumn column) {
 /// Whether any text may stand in it; the others hold numbers, dates and names of their own.
 constexpr bool isTextColumn(AssetColumn column) { return column <= AssetColumn::department; }
 
-/// What a header may hold.
-struct HeaderRules {
-  bool ignore_unknown = false;
-  /// What is entered of an asset once it has been calculated is known, too: `method` and the
-  /// columns behind it.
-  bool with_method = false;
-};
-
 /// Where each column stands in the rows of one file.
 class AssetColumns {
  public:
-  /// Reads the header row: names in any order and any case. A name that is unknown or appears
-  /// twice and a required name that is missing (placed_in_service, life, basis) are problems.
-  static AssetColumns fromHeader(std::span<const CsvField> header, HeaderRules rules,
-                                 std::vector<RowProblem>& problems);
+  AssetColumns() = default;
+  /// For rows of `width` fields, of which none is a column yet.
+  explicit AssetColumns(std::size_t width) : width_(width) {}
 
-  /// The field of `column` in `row`; nothing when the file has no such column. The row must
+  /// `column` stands in field `index`, below the width.
+  void place(AssetColumn column, std::size_t index) {
+    index_[static_cast<std::size_t>(column)] = index;
+  }
+
+  /// Where `column` stands; nothing when the rows do not have it.
+  [[nodiscard]] std::optional<std::size_t> placeOf(AssetColumn column) const {
+    return index_[static_cast<std::size_t>(column)];
+  }
+
+  /// The field of `column` in `row`; nothing when the rows have no such column. The row must
   /// have `width()` fields.
   [[nodiscard]] const CsvField* find(std::span<const CsvField> row, AssetColumn column) const {
-    const auto& index = index_[static_cast<std::size_t>(column)];
+    const auto index = placeOf(column);
     return index ? &row[*index] : nullptr;
   }
 

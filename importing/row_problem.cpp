@@ -1,4 +1,4 @@
-#include "cli/row_problem.h"
+#include "importing/row_problem.h"
 
 #include "values/printable_text.h"
 

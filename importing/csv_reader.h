@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/byte_source.h"
+#include "importing/byte_source.h"
 #include "values/utf8.h"
 
 namespace depcalc {
