@@ -89,6 +89,7 @@ int run(const Options& options) {
   const QString data = previews ? scratch.path() : writable(QStandardPaths::AppDataLocation);
   SqliteCompanies files(todayByClock);
   Settings settings(config + QStringLiteral("/depcalc.ini"));
+  if (previews) settings.setShown(QStringLiteral("toolbar"), false);
   Backups backups(data + QStringLiteral("/backups"), sameCompany);
   MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
   if (previews) return preview(files, window, options, scratch.path());

@@ -34,6 +34,8 @@ struct SavedAsset {
   std::vector<Currency> amounts;  ///< Dep0, Dep1, … up to the last that counts
   UnitsByYear units;
   std::vector<std::string> unreadable;  ///< a line for each value of another type than its own
+
+  bool operator==(const SavedAsset&) const = default;
 };
 
 /// How many amounts count of an asset of `life` whose first fiscal year is `first_year`: one each

@@ -23,7 +23,8 @@ BEGIN {
   may["changes"] = may["reports/reading"] " changes"
   may["importing"] = may["changes"] " entry importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
-  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
+  may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
+  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
   may["cli"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
@@ -36,7 +37,7 @@ BEGIN {
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
   outside["host/stored"] = outside["host/sqlite"] = "."
-  outside["reports/formats/xlsx"] = outside["desktop"] = outside["cli"] = "^[^s]|^s[^q]"
+  outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }

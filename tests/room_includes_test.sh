@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator recalculation reports reports_reading changes report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_window paper print_module printing_objects"
+window="$calculator recalculation reports reports_reading changes report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -50,6 +50,7 @@ expected() {
     cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
+    desktop_workspace) echo "$calculator reports desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
     desktop_companies) echo "$window host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;

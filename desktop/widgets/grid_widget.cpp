@@ -174,6 +174,7 @@ void GridWidget::showCurrent() {
 void GridWidget::clickCell(int row, int column) {
   if (row < 0 || row >= grid_.rows() || column < 0 || column >= grid_.columns()) return;
   binding_.surface().act([&](User& user) { user.clickCell(grid_, row, column); });
+  emit binding_.surface().cellPointed(grid_, row, column);
 }
 
 void GridWidget::openCell(int row, int column) {

@@ -42,10 +42,14 @@ void Page::showControl(UserControl& root, Surface& surface) {
   shown_->installEventFilter(this);
   setWidget(sheet);
   arrange();
-  const InputControl* const focused = surface.stage().focused();
-  QWidget* const owner = focused == nullptr ? nullptr : surface.widget(*focused);
-  (owner != nullptr ? owner : this)->setFocus();
+  takeKeys();
   surface.paintAtIdle();
+}
+
+void Page::takeKeys() {
+  const InputControl* const focused = surface_ == nullptr ? nullptr : surface_->stage().focused();
+  QWidget* const owner = focused == nullptr ? nullptr : surface_->widget(*focused);
+  (owner != nullptr ? owner : this)->setFocus();
 }
 
 void Page::showPlaceholder(QWidget* placeholder) {

@@ -23,6 +23,9 @@ class Page : public QScrollArea {
   void showPlaceholder(QWidget* placeholder);
   void clear();
 
+  /// The keys go to the control that has the focus, else to the page itself.
+  void takeKeys();
+
   /// The surface that is shown; null while a placeholder is.
   [[nodiscard]] Surface* surface() const { return surface_; }
   /// The place of the outermost control, alone and with what reaches beyond it, in twips; of

@@ -2,7 +2,6 @@
 
 #include <QPainterPath>
 
-#include "controls/button_pictures.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
@@ -35,17 +34,6 @@ QPainterPath pathOf(std::span<const Stroke> strokes) {
   return path;
 }
 
-void strokeIcon(QPainter& painter, const QRectF& area, std::span<const Stroke> strokes,
-                const QColor& colour) {
-  painter.save();
-  painter.translate(area.topLeft());
-  painter.scale(area.width() / picture_side, area.height() / picture_side);
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(colour, picture_pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPath(pathOf(strokes));
-  painter.restore();
-}
-
 struct Look {
   QColor fill;
   QColor ink;
@@ -64,6 +52,17 @@ Look lookOf(const ButtonView& button, bool pressed, const Colours& colours) {
 
 }  // namespace
 
+void drawStrokes(QPainter& painter, const QRectF& area, std::span<const Stroke> strokes,
+                 const QColor& colour) {
+  painter.save();
+  painter.translate(area.topLeft());
+  painter.scale(area.width() / picture_side, area.height() / picture_side);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(colour, picture_pen, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPath(pathOf(strokes));
+  painter.restore();
+}
+
 void drawButton(QPainter& painter, const QRectF& area, const ButtonView& button,
                 const Colours& colours, const Scale& scale) {
   painter.setRenderHint(QPainter::Antialiasing);
@@ -73,8 +72,8 @@ void drawButton(QPainter& painter, const QRectF& area, const ButtonView& button,
   if (picture != nullptr && picture->bare) {
     if (button.hovered) painter.fillRect(area, colours.selection());
     const double inset = area.width() / 6;
-    strokeIcon(painter, area.adjusted(inset, inset, -inset, -inset), picture->strokes,
-               colours.accent());
+    drawStrokes(painter, area.adjusted(inset, inset, -inset, -inset), picture->strokes,
+                colours.accent());
     return;
   }
   const double line = std::max(1.0, scale.exact(button_looks::line));
@@ -90,7 +89,7 @@ void drawButton(QPainter& painter, const QRectF& area, const ButtonView& button,
   const double left = area.left() + (area.width() - icon - gap - caption.width()) / 2 + shift;
   if (picture != nullptr) {
     const double top = area.top() + (area.height() - icon) / 2 + shift;
-    strokeIcon(painter, {left, top, icon, icon}, picture->strokes, look.ink);
+    drawStrokes(painter, {left, top, icon, icon}, picture->strokes, look.ink);
   }
   painter.setPen(look.ink);
   const double top = std::round(area.top() + (area.height() - caption.height()) / 2 + shift);

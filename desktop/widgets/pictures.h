@@ -3,8 +3,10 @@
 
 #include <QPainter>
 #include <QString>
+#include <span>
 #include <string_view>
 
+#include "controls/button_pictures.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/scale.h"
 
@@ -20,5 +22,9 @@ struct ButtonView {
 
 void drawButton(QPainter& painter, const QRectF& area, const ButtonView& button,
                 const Colours& colours, const Scale& scale);
+
+/// The strokes of a square picture, scaled to `area`.
+void drawStrokes(QPainter& painter, const QRectF& area, std::span<const Stroke> strokes,
+                 const QColor& colour);
 
 }  // namespace depcalc::desktop

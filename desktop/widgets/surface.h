@@ -55,6 +55,8 @@ class Surface : public QObject {
   /// The user asks for more of the current cell of a grid, which was clicked before: by Enter or a
   /// double click.
   void opened(const Grid& grid);
+  /// The user pointed at a cell, whatever its grid made of that.
+  void cellPointed(const Grid& grid, int row, int column);
   /// The paints that were due are delivered.
   void painted();
   /// Something that floats over a screen, or beside it, is shown there now.

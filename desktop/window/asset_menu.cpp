@@ -1,6 +1,7 @@
 #include "desktop/window/asset_menu.h"
 
 #include <QMenu>
+#include <algorithm>
 
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/calculator.h"
@@ -30,6 +31,14 @@ void AssetMenu::add(QMenu& menu, const QString& text, const QKeySequence& key,
 
 void AssetMenu::enable() {
   for (QAction* action : actions_) action->setEnabled(button(action->data().toString()) != nullptr);
+}
+
+QAction* AssetMenu::item(const char* picture) const {
+  const auto named = [picture](const QAction* at) {
+    return at->data().toString() == QLatin1String(picture);
+  };
+  const auto found = std::find_if(actions_.begin(), actions_.end(), named);
+  return found == actions_.end() ? nullptr : *found;
 }
 
 void AssetMenu::cellOpened(const Grid& grid) {

@@ -28,6 +28,8 @@ class AssetMenu : public QObject {
 
   /// To be called whenever another screen may show.
   void enable();
+  /// The item that presses the button of this picture: "new", "edit", "save".
+  [[nodiscard]] QAction* item(const char* picture) const;
   /// The user opened a cell of `grid`: one of the register is its asset, to be edited.
   void cellOpened(const Grid& grid);
 

@@ -15,7 +15,7 @@
 namespace depcalc::desktop {
 namespace {
 
-constexpr QSize least_first_size(1280, 800);
+constexpr QSize least_first_size(1600, 900);
 
 constexpr QSize window_frame(16, 48);
 
@@ -153,6 +153,7 @@ void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& pa
 
 void MainWindow::endCalculator() {
   page_->clear();
+  workspace_->setCalculator(nullptr);
   calculator_ = nullptr;
   may_leave_ = false;
   print_help_ = nullptr;
@@ -169,6 +170,7 @@ void MainWindow::startCalculator() {
   calculator_->start();
   // What start-up refreshes is no change of the user's.
   if (!backup_kept_) kept_revision_ = revision().value_or(0);
+  workspace_->setCalculator(calculator_.get());
   connect(&calculator_->surface(), &Surface::opened, asset_menu_, &AssetMenu::cellOpened);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
     may_leave_ = false;
@@ -243,6 +245,8 @@ void MainWindow::showPlaceholder() {
 
 void MainWindow::showStatus() {
   enableActions();
+  workspace_->setOpen(company() != nullptr);
+  workspace_->follow();
   followReports();
   if (company() == nullptr) {
     setWindowTitle(tr("Depreciation Calculator"));

@@ -19,6 +19,7 @@
 #include "desktop/window/printing.h"
 #include "desktop/window/settings.h"
 #include "desktop/window/view_menu.h"
+#include "desktop/window/workspace.h"
 
 class QAction;
 class QLabel;
@@ -94,6 +95,7 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
   [[nodiscard]] Company* company() const { return application_->company(); }
   [[nodiscard]] Page& page() const { return *page_; }
+  [[nodiscard]] Workspace& workspace() const { return *workspace_; }
 
  protected:
   bool event(QEvent* event) override;
@@ -130,6 +132,12 @@ class MainWindow : public QMainWindow {
   void followReports();
   [[nodiscard]] bool reportsAreOfCompany() const;
   void endReports();
+
+  // main_window_workspace.cpp
+  void makeWorkspace(QMenu& view);
+  void fillToolbar();
+  void fillInsight(InsightPanel& panel);
+  [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);
 
   // main_window_recalculation.cpp
   void askCompanyInfo();
@@ -213,6 +221,7 @@ class MainWindow : public QMainWindow {
   EditMenu* edit_menu_ = nullptr;
   AssetMenu* asset_menu_ = nullptr;
   ViewMenu* view_menu_ = nullptr;
+  Workspace* workspace_ = nullptr;
   QPointer<ReportsWindow> reports_;
   QString reports_path_;
   std::optional<std::uint64_t> reports_revision_;  ///< that they show

@@ -61,6 +61,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::remember(const QString& open) {
   around_.settings.setLastCompany(open);
   around_.settings.setGeometry(saveGeometry());
+  workspace_->remember();
   around_.settings.write();
 }
 

@@ -15,7 +15,10 @@ void MainWindow::makeMenus() {
   makeCompanyMenu();
   makeAssetMenu();
   makeReportsMenu();
-  view_menu_ = new ViewMenu(*menuBar()->addMenu(tr("Vie&w")), around_.settings, *page_);
+  QMenu& view = *menuBar()->addMenu(tr("Vie&w"));
+  view_menu_ = new ViewMenu(view, around_.settings, *page_);
+  makeWorkspace(view);
+  fillToolbar();
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));
 }

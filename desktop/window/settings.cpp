@@ -13,6 +13,8 @@ const QString last_key = QStringLiteral("companies/last");
 const QString zoom_key = QStringLiteral("view/zoom");
 const QString fit_width_key = QStringLiteral("view/fit_width");
 const QString geometry_key = QStringLiteral("window/geometry");
+const QString shown_key = QStringLiteral("workspace/%1");
+const QString width_key = QStringLiteral("workspace/%1_width");
 const QString printer_key = QStringLiteral("print/printer");
 
 }  // namespace
@@ -45,6 +47,17 @@ void Settings::setFitWidth(bool on) { store_.setValue(fit_width_key, on); }
 
 QByteArray Settings::geometry() const { return store_.value(geometry_key).toByteArray(); }
 void Settings::setGeometry(const QByteArray& geometry) { store_.setValue(geometry_key, geometry); }
+
+std::optional<bool> Settings::shown(const QString& part) const {
+  const QVariant on = store_.value(shown_key.arg(part));
+  return on.isValid() ? std::optional(on.toBool()) : std::nullopt;
+}
+void Settings::setShown(const QString& part, bool on) { store_.setValue(shown_key.arg(part), on); }
+
+int Settings::width(const QString& part) const { return store_.value(width_key.arg(part)).toInt(); }
+void Settings::setWidth(const QString& part, int width) {
+  store_.setValue(width_key.arg(part), width);
+}
 
 QString Settings::printer() const { return store_.value(printer_key).toString(); }
 void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }

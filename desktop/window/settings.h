@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QSettings>
 #include <QStringList>
+#include <optional>
 
 namespace depcalc::desktop {
 
@@ -30,6 +31,14 @@ class Settings {
 
   [[nodiscard]] QByteArray geometry() const;
   void setGeometry(const QByteArray& geometry);
+
+  /// What of the workspace is open ("toolbar", "assets", "insight"); nothing where the user has not
+  /// chosen yet.
+  [[nodiscard]] std::optional<bool> shown(const QString& part) const;
+  void setShown(const QString& part, bool on);
+  /// In pixels; 0 where it never was wide.
+  [[nodiscard]] int width(const QString& part) const;
+  void setWidth(const QString& part, int width);
 
   [[nodiscard]] QString printer() const;
   void setPrinter(const QString& name);

@@ -192,7 +192,7 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
       {"Reports",
        {"Depreciation Schedule…", "All Fiscal Years…", "Roll-forward…", "Journal Entry…",
         "Asset Card…", "Register Check…"}},
-      {"View", {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size"}},
+      {"View", {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size", "Insight", "Toolbar"}},
       {"Help",
        {"Using This Calculator", "Comparing depreciation methods",
         "Entering assets without comparing methods", "Recalculating depreciation expense",

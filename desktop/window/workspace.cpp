@@ -1,0 +1,150 @@
+#include "desktop/window/workspace.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "controls/page_style.h"
+#include "desktop/window/calculator.h"
+#include "desktop/window/side_dock.h"
+#include "desktop/workspace/first_docks.h"
+#include "desktop/workspace/stroke_icon.h"
+
+namespace depcalc::desktop {
+namespace {
+
+const QString toolbar_part = QStringLiteral("toolbar");
+const QString insight_part = QStringLiteral("insight");
+
+constexpr int icon_side = 18;  // pixels
+
+QToolBar* makeToolbar(QMainWindow& window) {
+  auto* const toolbar = new QToolBar(QObject::tr("Toolbar"), &window);
+  toolbar->setObjectName(QStringLiteral("Toolbar"));
+  toolbar->setAccessibleName(QObject::tr("Toolbar"));
+  toolbar->setMovable(false);
+  toolbar->setIconSize({icon_side, icon_side});
+  toolbar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  for (auto* more : toolbar->findChildren<QToolButton*>()) {
+    more->setAccessibleName(QObject::tr("More"));
+  }
+  window.addToolBar(toolbar);
+  return toolbar;
+}
+
+}  // namespace
+
+Workspace::Workspace(QMainWindow& window, QMenu& view, Settings& settings, Doors doors)
+    : QObject(&window),
+      window_(window),
+      settings_(settings),
+      doors_(std::move(doors)),
+      following_(doors_.read),
+      toolbar_(makeToolbar(window)) {
+  // Each part has its item in the View menu; a second menu of them has no place.
+  window.setContextMenuPolicy(Qt::NoContextMenu);
+  view.addSeparator();
+  show_insight_ = addPart(view, tr("Insi&ght"), insight_part);
+  show_insight_->setEnabled(false);
+  QAction* const show_toolbar = addPart(view, tr("&Toolbar"), toolbar_part);
+  show_toolbar->setChecked(settings.shown(toolbar_part).value_or(true));
+  toolbar_->setVisible(show_toolbar->isChecked());
+  connect(show_toolbar, &QAction::toggled, toolbar_, &QWidget::setVisible);
+}
+
+QAction* Workspace::addPart(QMenu& view, const QString& text, const QString& part) {
+  QAction* const action = view.addAction(text);
+  action->setCheckable(true);
+  action->setChecked(settings_.shown(part).value_or(false));
+  connect(action, &QAction::triggered, this, [this, part](bool on) {
+    settings_.setShown(part, on);
+    arrange();
+  });
+  return action;
+}
+
+void Workspace::addTool(QAction& action, const QString& caption, const char* picture) {
+  action.setIcon(toolIcon(picture));
+  action.setIconText(caption);
+  action.setIconVisibleInMenu(false);
+  toolbar_->addAction(&action);
+}
+
+void Workspace::addToolSeparator() { toolbar_->addSeparator(); }
+
+void Workspace::setOpen(bool company) {
+  if (std::exchange(open_, company) == company) return;
+  show_insight_->setEnabled(company);
+  if (company) decideFirst();
+  arrange();
+}
+
+/// As many as the window has room for, where the user has chosen nothing yet.
+void Workspace::decideFirst() {
+  if (std::exchange(decided_, true)) return;
+  const double pixels = window_.logicalDpiX() / 96.0;
+  const double page =
+      style::page_width * window_.logicalDpiX() / static_cast<double>(twips_per_inch);
+  const FirstDocks first = firstDocks(window_.width(), static_cast<int>(page), 0,
+                                      static_cast<int>(insight_width * pixels));
+  show_insight_->setChecked(settings_.shown(insight_part).value_or(first.insight));
+}
+
+void Workspace::arrange() {
+  const bool insight = open_ && show_insight_->isChecked();
+  if (insight && insight_dock_ == nullptr) makeInsight();
+  if (insight_dock_ != nullptr) insight_dock_->stand(insight && insight_->hasPages());
+  follow();
+}
+
+void Workspace::makeInsight() {
+  const int width = insight_width * window_.logicalDpiX() / 96;
+  insight_dock_ = new SideDock({insight_part, tr("Insight"), Qt::RightDockWidgetArea, width},
+                               *show_insight_, settings_, doors_.leave, window_);
+  insight_ = new InsightPanel(insight_dock_);
+  doors_.fill(*insight_);
+  insight_dock_->setWidget(insight_);
+  show_insight_->setVisible(insight_->hasPages());
+  connect(insight_, &InsightPanel::titled, insight_dock_, &QWidget::setWindowTitle);
+}
+
+void Workspace::setCalculator(Calculator* calculator) {
+  following_.setCalculator(calculator == nullptr ? nullptr : &calculator->container());
+  if (calculator != nullptr) {
+    Surface& surface = calculator->surface();
+    connect(&surface, &Surface::turned, this, [this] { following_.turned(); });
+    connect(&surface, &Surface::cellPointed, this, [this](const Grid& grid, int row, int column) {
+      following_.cellPointed(grid, row, column);
+      follow();
+    });
+    // A screen fills itself when it is painted.
+    connect(&surface, &Surface::painted, this, &Workspace::follow);
+  }
+  follow();
+}
+
+void Workspace::chooseInReport(std::int32_t number, std::optional<int> fiscal_year) {
+  following_.chooseInReport(number, fiscal_year);
+  follow();
+}
+
+/// Once for all that happens at a time.
+void Workspace::follow() {
+  const bool seen = insight_dock_ != nullptr && !insight_dock_->isHidden();
+  if (!seen || std::exchange(to_follow_, true)) return;
+  QTimer::singleShot(0, this, &Workspace::followNow);
+}
+
+void Workspace::followNow() {
+  to_follow_ = false;
+  if (!insight_dock_->isHidden()) insight_->follow(following_.subject());
+}
+
+void Workspace::remember() {
+  if (insight_dock_ != nullptr) insight_dock_->rememberWidth();
+}
+
+}  // namespace depcalc::desktop
