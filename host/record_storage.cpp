@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/table_texts.h"
 #include "values/runtime_error.h"
 
 namespace depcalc {
@@ -59,7 +60,7 @@ class StorageRecord final : public HostRecord {
   bool modified_ = false;
 };
 
-class StorageTable final : public HostTable {
+class StorageTable final : public HostTable, public TableTexts {
  public:
   explicit StorageTable(std::shared_ptr<RecordStorage> storage) : storage_(std::move(storage)) {}
 
@@ -68,6 +69,10 @@ class StorageTable final : public HostTable {
   std::shared_ptr<HostRecord> Item(std::int16_t index) override {
     if (!storage_->has(index)) throw RuntimeError::subscriptOutOfRange();
     return std::make_shared<StorageRecord>(storage_, index, storage_->load(index));
+  }
+  [[nodiscard]] std::optional<std::string> recordText(std::int16_t index) const override {
+    if (!storage_->has(index)) throw RuntimeError::subscriptOutOfRange();
+    return storage_->text(index);
   }
   std::shared_ptr<HostRecord> Add(std::int16_t index) override {
     if (index < 0 || storage_->has(index)) throw RuntimeError::invalidCall();
@@ -80,6 +85,8 @@ class StorageTable final : public HostTable {
 };
 
 }  // namespace
+
+std::optional<std::string> RecordStorage::text(std::int16_t /*index*/) const { return {}; }
 
 std::shared_ptr<HostTable> tableOver(std::shared_ptr<RecordStorage> storage) {
   return std::make_shared<StorageTable>(std::move(storage));

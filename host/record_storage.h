@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "host/host.h"
 #include "host/record_values.h"
@@ -18,6 +20,8 @@ class RecordStorage {
   [[nodiscard]] virtual std::int32_t count() const = 0;
   [[nodiscard]] virtual bool has(std::int16_t index) const = 0;
   [[nodiscard]] virtual RecordValues load(std::int16_t index) const = 0;
+  /// `load` as the text that is at hand (host/table_texts.h), if one is.
+  [[nodiscard]] virtual std::optional<std::string> text(std::int16_t index) const;
   /// Replaces the record, or adds it.
   virtual void save(std::int16_t index, RecordValues values) = 0;
   virtual void remove(std::int16_t index) = 0;

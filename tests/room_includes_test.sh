@@ -26,6 +26,8 @@ expected() {
     engine) echo "$records" ;;
     controls) echo "$screens" ;;
     host_memory | host_failing | host_stored) echo "$ground host $1" ;;
+    history) echo "$ground host host_stored $1" ;;
+    undoing) echo "$store host_stored history $1" ;;
     host_sqlite) echo "$ground common host host_stored $1" ;;
     field_rules) echo "$ground $1" ;;
     compare_events | entry_events | register_events) echo "$records $1" ;;

@@ -33,6 +33,11 @@ RecordValues StoredTable::load(std::int16_t index) const {
   return slot->values != nullptr ? *slot->values : recordOfText(slot->text);
 }
 
+std::optional<std::string> StoredTable::text(std::int16_t index) const {
+  const Slot* slot = find(index);
+  return slot->values != nullptr ? textOfRecord(*slot->values) : slot->text;
+}
+
 StoredTable::Slot& StoredTable::change(std::int16_t index) {
   gate_->beforeChange();
   const auto at = static_cast<std::size_t>(index);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,7 @@ class StoredTable final : public RecordStorage {
   [[nodiscard]] std::int32_t count() const override;
   [[nodiscard]] bool has(std::int16_t index) const override;
   [[nodiscard]] RecordValues load(std::int16_t index) const override;
+  [[nodiscard]] std::optional<std::string> text(std::int16_t index) const override;
   void save(std::int16_t index, RecordValues values) override;
   void remove(std::int16_t index) override;
 
