@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/button_pictures.h"
 #include "controls/overhang.h"
 #include "controls/stage.h"
 #include "controls/user_control.h"
@@ -144,26 +143,6 @@ TEST_F(Looks, ThePlaceOfAScreenHasRoomForWhatFloatsBesideIt) {
     EXPECT_EQ(placeWithOverhang(screen).width, floating ? place.left + 9120 : 6000);
   }
   EXPECT_FALSE(floats(screen.label));
-}
-
-TEST(ButtonPictures, AreThereForEveryButtonAndStayInTheirSquare) {
-  for (const std::string_view name :
-       {"calc", "new", "clear", "save", "edit", "delete", "print", "close"}) {
-    const ButtonPicture* const picture = buttonPicture(name);
-    ASSERT_NE(picture, nullptr) << name;
-    EXPECT_EQ(buttonPicture(std::string(name) + "-pressed"), picture);
-    EXPECT_EQ(picture->bare, name == "close");
-    constexpr double half_pen = picture_pen / 2;
-    for (const Stroke& stroke : picture->strokes) {
-      if (stroke.kind == Stroke::Kind::close) continue;
-      for (const auto& [from, size] :
-           {std::pair{stroke.x, stroke.width}, std::pair{stroke.y, stroke.height}}) {
-        EXPECT_GE(from - half_pen, 0) << name;
-        EXPECT_LE(from + size + half_pen, picture_side) << name;
-      }
-    }
-  }
-  EXPECT_EQ(buttonPicture("paste"), nullptr);
 }
 
 }  // namespace
