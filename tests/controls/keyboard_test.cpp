@@ -90,6 +90,16 @@ TEST_F(Keys, StopsAreButtonsThenLinks) {
   EXPECT_THAT(stops(), IsEmpty());
 }
 
+TEST_F(Keys, APopupWithinAScreenHasItsFieldsAndStopsBehindTheScreens) {
+  Screen popup{screen, "Popup"};
+  std::vector<std::string> fields;
+  for (const InputControl* field : tabFields(stage)) fields.push_back(field->parent()->name());
+  EXPECT_THAT(fields, ElementsAre("Screen", "Screen", "Popup", "Popup"));
+  EXPECT_EQ(stops().size(), 4u);
+  popup.hide();
+  EXPECT_EQ(tabFields(stage).size(), 2u);
+}
+
 TEST_F(Keys, TabLeadsFromTheLastFieldOverTheStopsToTheFirst) {
   using Kind = TabStep::Kind;
   const Control* const save = &screen.save.normal;
