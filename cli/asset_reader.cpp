@@ -10,6 +10,14 @@ AssetReader::AssetReader(ByteSource& source, HeaderRules header_rules, const Ass
                          const CsvForm& form)
     : csv_(source, form), separator_(form.separator), header_rules_(header_rules), rules_(rules) {}
 
+AssetReader::AssetReader(ByteSource& source, const AssetColumns& columns, const AssetRules& rules,
+                         const CsvForm& form, std::size_t line)
+    : csv_(source, form, line),
+      separator_(form.separator),
+      rules_(rules),
+      columns_(columns),
+      line_(line) {}
+
 AssetReader::Outcome AssetReader::next(CalculateDep& asset) {
   problems_.clear();
   switch (csv_.next()) {

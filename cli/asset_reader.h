@@ -25,12 +25,20 @@ class AssetReader {
   AssetReader(ByteSource& source, HeaderRules header_rules, const AssetRules& rules,
               const CsvForm& form = {});
 
+  /// Reads on in a text at the beginning of `line`, by the columns that its header row named.
+  AssetReader(ByteSource& source, const AssetColumns& columns, const AssetRules& rules,
+              const CsvForm& form, std::size_t line);
+
   /// Reads the header row. False when it cannot be used: `problems()` say why, unless the source
   /// failed. Comes first; nothing can be read after a failure.
   bool begin();
 
   /// Reads the next row into `asset`, every property that a row determines.
   Outcome next(CalculateDep& asset);
+
+  /// The columns of the header row, and what was read behind it.
+  [[nodiscard]] const AssetColumns& columns() const { return columns_; }
+  [[nodiscard]] CsvReader::Rest rest() const { return csv_.rest(); }
 
   /// Where the row that was read last begins.
   [[nodiscard]] std::size_t line() const { return line_; }

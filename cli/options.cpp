@@ -2,6 +2,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+#include <string>
+#include <thread>
+
 #include "cli/foreign_file.h"
 #include "importing/asset_row.h"
 
@@ -83,6 +87,24 @@ CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number) {
 
 void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description) {
   addDateOption(app, "--fiscal-year-end", date, monthAndDay, "MM-DD", description);
+}
+
+int defaultJobs() {
+  return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most_jobs);
+}
+
+void addJobsOption(CLI::App& app, int& jobs) {
+  app.add_option("--jobs", jobs, "Calculate on N cores (default: all); the output is the same")
+      ->option_text("N")
+      ->check([](const std::string& text) {
+        const bool short_number = !text.empty() && text.size() < 4 &&
+                                  text.find_first_not_of("0123456789") == std::string::npos;
+        const int number = short_number ? std::stoi(text) : 0;
+        return number >= 1 && number <= most_jobs
+                   ? ""
+                   : "\"" + text + "\" is not a number of jobs; use 1 to " +
+                         std::to_string(most_jobs);
+      });
 }
 
 }  // namespace depcalc

@@ -34,4 +34,10 @@ CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number);
 /// --fiscal-year-end MM-DD into `date`, of which only month and day count.
 void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description);
 
+/// The cores that this process may use, most_jobs at most.
+[[nodiscard]] int defaultJobs();
+/// --jobs N into `jobs`, 1 to most_jobs.
+inline constexpr int most_jobs = 32;
+void addJobsOption(CLI::App& app, int& jobs);
+
 }  // namespace depcalc

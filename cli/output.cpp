@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "cli/system_error.h"
 
@@ -11,6 +12,9 @@ namespace depcalc {
 
 Output::Output(int descriptor)
     : descriptor_(descriptor), buffer_(std::make_unique_for_overwrite<char[]>(buffer_size)) {}
+
+Output::Output(Drain drain)
+    : drain_(std::move(drain)), buffer_(std::make_unique_for_overwrite<char[]>(buffer_size)) {}
 
 void Output::write(std::string_view text) {
   while (!text.empty()) {
@@ -25,6 +29,10 @@ void Output::write(std::string_view text) {
 bool Output::flush() {
   std::string_view rest(&buffer_[0], used_);
   used_ = 0;
+  if (drain_) {
+    if (!rest.empty()) drain_(rest);
+    return true;
+  }
   while (!rest.empty() && !failed()) {
     const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
     if (count >= 0) {

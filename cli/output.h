@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -16,7 +17,11 @@ class Output {
   /// Most that `reserve` gives.
   static constexpr std::size_t largest_reserve = 4'096;
 
+  /// Where it passes things on to in the place of a file.
+  using Drain = std::function<void(std::string_view)>;
+
   explicit Output(int descriptor);
+  explicit Output(Drain drain);
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
@@ -48,7 +53,8 @@ class Output {
  private:
   static constexpr std::size_t buffer_size = 262'144;
 
-  int descriptor_;
+  int descriptor_ = -1;
+  Drain drain_;
   std::size_t used_ = 0;
   std::unique_ptr<char[]> buffer_;
   std::string failure_;

@@ -5,7 +5,7 @@
 #include "cli/command.h"
 #include "cli/input_file.h"
 #include "cli/options.h"
-#include "cli/schedule_writer.h"
+#include "cli/schedule_jobs.h"
 #include "values/printable_text.h"
 
 namespace depcalc {
@@ -42,6 +42,7 @@ class ScheduleCommand final : public Command {
                  "Accept dates more than 50 years before or after today");
     app.add_flag("--raw", raw_texts_,
                  "Read and write text unchanged, for other programs; see list --help");
+    addJobsOption(app, jobs_);
     app.footer(
         R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
@@ -60,8 +61,7 @@ written.)");
 
   ExitStatus run(Surroundings& surroundings) override {
     InputFile file(file_);
-    const auto writer = makeWriter(surroundings.out);
-    const bool all_good = writeAll(file, *writer, surroundings);
+    const bool all_good = writeAll(file, surroundings);
     if (!file.failure().empty()) {
       surroundings.errors.write("depcalc: " + printableText(file_) + ": " + file.failure() + '\n');
       return exit_system;
@@ -85,33 +85,18 @@ written.)");
   }
 
   /// Whether every row was good.
-  bool writeAll(InputFile& file, ScheduleWriter& writer, Surroundings& surroundings) {
-    using Outcome = AssetReader::Outcome;
-    AssetReader reader(file, {.ignore_unknown = ignore_unknown_}, rules(surroundings.today),
-                       {.separator = separator_});
-    bool all_good = reader.begin();
-    report(reader.problems(), surroundings.errors);
-    if (!all_good) return false;
-    writer.begin();
-    CalculateDep asset;
-    Schedules schedules;
-    Outcome outcome = reader.next(asset);
-    while (outcome != Outcome::end && outcome != Outcome::unreadable) {
-      if (outcome == Outcome::asset) {
-        calculateSchedules(asset, schedules);
-        writer.write(asset, schedules);
-      }
-      if (outcome == Outcome::problems) all_good = false;
-      report(reader.problems(), surroundings.errors);
-      if (surroundings.out.failed()) return all_good;
-      outcome = reader.next(asset);
-    }
-    if (outcome == Outcome::end) writer.end();
-    return all_good;
-  }
-
-  void report(const std::vector<RowProblem>& problems, Output& errors) const {
-    for (const RowProblem& problem : problems) errors.write(problemText(file_, problem) + "\n");
+  bool writeAll(InputFile& file, Surroundings& surroundings) {
+    const ScheduleRun run = {
+        .writer = [this](Output& out) { return makeWriter(out); },
+        .message = [this](const RowProblem& problem) { return problemText(file_, problem) + '\n'; },
+        .rules = rules(surroundings.today),
+        .form = {.separator = separator_}};
+    AssetReader reader(file, {.ignore_unknown = ignore_unknown_}, run.rules, run.form);
+    const bool begun = reader.begin();
+    for (const RowProblem& problem : reader.problems())
+      surroundings.errors.write(run.message(problem));
+    if (!begun) return false;
+    return writeRows(run, file, reader, jobs_, surroundings.out, surroundings.errors).all_good;
   }
 
   std::string file_ = "-";
@@ -122,6 +107,7 @@ written.)");
   bool ignore_unknown_ = false;
   bool no_date_limit_ = false;
   bool raw_texts_ = false;
+  int jobs_ = defaultJobs();
 };
 
 }  // namespace

@@ -10,7 +10,13 @@ class ScheduleJson final : public ScheduleWriter {
  public:
   explicit ScheduleJson(Output& out) : out_(out) {}
 
-  void begin() override { json_.beginArray(JsonWriter::Layout::below); }
+  void begin() override {
+    json_.beginArray(JsonWriter::Layout::below);
+    out_.write(json_.take());
+  }
+
+  [[nodiscard]] std::string_view between() const override { return ","; }
+  void resume() override { json_.goOn(); }
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
     for (const ScheduledMethod& scheduled : scheduled_methods) {

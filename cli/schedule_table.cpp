@@ -30,6 +30,8 @@ class TableWriter final : public ScheduleWriter {
 
   void begin() override {}
 
+  [[nodiscard]] std::string_view between() const override { return "\n"; }
+
   void write(const CalculateDep& asset, const Schedules& schedules) override {
     if (std::exchange(any_block_, true)) out_.write('\n');
     writeLine("Asset ID  " + padded(printableText(asset.AssetID()), 22) + "Name  " +

@@ -14,6 +14,11 @@ class ScheduleWriter {
  public:
   virtual ~ScheduleWriter() = default;
   virtual void begin() = 0;
+  /// Several writers can share a document: each begins, what it writes of its beginning is dropped
+  /// but for the first one's, and `between` stands where one's assets follow another's. The one
+  /// that ends the document is told by `resume` that there are assets.
+  [[nodiscard]] virtual std::string_view between() const { return ""; }
+  virtual void resume() {}
   virtual void write(const CalculateDep& asset, const Schedules& schedules) = 0;
   virtual void end() = 0;
 };

@@ -65,6 +65,12 @@ CsvReader::CsvReader(ByteSource& source, const CsvForm& form)
       is_plain_(plainBytes(form.separator)),
       buffer_(std::make_unique<char[]>(buffer_size)) {}
 
+CsvReader::CsvReader(ByteSource& source, const CsvForm& form, std::size_t line)
+    : CsvReader(source, form) {
+  begun_ = true;
+  place_.line = line;
+}
+
 std::string_view CsvReader::beginning() {
   constexpr std::string_view line_ends = "\r\n";
   const auto held = [this] { return std::string_view(&buffer_[at_], filled_ - at_); };

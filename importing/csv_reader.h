@@ -60,12 +60,25 @@ class CsvReader {
 
   /// `source` must outlive the reader.
   explicit CsvReader(ByteSource& source, const CsvForm& form = {});
+  /// Goes on in a text at the beginning of `line`, where a record begins.
+  CsvReader(ByteSource& source, const CsvForm& form, std::size_t line);
 
   Outcome next();
 
   /// What stands before anything was read: the first line and whatever came with it, as far as 64
   /// KiB hold it. Valid until `next`.
   [[nodiscard]] std::string_view beginning();
+
+  /// What was read of the source behind the last record; the line that it begins on; and whether
+  /// the source had nothing more. For whoever reads on in this reader's place.
+  struct Rest {
+    std::string_view text;
+    std::size_t line;
+    bool exhausted;
+  };
+  [[nodiscard]] Rest rest() const {
+    return {{&buffer_[at_], filled_ - at_}, place_.line, exhausted_};
+  }
 
   [[nodiscard]] const std::vector<CsvField>& record() const { return fields_; }
   [[nodiscard]] const CsvProblem& problem() const { return problem_; }

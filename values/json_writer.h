@@ -43,6 +43,8 @@ class JsonWriter {
   JsonWriter& endObject() { return end(); }
   JsonWriter& beginArray(Layout layout = Layout::beside) { return begin('[', ']', layout); }
   JsonWriter& endArray() { return end(); }
+  /// The array or object holds something already, which another writer wrote.
+  void goOn() { levels_.back().any = true; }
 
   /// Names the value that follows, within an object.
   JsonWriter& name(const JsonName& name) {

@@ -1,0 +1,69 @@
+// A long text of comma-separated values, cut between its records.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "importing/byte_source.h"
+
+namespace depcalc {
+
+/// Where the records of a text end: what `CsvReader` goes by, whatever is wrong with them. A quote
+/// opens a quoted field at a field's beginning only; within one, line ends and separators mean
+/// nothing.
+class RecordEnds {
+ public:
+  explicit RecordEnds(char separator) : separator_(separator) {}
+
+  /// How many bytes of `text`, which goes on where the last one ended, belong to records that have
+  /// ended. A carriage return at its end is not taken for an end: a line feed may follow.
+  std::size_t wholeRecords(std::string_view text);
+
+ private:
+  enum class In { beginning, plain, quoted, quote };
+  void take(char byte);
+
+  char separator_;
+  In in_ = In::beginning;
+};
+
+/// Hands out a text in blocks of whole records, of about `usual_size` bytes each.
+class RecordBlocks {
+ public:
+  static constexpr std::size_t usual_size = 65'536;
+  /// A record longer than this is left to whoever reads it.
+  static constexpr std::size_t largest_size = 1'048'576;
+
+  struct Block {
+    std::string text;
+    std::size_t line = 1;  ///< on which it begins
+    bool is_open = false;  ///< its last record goes on in the source, to which all else is left
+  };
+
+  /// `begun` is what was read of `source` already and stands on `line`; where it is `exhausted`
+  /// there is no more.
+  RecordBlocks(ByteSource& source, char separator, std::string_view begun, std::size_t line,
+               bool exhausted);
+
+  /// False at the end. What was read before the source failed is handed out as far as its records
+  /// ended.
+  bool next(Block& block);
+  /// Whether the source has come to its end and everything of it is handed out.
+  [[nodiscard]] bool ended() const { return exhausted_ && !unreadable_ && held_.empty(); }
+
+ private:
+  void fill();
+  void hand(Block& block, std::size_t size);
+
+  ByteSource& source_;
+  RecordEnds ends_;
+  std::string held_;       ///< read, and not handed out
+  std::size_t looked_at_;  ///< of it
+  std::size_t whole_ = 0;  ///< bytes of it that are whole records
+  std::size_t line_;
+  bool exhausted_;
+  bool unreadable_ = false;
+};
+
+}  // namespace depcalc
