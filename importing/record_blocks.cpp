@@ -48,8 +48,9 @@ void RecordEnds::take(char byte) {
 }
 
 RecordBlocks::RecordBlocks(ByteSource& source, char separator, std::string_view begun,
-                           std::size_t line, bool exhausted)
+                           std::size_t line, bool exhausted, BlockSizes sizes)
     : source_(source),
+      sizes_(sizes),
       ends_(separator),
       held_(begun),
       looked_at_(0),
@@ -58,7 +59,8 @@ RecordBlocks::RecordBlocks(ByteSource& source, char separator, std::string_view 
 
 bool RecordBlocks::next(Block& block) {
   block.is_open = false;
-  while (!exhausted_ && (held_.size() < usual_size || whole_ == 0) && held_.size() < largest_size) {
+  while (!exhausted_ && (held_.size() < sizes_.usual || whole_ == 0) &&
+         held_.size() < sizes_.largest) {
     fill();
   }
   if (unreadable_) {
@@ -73,7 +75,7 @@ bool RecordBlocks::next(Block& block) {
 
 void RecordBlocks::fill() {
   const std::size_t before = held_.size();
-  held_.resize(before + usual_size);
+  held_.resize(before + sizes_.usual);
   const auto count = source_.read(std::span(held_).subspan(before));
   held_.resize(before + count.value_or(0));
   unreadable_ = !count;

@@ -28,13 +28,15 @@ class RecordEnds {
   In in_ = In::beginning;
 };
 
-/// Hands out a text in blocks of whole records, of about `usual_size` bytes each.
+/// How much of a text is handed out at a time.
+struct BlockSizes {
+  std::size_t usual = 65'536;       ///< bytes, at least, but for the last
+  std::size_t largest = 1'048'576;  ///< a record longer than this is left to whoever reads it
+};
+
+/// Hands out a text in blocks of whole records.
 class RecordBlocks {
  public:
-  static constexpr std::size_t usual_size = 65'536;
-  /// A record longer than this is left to whoever reads it.
-  static constexpr std::size_t largest_size = 1'048'576;
-
   struct Block {
     std::string text;
     std::size_t line = 1;  ///< on which it begins
@@ -44,12 +46,12 @@ class RecordBlocks {
   /// `begun` is what was read of `source` already and stands on `line`; where it is `exhausted`
   /// there is no more.
   RecordBlocks(ByteSource& source, char separator, std::string_view begun, std::size_t line,
-               bool exhausted);
+               bool exhausted, BlockSizes sizes = {});
 
   /// False at the end. What was read before the source failed is handed out as far as its records
   /// ended.
   bool next(Block& block);
-  /// Whether the source has come to its end and everything of it is handed out.
+  /// Whether the source has come to its end, not failed, and everything of it is handed out.
   [[nodiscard]] bool ended() const { return exhausted_ && !unreadable_ && held_.empty(); }
 
  private:
@@ -57,6 +59,7 @@ class RecordBlocks {
   void hand(Block& block, std::size_t size);
 
   ByteSource& source_;
+  BlockSizes sizes_;
   RecordEnds ends_;
   std::string held_;       ///< read, and not handed out
   std::size_t looked_at_;  ///< of it

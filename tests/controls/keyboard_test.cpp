@@ -53,6 +53,7 @@ TEST_F(Keys, AHiddenControlIsNobodysTarget) {
   ASSERT_NE(mnemonicTarget(stage, 'S'), nullptr);
   EXPECT_EQ(mnemonicTarget(stage, 's')->name(), screen.save.normal.name());
   EXPECT_EQ(mnemonicTarget(stage, 'x'), nullptr);
+  EXPECT_EQ(mnemonicTarget(stage, 0), nullptr) << "no letter is nobody's";
   screen.save.normal.setVisible(false);
   EXPECT_EQ(mnemonicTarget(stage, 's'), nullptr);
   screen.save.normal.setVisible(true);

@@ -93,6 +93,45 @@ TEST(JsonWriter, HoldsTextsLongerThanItsRoom) {
   }
 }
 
+TEST(JsonWriter, GrowsInTimeForEveryPiece) {
+  struct Piece {
+    std::string json;
+    std::function<void(JsonWriter&)> write;
+  };
+  const std::string lowest = "\"-922337203685477.5808\"";
+  const std::vector<Piece> pieces = {
+      {"[]", [](JsonWriter& json) { json.beginArray().endArray(); }},
+      {"[\n1\n]", [](JsonWriter& json) { json.beginArray(Layout::below).number("1").endArray(); }},
+      {"{\"n\":1}", [](JsonWriter& json) { json.beginObject().name("n").number("1").endObject(); }},
+      {"{\"\\\\\":1}",
+       [](JsonWriter& json) {
+         json.beginObject().name(std::string("\\")).number("1").endObject();
+       }},
+      {"\"\\u0001\"", [](JsonWriter& json) { json.text("\x01"); }},
+      {lowest, [](JsonWriter& json) { json.money(Currency::fromTicks(INT64_MIN)); }},
+      {"-9223372036854775808", [](JsonWriter& json) { json.number(INT64_MIN); }},
+  };
+  for (const Piece& piece : pieces) {
+    for (std::size_t filled = 4'050; filled < 4'100; ++filled) {
+      const std::string digits(filled, '7');
+      JsonWriter json;
+      json.beginArray().number(digits);
+      piece.write(json);
+      json.endArray();
+      ASSERT_EQ(json.take(), '[' + digits + ',' + piece.json + "]\n");
+    }
+  }
+}
+
+TEST(JsonWriter, GoesOnBehindWhatAnotherWrote) {
+  JsonWriter json;
+  json.beginArray(Layout::below);
+  EXPECT_EQ(json.take(), "[");
+  json.goOn();
+  json.endArray();
+  EXPECT_EQ(json.take(), "\n]\n");
+}
+
 /// Writes a value made at random, and returns it in the plainest form.
 std::string writeRandom(JsonWriter& json, std::mt19937& random, int depth) {
   const auto pick = [&random](unsigned count) { return static_cast<unsigned>(random() % count); };
