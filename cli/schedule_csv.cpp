@@ -16,8 +16,8 @@ class CsvWriter final : public ScheduleWriter {
     id_ = fields_.text(asset.AssetID());
     for (const ScheduledMethod& scheduled : scheduled_methods) {
       prefix_.assign(id_).append(",").append(scheduled.method.code).append(",");
-      int year = schedules.first_fiscal_year;
-      for (const Currency amount : schedules.*scheduled.amounts) writeYear(year++, amount);
+      year_ = std::to_string(10'000 + schedules.first_fiscal_year).substr(1);
+      for (const Currency amount : schedules.*scheduled.amounts) writeYear(amount);
     }
     prefix_.assign(id_).append(",").append(method_units_of_production).append(",");
     writeRate(schedules.rate);
@@ -29,10 +29,16 @@ class CsvWriter final : public ScheduleWriter {
   /// Most of what a row has behind its prefix.
   static constexpr std::size_t row_size = 16 + Currency::fixed4_size;
 
-  void writeYear(int year, Currency amount) {
-    char* at = beginRow();
-    for (const int place : {1'000, 100, 10, 1}) *at++ = static_cast<char>('0' + year / place % 10);
-    endRow(at, amount);
+  void writeYear(Currency amount) {
+    endRow(std::copy_n(year_.data(), year_.size(), beginRow()), amount);
+    nextYear();
+  }
+  /// Counted as it is written: most years differ from the one before in their last digit alone.
+  void nextYear() {
+    for (auto digit = year_.rbegin(); digit != year_.rend(); ++digit) {
+      if (*digit != '9') return void(++*digit);
+      *digit = '0';
+    }
   }
   void writeRate(Currency rate) { endRow(beginRow(), rate); }
 
@@ -50,6 +56,7 @@ class CsvWriter final : public ScheduleWriter {
   CsvFields fields_;
   std::string id_;
   std::string prefix_;
+  std::string year_;
 };
 
 }  // namespace

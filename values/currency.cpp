@@ -17,6 +17,29 @@ std::uint64_t magnitude(std::int64_t ticks) {
                    : static_cast<std::uint64_t>(ticks);
 }
 
+/// "00" to "99", one behind the other.
+constexpr auto digit_pairs = [] {
+  std::array<char, 200> pairs{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+/// Four digits, zeros in front.
+char* writeFour(char* out, std::uint32_t number) {
+  std::copy_n(&digit_pairs[2 * (number / 100)], 2, out);
+  return std::copy_n(&digit_pairs[2 * (number % 100)], 2, out + 2);
+}
+
+/// Most amounts have fewer digits than a number of 32 bits.
+char* writeWhole(char* out, std::uint64_t number) {
+  const auto small = static_cast<std::uint32_t>(number);
+  return small == number ? std::to_chars(out, out + 10, small).ptr
+                         : std::to_chars(out, out + 20, number).ptr;
+}
+
 }  // namespace
 
 Currency Currency::fromLargeTicks(double ticks) {
@@ -66,13 +89,9 @@ std::string Currency::toText() const {
 char* Currency::writeFixed4(char* out) const {
   const std::uint64_t ticks = magnitude(ticks_);
   if (ticks_ < 0) *out++ = '-';
-  out = std::to_chars(out, out + 20, ticks / 10'000).ptr;
-  auto decimals = static_cast<unsigned>(ticks % 10'000);
-  *out = '.';
-  for (int place = 4; place >= 1; --place, decimals /= 10) {
-    out[place] = static_cast<char>('0' + decimals % 10);
-  }
-  return out + 5;
+  out = writeWhole(out, ticks / 10'000);
+  *out++ = '.';
+  return writeFour(out, static_cast<std::uint32_t>(ticks % 10'000));
 }
 
 std::optional<Currency> Currency::tryFromFixed4(std::string_view text) {

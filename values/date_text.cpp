@@ -58,6 +58,7 @@ bool takeHalfOfDay(std::string_view& text) {
 
 /// `text` without the time of day at its end, if there is one behind a blank.
 std::string_view withoutTime(std::string_view text) {
+  if (std::none_of(text.begin(), text.end(), isBlank)) return text;
   std::string_view rest = text;
   const bool twelve_hours = takeHalfOfDay(rest);
   const auto blank = rest.find_last_of(" \t");

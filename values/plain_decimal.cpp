@@ -10,8 +10,6 @@ namespace {
 
 constexpr int most_digits = 15;
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 }  // namespace
 
 std::optional<PlainDecimal> plainDecimal(std::string_view text) {
@@ -20,18 +18,18 @@ std::optional<PlainDecimal> plainDecimal(std::string_view text) {
   if (negative || text.starts_with('+')) text.remove_prefix(1);
   PlainDecimal number;
   int digits = 0;
-  bool decimals = false;
+  int before_point = -1;
   for (const char c : text) {
-    if (isDigit(c)) {
+    if (const int digit = c - '0'; digit >= 0 && digit <= 9) {
       if (++digits > most_digits) return std::nullopt;
-      number.mantissa = number.mantissa * 10 + (c - '0');
-      number.decimals += decimals ? 1 : 0;
-    } else if (c == en_us::decimal_point && !decimals) {
-      decimals = true;
-    } else if (c != en_us::thousands_separator || decimals) {
+      number.mantissa = number.mantissa * 10 + digit;
+    } else if (c == en_us::decimal_point && before_point < 0) {
+      before_point = digits;
+    } else if (c != en_us::thousands_separator || before_point >= 0) {
       return std::nullopt;
     }
   }
+  if (before_point >= 0) number.decimals = digits - before_point;
   if (digits == 0 || (negative && number.mantissa == 0)) return std::nullopt;
   if (negative) number.mantissa = -number.mantissa;
   return number;
