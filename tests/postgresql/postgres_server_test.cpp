@@ -28,7 +28,7 @@ TEST(PostgresServer, IsItsOwnAndGoneAfterwards) {
 }
 
 TEST(PostgresServer, KeepsWhatWasCommittedThroughEveryEnd) {
-  PostgresServer server({.durable = true});
+  PostgresServer server;
   server.sql("create table t (n int)");
   int rows = 0;
   for (const char* mode : {"smart", "fast", "immediate", "kill", "quit"}) {
@@ -47,6 +47,12 @@ TEST(PostgresServer, KeepsWhatWasCommittedThroughEveryEnd) {
     server.start();
     EXPECT_EQ(std::to_string(rows) + "\n", server.sql("select count(*) from t"));
   }
+}
+
+TEST(PostgresServer, WritesThroughWhereThatIsAskedFor) {
+  const PostgresServer server({.durable = true});
+  EXPECT_EQ("on|on\n", server.sql("select current_setting('fsync'),"
+                                  "current_setting('full_page_writes')"));
 }
 
 TEST(PostgresServer, HasReplicasThatCanTakeOver) {

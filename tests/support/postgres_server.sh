@@ -15,6 +15,7 @@
 set -euo pipefail
 trap : INT TERM HUP
 trap '' PIPE
+source "$(dirname "$0")/postgres_installation.bash"
 
 bin=${POSTGRES_BIN-$(pg_config --bindir)}
 durable=off extension='' primary='' settings=()
@@ -52,21 +53,6 @@ finish() {
 }
 trap finish EXIT
 
-# PostgreSQL looks for extensions where its own program stands; so this one stands in a tree of
-# its own, in which everything else is a link to the one that is installed.
-with_extension() {
-  local root=$home/installation folder
-  for folder in "$(pg_config --sharedir)" "$(pg_config --sharedir)/extension" "$(pg_config --pkglibdir)"; do
-    mkdir -p "$root$folder"
-    find "$folder" -mindepth 1 -maxdepth 1 ! -name extension -exec ln -s -t "$root$folder" {} +
-  done
-  mkdir -p "$root$bin"
-  cp "$bin/postgres" "$root$bin/postgres"
-  cp -r --remove-destination "$extension/." "$root"
-  chmod -R a+rX "$root"
-  bin=$root$bin
-}
-
 make_data() {
   if [[ -n $primary ]]; then
     run "$bin/pg_basebackup" -h "$primary" -U postgres -D "$data" --checkpoint=fast --no-sync \
@@ -85,7 +71,6 @@ unix_socket_directories = '$home'
 unix_socket_permissions = 0777
 fsync = $durable
 full_page_writes = $durable
-synchronous_commit = $durable
 shared_buffers = 16MB
 min_wal_size = 16MB
 dynamic_shared_memory_type = mmap
@@ -167,7 +152,10 @@ change() {
 
 make_data >&2
 write_settings
-[[ -z $extension ]] || with_extension
+if [[ -n $extension ]]; then
+  make_installation "$home/installation" "$bin" "$extension"
+  bin=$home/installation$bin
+fi
 start
 echo "ready $home"
 
