@@ -5,6 +5,7 @@
 #include "engine/asset_fiscal_years.h"
 #include "engine/method.h"
 #include "engine/schedule_span.h"
+#include "values/asset_limits.h"
 #include "values/number_text.h"
 #include "values/rounding.h"
 
@@ -12,7 +13,6 @@ namespace depcalc {
 namespace {
 
 constexpr double most_units = 999'999'999'999;
-constexpr int last_year_of_calendar = 9999;
 
 std::string methodInWords(std::string_view code) {
   for (const Method& method : methods) {

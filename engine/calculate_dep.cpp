@@ -2,7 +2,6 @@
 
 #include "common/trapped.h"
 #include "engine/double_declining_balance.h"
-#include "engine/first_fiscal_year.h"
 #include "engine/first_year_fraction.h"
 #include "engine/straight_line.h"
 #include "engine/sum_of_years_digits.h"
@@ -76,11 +75,7 @@ ScheduleInput CalculateDep::scheduleInput() const {
 }
 
 void CalculateDep::computeFirstFiscalYear() {
-  first_year_end_ = firstFiscalYearEnd(start_date_, fiscal_year_end_);
-  first_year_start_ = firstFiscalYearStart(first_year_end_);
-  depreciation_start_ =
-      depreciationStart(convention_, start_date_, first_year_start_, first_year_end_);
-  first_year_fraction_ = firstYearFraction(convention_, depreciation_start_, first_year_end_);
+  first_year_fraction_ = firstFiscalYearOf(convention_, start_date_, fiscal_year_end_).fraction;
 }
 
 void CalculateDep::schedule(std::string_view procedure, Rule rule, bool from_first_year,

@@ -131,9 +131,6 @@ class CalculateDep {
   void schedule(std::string_view procedure, Rule rule, bool from_first_year,
                 std::vector<Currency>& result);
 
-  Date first_year_end_;
-  Date first_year_start_;
-  Date depreciation_start_;
   double first_year_fraction_ = 0;
   std::int32_t rec_index_ = 0;
   bool rec_new_ = false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/convention.h"
+#include "engine/first_fiscal_year.h"
 #include "values/rounding.h"
 
 namespace depcalc {
@@ -59,6 +60,16 @@ Date depreciationStart(std::int32_t convention, Date placed_in_service, Date fir
 
 double firstYearFraction(std::int32_t convention, Date depreciation_start, Date first_year_end) {
   return std::min(unlimitedFraction(convention, depreciation_start, first_year_end), 1.0);
+}
+
+FirstFiscalYear firstFiscalYearOf(std::int32_t convention, Date placed_in_service,
+                                  Date fiscal_year_end) {
+  FirstFiscalYear year;
+  year.end = firstFiscalYearEnd(placed_in_service, fiscal_year_end);
+  year.start = firstFiscalYearStart(year.end);
+  year.depreciation_start = depreciationStart(convention, placed_in_service, year.start, year.end);
+  year.fraction = firstYearFraction(convention, year.depreciation_start, year.end);
+  return year;
 }
 
 double daysCounted(Date year_end) { return containsLeapDay(year_end) ? 366.0 : 365.0; }

@@ -29,4 +29,16 @@ double firstYearFraction(std::int32_t convention, Date depreciation_start, Date 
 /// contains a 29 February, else 365.
 double daysCounted(Date year_end);
 
+/// The first fiscal year of an asset, and the share of a year's depreciation that it takes.
+struct FirstFiscalYear {
+  Date start;
+  Date end;
+  Date depreciation_start;
+  double fraction = 0;
+};
+
+/// All of the above, from what is known of an asset. A day outside the calendar is error 5.
+FirstFiscalYear firstFiscalYearOf(std::int32_t convention, Date placed_in_service,
+                                  Date fiscal_year_end);
+
 }  // namespace depcalc

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "values/asset_limits.h"
 #include "values/display_format.h"
 #include "values/number_text.h"
 #include "values/rounding.h"
@@ -10,8 +11,6 @@
 namespace depcalc {
 namespace {
 
-constexpr double longest_life = 50;
-constexpr double largest_amount = 9'999'999.99;
 constexpr double years_from_today = 50;
 
 constexpr std::size_t date_length = 7;  ///< the shortest date that carries its year: 3/5/202 and on
@@ -52,7 +51,7 @@ Accepted<Currency> acceptedAmount(std::string_view text) {
 std::optional<FieldMessage> lifeRefused(std::string_view text) {
   const auto years = tryNumberFromText(text);
   if (!years) return FieldMessage::life_not_numeric;
-  if (*years < 1) return FieldMessage::life_not_positive;
+  if (*years < shortest_life) return FieldMessage::life_not_positive;
   if (*years > longest_life) return FieldMessage::life_too_long;
   return std::nullopt;
 }

@@ -8,6 +8,7 @@
 #include "engine/convention.h"
 #include "engine/method.h"
 #include "host/fiscal_year.h"
+#include "values/asset_limits.h"
 #include "values/data_text.h"
 #include "values/number_text.h"
 #include "values/text.h"
@@ -225,11 +226,9 @@ class RowReading {
   }
 
   /// Only without the limit of fifty years can a schedule reach the end of the calendar, where
-  /// its fiscal years would have no dates. A year to spare is kept for a partial first one.
+  /// its fiscal years would have no dates.
   void checkLastYear() {
-    constexpr int last_year_of_calendar = 9999;
-    const double last = asset_.AssetStartDate().year() + asset_.DepRecovery();
-    if (last < last_year_of_calendar) return;
+    if (endsWithinCalendar(asset_.AssetStartDate().year(), asset_.DepRecovery())) return;
     refuse(AssetColumn::placed_in_service, "The schedule would run beyond the year 9999.");
   }
 

@@ -14,20 +14,6 @@
 namespace depcalc {
 namespace {
 
-struct FirstYear {
-  Date start, end, counted_from;
-  double fraction;
-};
-
-FirstYear firstYear(std::int32_t convention, Date placed_in_service, Date fiscal_year_end) {
-  FirstYear year;
-  year.end = firstFiscalYearEnd(placed_in_service, fiscal_year_end);
-  year.start = firstFiscalYearStart(year.end);
-  year.counted_from = depreciationStart(convention, placed_in_service, year.start, year.end);
-  year.fraction = firstYearFraction(convention, year.counted_from, year.end);
-  return year;
-}
-
 TEST(FirstFiscalYear, EndsOnTheFirstYearEndNotBeforeTheStart) {
   const struct {
     Date placed;
@@ -93,20 +79,21 @@ TEST(FirstYearFraction, FollowsTheConvention) {
       {cdepHalfMonth, Date::strict(2023, 12, 16), Date::strict(2023, 12, 16), -1.0 / 12},
   };
   for (const auto& c : cases) {
-    EXPECT_EQ(firstYear(c.convention, c.placed, c.year_end).fraction, c.fraction)
+    EXPECT_EQ(firstFiscalYearOf(c.convention, c.placed, c.year_end).fraction, c.fraction)
         << c.convention << " " << c.placed.toText();
   }
 }
 
 TEST(FirstYearFraction, HalfMonthInDecemberRollsIntoJanuary) {
-  const auto year = firstYear(cdepHalfMonth, Date::strict(2023, 12, 20), Date::strict(2023, 6, 30));
-  EXPECT_EQ(year.counted_from.toText(), "01/01/2024");
+  const auto year =
+      firstFiscalYearOf(cdepHalfMonth, Date::strict(2023, 12, 20), Date::strict(2023, 6, 30));
+  EXPECT_EQ(year.depreciation_start.toText(), "01/01/2024");
   EXPECT_EQ(year.fraction, 6.0 / 12);
 }
 
 TEST(FirstYearFraction, HalfYearCountsFromHalfwayThoughNothingReadsIt) {
-  EXPECT_EQ(firstYear(cdepHalfYear, Date::strict(2023, 2, 1), Date::strict(2023, 12, 31))
-                .counted_from.toText(),
+  EXPECT_EQ(firstFiscalYearOf(cdepHalfYear, Date::strict(2023, 2, 1), Date::strict(2023, 12, 31))
+                .depreciation_start.toText(),
             "07/01/2023");  // 5.5 months round to 6
 }
 
@@ -171,7 +158,8 @@ TEST(FirstFiscalYear, AgreesWithWalkingDayByDayOverEightYears) {
       }
       const int days_left = slow.days_left - int((start - slow_from).count());
       const Date placed = asDate(start);
-      const auto year = firstYear(cdepActualDays, placed, Date::strict(2023, month, day_of_month));
+      const auto year =
+          firstFiscalYearOf(cdepActualDays, placed, Date::strict(2023, month, day_of_month));
       ASSERT_EQ(year.end, asDate(slow.end))
           << placed.toText() << " " << month << "/" << day_of_month;
       const double days_in_year = slow.leap_day ? 366.0 : 365.0;
@@ -191,10 +179,10 @@ TEST(FirstYearFraction, OfMonthsAgreesWithCountingMonthsOverEightYears) {
       const int full = (month - placed.month() + 12) % 12 + 1;
       // The last day of February is the 29th every fourth year: a start on it opens a new year.
       if (placed.month() == 2 && placed.day() == 29 && month == 2) continue;
-      ASSERT_EQ(firstYear(cdepFullMonth, placed, year_end).fraction, full / 12.0)
+      ASSERT_EQ(firstFiscalYearOf(cdepFullMonth, placed, year_end).fraction, full / 12.0)
           << placed.toText() << " " << month;
       const int half = placed.day() < 16 ? full : full - 1;
-      ASSERT_EQ(firstYear(cdepHalfMonth, placed, year_end).fraction, half / 12.0)
+      ASSERT_EQ(firstFiscalYearOf(cdepHalfMonth, placed, year_end).fraction, half / 12.0)
           << placed.toText() << " " << month;
     }
   }
