@@ -35,10 +35,12 @@ BEGIN {
   may["windows/record"] = may["engine"] " windows/typelib windows/com windows/record"
   may["windows/ole"] = may["DepCalc"] " windows/typelib windows/com windows/controls windows/record windows/ole"
   may["windows/library"] = may["windows/ole"] " windows/registration windows/host windows/library"
+  may["postgresql"] = may["engine"] " postgresql"
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
   outside["host/stored"] = outside["host/sqlite"] = "."
   outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
+  outside["postgresql"] = "^(postgres|access/|catalog/|fmgr|funcapi|miscadmin|utils/)"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }

@@ -56,6 +56,7 @@ expected() {
     desktop_window) echo "$window" ;;
     desktop_companies) echo "$window host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;
+    postgresql) echo "$records $1" ;;
     registration) echo "$1" ;;
     record) echo "$records com $1" ;;
     ole) echo "$calculator com native_controls record $1" ;;
