@@ -16,7 +16,9 @@ execute_process(COMMAND date --utc --rfc-email "--date=${CMAKE_MATCH_1}"
 
 file(MAKE_DIRECTORY "${documents}" "${overrides}")
 file(COPY_FILE "${sources}/LICENSE" "${documents}/copyright")
-file(COPY_FILE "${CMAKE_CURRENT_LIST_DIR}/lintian-overrides" "${overrides}/${CPACK_PACKAGE_NAME}")
+file(READ "${CMAKE_CURRENT_LIST_DIR}/lintian-overrides" overridden)
+string(REPLACE "depcalc: " "${CPACK_PACKAGE_NAME}: " overridden "${overridden}")
+file(WRITE "${overrides}/${CPACK_PACKAGE_NAME}" "${overridden}")
 execute_process(
   COMMAND awk -v "package=${CPACK_PACKAGE_NAME}" -v "version=${CPACK_PACKAGE_VERSION}"
     -v "maintainer=${CPACK_PACKAGE_CONTACT}" -v "day=${day}"
