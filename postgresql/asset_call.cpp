@@ -13,7 +13,10 @@ namespace {
 constexpr std::size_t shown_size = 60;
 
 char* shortened(char* text) {
-  if (std::strlen(text) > shown_size) std::strcpy(text + shown_size - 3, "...");
+  constexpr std::string_view rest = "...";
+  if (std::strlen(text) <= shown_size) return text;
+  std::memcpy(text + shown_size - rest.size(), rest.data(), rest.size());
+  text[shown_size] = '\0';
   return text;
 }
 
@@ -83,7 +86,7 @@ KnownLabels* knownLabels(FunctionCallInfo call) {
 /// The label of a value of an enumeration; empty where it has gone.
 NameData labelOf(Oid oid) {
   NameData label{};
-  const HeapTuple row = SearchSysCache1(ENUMOID, ObjectIdGetDatum(oid));
+  auto* const row = SearchSysCache1(ENUMOID, ObjectIdGetDatum(oid));
   if (!HeapTupleIsValid(row)) return label;
   label = reinterpret_cast<Form_pg_enum>(GETSTRUCT(row))->enumlabel;
   ReleaseSysCache(row);

@@ -27,7 +27,7 @@ namespace {
 
 /// Calculates the rows of depreciation_schedule, which stay in `context` until the last is taken.
 void beginRows(FunctionCallInfo call, FuncCallContext* context) {
-  const MemoryContext before = MemoryContextSwitchTo(context->multi_call_memory_ctx);
+  auto* const before = MemoryContextSwitchTo(context->multi_call_memory_ctx);
   TupleDesc row = nullptr;
   if (get_call_result_type(call, nullptr, &row) != TYPEFUNC_COMPOSITE) {
     ereport(ERROR,

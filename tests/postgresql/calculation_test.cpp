@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <functional>
 #include <limits>
 #include <random>
 #include <set>
@@ -13,6 +14,7 @@
 #include "engine/first_fiscal_year.h"
 #include "engine/method_results.h"
 #include "engine/schedule_span.h"
+#include "tests/support/failing_allocation.h"
 #include "values/display_format.h"
 
 namespace depcalc::postgresql {
@@ -43,8 +45,8 @@ TEST(Calculation, TellsYearsFromEachOther) {
   EXPECT_EQ(schedule.fiscal_years, 6);
   const struct {
     std::int32_t year;
-    int amount;
-    int accumulated;
+    std::int64_t amount;
+    std::int64_t accumulated;
   } cases[] = {{INT32_MIN, 0, 0}, {2019, 0, 0},      {2020, 100, 100}, {2021, 200, 300},
                {2024, 200, 900},  {2025, 100, 1000}, {2026, 0, 1000},  {INT32_MAX, 0, 1000}};
   for (const auto& c : cases) {
@@ -240,6 +242,34 @@ TEST(Calculation, AnswersOrRefusesWhateverItIsGiven) {
                        refusal == Refusal::unknown_method || refusal == Refusal::out_of_memory ||
                        refusal == Refusal::not_calculated;
     EXPECT_EQ(met.count(refusal), never ? 0U : 1U) << i;
+  }
+}
+
+TEST(Calculation, SaysWhenMemoryRunsOut) {
+  using testing_support::FailingAllocation;
+  // Numbers that take the longer way, through texts.
+  const std::string basis = "123456.789012345678901234567890123456789012345678901234567890";
+  const std::string salvage = "1234.567890123456789012345678901234567890";
+  AssetSchedule schedule;
+  Currency rate;
+  const std::function<Refusal()> calls[] = {
+      [&] { return calculateSchedule(ordinary(basis.c_str(), salvage.c_str()), schedule); },
+      [&] { return calculateRate(textOf(basis), textOf(salvage), 1e300, rate); }};
+  for (const auto& call : calls) {
+    ASSERT_EQ(call(), Refusal::none);
+    const std::size_t before = testing_support::liveMemory();
+    long nth = 1;
+    for (bool reached = true; reached; ++nth) {
+      Refusal refusal = Refusal::none;
+      {
+        const FailingAllocation failing(FailingAllocation::In::program, nth, 1);
+        refusal = call();
+        reached = failing.reached();
+      }
+      ASSERT_EQ(refusal, reached ? Refusal::out_of_memory : Refusal::none) << nth;
+      ASSERT_EQ(testing_support::liveMemory(), before) << nth;
+    }
+    EXPECT_GT(nth, 3);
   }
 }
 

@@ -17,6 +17,7 @@ namespace {
 /// own: what ends the test by the keyboard leaves it to end by itself.
 pid_t spawn(std::vector<std::string> arguments, int input, int output) {
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) pointers.push_back(argument.data());
   pointers.push_back(nullptr);
   const pid_t child = ::fork();
