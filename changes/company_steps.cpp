@@ -26,15 +26,6 @@ Changes changesIn(const StepChanges& changes, std::size_t table) {
   return found;
 }
 
-std::string nameOf(const RecordChange& change) {
-  const RecordValues values = recordOfText(change.from ? change.before : change.after);
-  for (const std::string_view name : {"AID", "AName"}) {
-    const StoredValue* const value = values.find(name);
-    if (value != nullptr && !value->asText().empty()) return value->asText();
-  }
-  return "#" + std::to_string(indexOf(change));
-}
-
 StepKind kindShown(const StepChanges& changes, const Changes& assets) {
   if (assets.empty()) return changes.records.empty() ? StepKind::company : StepKind::units;
   if (!assets.front()->to) return StepKind::deleted;
@@ -50,6 +41,15 @@ std::vector<FollowedTable> followedTables() {
   return {{std::string(asset_table_name), true}, {std::string(units_table_name), false}};
 }
 
+std::string nameOfRecord(const RecordChange& change) {
+  const RecordValues values = recordOfText(change.from ? change.before : change.after);
+  for (const std::string_view name : {"AID", "AName"}) {
+    const StoredValue* const value = values.find(name);
+    if (value != nullptr && !value->asText().empty()) return value->asText();
+  }
+  return "#" + std::to_string(indexOf(change));
+}
+
 StepTitle stepTitle(const StepChanges& changes, std::optional<StepKind> said) {
   const Changes assets = changesIn(changes, followed_assets);
   const Changes units = changesIn(changes, followed_units);
@@ -57,7 +57,7 @@ StepTitle stepTitle(const StepChanges& changes, std::optional<StepKind> said) {
   StepTitle title{
       said.value_or(kindShown(changes, assets)), {}, static_cast<std::int32_t>(named.size())};
   const bool of_one = named.size() == 1 && title.kind != StepKind::restored;
-  if (of_one) title.subject = nameOf(*named.front());
+  if (of_one) title.subject = nameOfRecord(*named.front());
   return title;
 }
 

@@ -22,6 +22,9 @@ std::vector<FollowedTable> followedTables();
 /// the changes show. One asset is named by its ID, else by its name, else by its number.
 StepTitle stepTitle(const StepChanges& changes, std::optional<StepKind> said);
 
+/// What users know a record by: the asset's ID, else its name, else its number.
+std::string nameOfRecord(const RecordChange& change);
+
 /// The number of the asset that a step was about, as it is now where the step was done, or was
 /// before where it is `undone`; nothing where it was about none or many, or that is not there.
 std::optional<int> assetOfStep(const StepChanges& changes, bool undone);

@@ -25,7 +25,7 @@ BEGIN {
   may["importing"] = may["changes"] " entry importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
-  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
+  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
   may["cli"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"

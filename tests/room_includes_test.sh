@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator recalculation reports reports_reading changes report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
+window="$calculator host_stored history undoing recalculation reports reports_reading changes report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;

@@ -121,6 +121,10 @@ void Backups::drop(const QString& company_path) {
   if (!aside.isEmpty()) QFile::remove(aside);
 }
 
+QString Backups::historyOf(const QString& company_path) const {
+  return folder(company_path) + QStringLiteral("/undo.history");
+}
+
 QVector<Backup> Backups::of(const QString& company_path) const {
   const QDir dir(folder(company_path));
   QVector<Backup> found;

@@ -40,6 +40,9 @@ class Backups {
   /// The file was closed as it had been opened.
   void drop(const QString& company_path);
 
+  /// Where the steps of the company are kept that can be undone: beside its backups.
+  [[nodiscard]] QString historyOf(const QString& company_path) const;
+
   /// The newest first.
   [[nodiscard]] QVector<Backup> of(const QString& company_path) const;
   /// Puts `backup` in the place of the company file, which must not be open, all of it or

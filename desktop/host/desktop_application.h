@@ -3,11 +3,13 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "DepCalc/units_following.h"
 #include "desktop/host/company_files.h"
+#include "host/history/recorder.h"
 #include "host/listeners.h"
 
 namespace depcalc::desktop {
@@ -23,8 +25,21 @@ class DesktopApplication final : public HostApplication {
   /// Runs `deletes`, in which the calculator deletes asset `number` of the open company: its units
   /// go, and the others' stay with their assets.
   void deletion(std::int32_t number, const std::function<void()>& deletes);
+
+  /// Where the steps of a company are kept, and what it was before its file was replaced.
+  struct Past {
+    std::string history;
+    std::optional<Content> replaced;
+  };
   /// Closes the company that is open and takes this one, which may be none.
-  void setCompany(std::unique_ptr<Company> company);
+  void setCompany(std::unique_ptr<Company> company, Past past = {});
+  /// What has been done to the company that is open; null where none is. Everything that changes it
+  /// through `CompanyFile` or here is a step.
+  [[nodiscard]] Recorder* recorder() const { return recorder_.get(); }
+  /// Fails with CompanyFileError.
+  void setInfo(const CompanyInfo& info);
+  /// Steps in `change` are of this kind.
+  void called(StepKind kind, const std::function<void()>& change);
 
   [[nodiscard]] bool IsCompanyFileOpen() const override { return company_ != nullptr; }
   [[nodiscard]] std::shared_ptr<HostCompanyFile> CompanyFile() const override;
@@ -34,7 +49,8 @@ class DesktopApplication final : public HostApplication {
 
  private:
   std::string start_directory_;
-  std::unique_ptr<Company> company_;
+  std::shared_ptr<Company> company_;
+  std::shared_ptr<Recorder> recorder_;
   std::shared_ptr<UnitsFollowing> file_;  ///< the company's, for the calculator
   Listeners<HostApplicationEvents> listeners_;
 };

@@ -34,17 +34,20 @@ MainWindow::MainWindow(Surroundings surroundings)
       site_(*this, logicalDpiX(), around_.today, [this] { return systemPrinter(); }),
       company_label_(new QLabel(this)),
       note_label_(new QLabel(this)),
-      figures_label_(new QLabel(this)) {
+      figures_label_(new QLabel(this)),
+      saved_label_(new QLabel(this)) {
   setObjectName(QStringLiteral("MainWindow"));
   setCentralWidget(page_);
   // A company may be called anything.
-  for (QLabel* label : {company_label_, note_label_, figures_label_}) {
+  for (QLabel* label : {company_label_, note_label_, figures_label_, saved_label_}) {
     label->setTextFormat(Qt::PlainText);
   }
   company_label_->setIndent(fontMetrics().averageCharWidth() / 2);
   statusBar()->addWidget(company_label_);
   statusBar()->addPermanentWidget(note_label_);
   statusBar()->addPermanentWidget(figures_label_);
+  constexpr int before_figures = 2;
+  statusBar()->insertPermanentWidget(before_figures, saved_label_);
   note_label_->setContentsMargins(0, 0, fontMetrics().averageCharWidth() * 2, 0);
   around_.files.whenChangeFails(
       [this](const FailedChange& change) { return askAboutChange(change); });
@@ -128,6 +131,8 @@ bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
   try {
     auto company = around_.files.create(absolute.toStdString(), info);
     endCompany();
+    // Of another company that had this path.
+    QFile::remove(around_.backups.historyOf(absolute));
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
     may_leave_ = false;
@@ -138,7 +143,9 @@ bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
 }
 
 void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& path) {
-  application_->setCompany(std::move(company));
+  application_->setCompany(std::move(company),
+                           {.history = around_.backups.historyOf(path).toStdString(),
+                            .replaced = std::exchange(replaced_, std::nullopt)});
   kept_revision_ = revision().value_or(0);
   reports_revision_.reset();
   backup_kept_ = false;
@@ -198,7 +205,7 @@ void MainWindow::setMultiUser(bool on) {
 
 void MainWindow::setCompanyInfo(const CompanyInfo& info) {
   try {
-    company()->setInfo(info);
+    application_->setInfo(info);
   } catch (const CompanyFileError& error) {
     if (!told_) tell(qtText(error.what()));
   }
@@ -252,6 +259,7 @@ void MainWindow::showStatus() {
     setWindowTitle(tr("Depreciation Calculator"));
     company_label_->setText(tr("No company open"));
     figures_label_->clear();
+    saved_label_->clear();
     return;
   }
   const QString mode =
@@ -266,6 +274,7 @@ void MainWindow::showStatus() {
     figures += tr("   ·   ") + (*assets == 1 ? tr("1 asset") : tr("%1 assets").arg(*assets));
   }
   figures_label_->setText(figures);
+  showSaved();
 }
 
 bool MainWindow::event(QEvent* event) {

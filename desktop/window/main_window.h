@@ -18,6 +18,7 @@
 #include "desktop/window/print_help.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/settings.h"
+#include "desktop/window/undo_menu.h"
 #include "desktop/window/view_menu.h"
 #include "desktop/window/workspace.h"
 
@@ -86,6 +87,11 @@ class MainWindow : public QMainWindow {
   bool restoreBackup(const Backup& backup, const QString& path);
   /// The open company stays as it is; where its file is gone, the copy takes its place.
   bool saveCopy(const QString& path);
+  // Leave the calculator: where the user cancels that, or saves something first, these change
+  // nothing.
+  void undo();
+  void redo();
+  void showHistory();
   /// A calculator of its own, anew.
   void startCalculator();
   /// Opens the Reports window with this kind of report, or brings it to the front.
@@ -159,6 +165,15 @@ class MainWindow : public QMainWindow {
   void askUnits();
   [[nodiscard]] bool isCurrentAssetDisposed();
 
+  // main_window_undo.cpp
+  [[nodiscard]] std::optional<std::string> asStep(
+      StepKind kind, const std::function<std::optional<std::string>()>& save);
+  void moveInHistory(Side side);
+  void goToStep(Side side);
+  [[nodiscard]] std::optional<int> assetOfNextStep(Side side);
+  void showSaved();
+  [[nodiscard]] std::optional<Content> contentOf(const QString& path);
+
   // main_window_backups.cpp
   void askBackup();
   void offerBackups(const QString& path);
@@ -202,9 +217,10 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<PrintHelp> print_help_;
   std::uint64_t kept_revision_ = 0;
   bool backup_kept_ = false;
-  QString leaving_note_;    ///< below the question
-  bool leaving_ = false;    ///< the user is being asked
-  bool may_leave_ = false;  ///< and has agreed
+  std::optional<Content> replaced_;  ///< what the company to open was before
+  QString leaving_note_;             ///< below the question
+  bool leaving_ = false;             ///< the user is being asked
+  bool may_leave_ = false;           ///< and has agreed
   bool painted_ = false;
   bool asking_ = false;  ///< about a change that could not be saved: it is held meanwhile
   int questions_ = 0;    ///< about changes that could not be saved
@@ -217,7 +233,9 @@ class MainWindow : public QMainWindow {
   QLabel* company_label_;
   QLabel* note_label_;
   QLabel* figures_label_;
+  QLabel* saved_label_;
   QMenu* recent_menu_ = nullptr;
+  UndoMenu* undo_menu_ = nullptr;
   EditMenu* edit_menu_ = nullptr;
   AssetMenu* asset_menu_ = nullptr;
   ViewMenu* view_menu_ = nullptr;

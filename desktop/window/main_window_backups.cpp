@@ -46,6 +46,8 @@ bool MainWindow::restoreBackup(const Backup& backup) {
 }
 
 bool MainWindow::restoreBackup(const Backup& backup, const QString& path) {
+  if (isOpen(path) && !mayLeave()) return false;
+  std::optional<Content> before = contentOf(path);
   if (isOpen(path) && !leaveCompany()) return false;
   try {
     const auto held = around_.files.hold(path.toStdString());
@@ -58,7 +60,10 @@ bool MainWindow::restoreBackup(const Backup& backup, const QString& path) {
     if (company() == nullptr) openCompany(path);
     return false;
   }
-  return openCompany(path);
+  replaced_ = std::move(before);
+  const bool open = openCompany(path);
+  replaced_.reset();
+  return open;
 }
 
 /// A company that could not be opened, and the way on where there is one.

@@ -38,8 +38,8 @@ void MainWindow::askDisposal() {
     }
     DisposalDialog dialog(savedAsset(assets, number), around_.today(), this);
     if (dialog.exec() != QDialog::Accepted) return nullptr;
-    return [disposal = dialog.disposal()](CompanyAssets& of, int at) {
-      return saveDisposal(of, at, disposal);
+    return [this, disposal = dialog.disposal()](CompanyAssets& of, int at) {
+      return asStep(StepKind::disposed, [&] { return saveDisposal(of, at, disposal); });
     };
   });
 }
@@ -58,7 +58,9 @@ void MainWindow::undoDisposal() {
     if (site_.ask({question, BoxButtons::yesNo, "Undo Disposal"}, {}) != BoxAnswer::yes) {
       return nullptr;
     }
-    return [](CompanyAssets& of, int at) { return saveDisposal(of, at, std::nullopt); };
+    return [this](CompanyAssets& of, int at) {
+      return asStep(StepKind::put_back, [&] { return saveDisposal(of, at, std::nullopt); });
+    };
   });
 }
 
@@ -77,7 +79,9 @@ void MainWindow::askUnits() {
                              : QString();
     UnitsDialog dialog(asset, fiscalYearOf(asset, around_.today()), note, this);
     if (dialog.exec() != QDialog::Accepted) return nullptr;
-    return [units = dialog.units()](CompanyAssets& of, int at) { return saveUnits(of, at, units); };
+    return [this, units = dialog.units()](CompanyAssets& of, int at) {
+      return asStep(StepKind::units, [&] { return saveUnits(of, at, units); });
+    };
   });
 }
 

@@ -151,6 +151,7 @@ void MainWindow::followCompany() {
   if (path.isEmpty() || path == followed_path_) return;
   around_.backups.drop(followed_path_);
   followed_path_ = path;
+  application_->recorder()->keepAt(around_.backups.historyOf(path).toStdString());
   around_.settings.addRecent(path);
   around_.settings.setLastCompany(path);
   showStatus();

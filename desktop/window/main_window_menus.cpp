@@ -11,7 +11,11 @@ namespace depcalc::desktop {
 // The letters of the menus are none that the calculator's own buttons and tabs use.
 void MainWindow::makeMenus() {
   makeFileMenu();
-  edit_menu_ = new EditMenu(*menuBar()->addMenu(tr("Ed&it")), [this] { return calculator(); });
+  QMenu& edit = *menuBar()->addMenu(tr("Ed&it"));
+  undo_menu_ = new UndoMenu(edit, {.undo = [this] { undo(); },
+                                   .redo = [this] { redo(); },
+                                   .history = [this] { showHistory(); }});
+  edit_menu_ = new EditMenu(edit, [this] { return calculator(); });
   makeCompanyMenu();
   makeAssetMenu();
   makeReportsMenu();
@@ -100,6 +104,7 @@ void MainWindow::fillRecentMenu() {
 }
 
 void MainWindow::enableActions() {
+  undo_menu_->follow(application_->recorder());
   edit_menu_->enable();
   asset_menu_->enable();
   const bool open = company() != nullptr;

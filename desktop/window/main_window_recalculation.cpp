@@ -66,7 +66,10 @@ void MainWindow::saveRecalculated(FiscalYearEnds ends, const Recalculation& seen
         tr("Another program has changed the company in the meantime. Please review the amounts "
            "again.");
   } else {
-    problem = problemOfSaving([&] { return saveRecalculation(assets, now, [](std::size_t) {}); });
+    problem = problemOfSaving([&] {
+      return asStep(StepKind::recalculated,
+                    [&] { return saveRecalculation(assets, now, [](std::size_t) {}); });
+    });
   }
   startCalculator();
   if (!problem.isEmpty() && !told_) tell(tr("Nothing was changed. %1").arg(problem));

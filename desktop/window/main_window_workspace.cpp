@@ -17,6 +17,9 @@ void MainWindow::fillToolbar() {
   workspace_->addTool(*asset_menu_->item("edit"), tr("Edit"), "edit");
   workspace_->addTool(*dispose_, tr("Dispose…"), "dispose");
   workspace_->addToolSeparator();
+  workspace_->addTool(undo_menu_->undoAction(), undo_menu_->undoAction().iconText(), "undo");
+  workspace_->addTool(undo_menu_->redoAction(), undo_menu_->redoAction().iconText(), "redo");
+  workspace_->addToolSeparator();
   workspace_->addTool(*report_actions_.first(), tr("Reports"), "reports");
   workspace_->addTool(*print_actions_.first(), tr("Print"), "print");
 }

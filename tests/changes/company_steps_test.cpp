@@ -33,7 +33,7 @@ TEST(CompanySteps, AreCalledWhatWasDone) {
   EXPECT_EQ(last(), (StepTitle{StepKind::disposed, "IMP-1", 1}));
   company.dispose(3, true);
   EXPECT_EQ(last(), (StepTitle{StepKind::put_back, "IMP-1", 1}));
-  company.saveNew("PRESS", 5, "UPro");
+  company.saveNew("PRESS", 5, "UOP");
   company.enterUnits(5, 2024, 100);
   EXPECT_EQ(last(), (StepTitle{StepKind::units, "PRESS", 1}));
   EXPECT_EQ(about(), 5);

@@ -62,7 +62,7 @@ class Model {
     const int kind = company_.count() == 0 ? 0 : number(14);
     bool kept = true;
     if (kind <= 2) {
-      company_.saveNew(name(), 1 + number(8), number(3) == 0 ? "UPro" : "SL");
+      company_.saveNew(name(), 1 + number(8), number(3) == 0 ? "UOP" : "SL");
     } else if (kind <= 5) {
       company_.saveEdited(anyAsset(), name(), 1 + number(50'000));
     } else if (kind <= 7) {

@@ -15,7 +15,7 @@ CalculateDepPtr asset(const std::string& id, double life, const std::string& met
   entry.id = id;
   entry.life = life;
   entry.method = method;
-  if (method == "UPro") entry.capacity = "10,000";
+  if (method == "UOP") entry.capacity = "10,000";
   return newAsset(entry);
 }
 

@@ -184,7 +184,7 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
        {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Save a Copy As…",
         "Restore Backup…", "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…",
         "Print Preview…", "Quit"}},
-      {"Edit", {"Copy", "Copy Whole Table"}},
+      {"Edit", {"Undo", "Redo", "History…", "Copy", "Copy Whole Table"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
       {"Asset",
        {"New", "Edit", "Delete", "Calculate", "Save", "Dispose…", "Undo Disposal",
