@@ -5,7 +5,7 @@ here=$(dirname "${BASH_SOURCE[0]}")
 source "$here/../support/postgres_servers.bash"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export PSQLRC=/dev/null PGUSER=postgres PGDATABASE=postgres PGOPTIONS='--client-min-messages=warning'
+export LC_ALL=C.UTF-8 LANGUAGE=en PSQLRC=/dev/null PGUSER=postgres PGDATABASE=postgres PGOPTIONS='--client-min-messages=warning'
 
 start_server SERVER --extension "$@"
 export PGHOST=$SERVER

@@ -46,9 +46,13 @@ fi
 become() { cd "$home" && HOME=$home exec "${as_user[@]}" "$@"; }
 run() { (become "$@"); }
 
-# What a test forgot must not stay: backends die of their postmaster's immediate end.
+# What a test forgot must not stay, servers of its own below the directory among it: backends die of
+# their postmaster's immediate end.
 finish() {
-  [[ -z $server ]] || { kill -QUIT "$server" 2> /dev/null && wait "$server"; } || true
+  local pid
+  while read -r pid; do kill -QUIT "$pid" 2> /dev/null || true; done \
+    < <(find "$home" -name postmaster.pid -exec head -qn 1 {} + 2> /dev/null)
+  [[ -z $server ]] || wait "$server" || true
   rm -rf "$home"
 }
 trap finish EXIT
@@ -150,6 +154,17 @@ change() {
   [[ -z $server ]] || kill -HUP "$server"
 }
 
+# Reads the next line, until there is none any more. A process that the test has left behind may hold
+# the pipe open; so the test itself is looked at, too.
+test=$PPID
+next_line() {
+  local status=142
+  while [[ $status -gt 128 && -d /proc/$test ]]; do
+    read -r -t 2 command first rest && return 0 || status=$?
+  done
+  return 1
+}
+
 make_data >&2
 write_settings
 if [[ -n $extension ]]; then
@@ -159,7 +174,7 @@ fi
 start
 echo "ready $home"
 
-while read -r command first rest; do
+while next_line; do
   case $command in
     start | promote) $command ;;
     stop) stop "$first" ;;
