@@ -1,7 +1,5 @@
 #include "engine/asset_fiscal_years.h"
 
-#include <algorithm>
-
 #include "engine/first_fiscal_year.h"
 
 namespace depcalc {
@@ -15,8 +13,8 @@ Date AssetFiscalYears::lastDay(int year) const { return first_end_.plusYears(yea
 Date AssetFiscalYears::firstDay(int year) const { return lastDay(year - 1).plusDays(1); }
 
 int AssetFiscalYears::of(Date day) const {
-  const int year = std::max(day.year(), first_year_);
-  return lastDay(year) < day ? year + 1 : year;
+  Silent nobody;
+  return of(day, nobody);
 }
 
 }  // namespace depcalc

@@ -1,6 +1,9 @@
 // The fiscal years of an asset.
 #pragma once
 
+#include <algorithm>
+
+#include "engine/told_steps.h"
 #include "values/date.h"
 
 namespace depcalc {
@@ -22,10 +25,22 @@ class AssetFiscalYears {
   /// The first fiscal year that ends on `day` or later, one beyond 9999 where none does; the first
   /// for all days before its end.
   [[nodiscard]] int of(Date day) const;
+  /// The same for who listens to when an asset leaves service.
+  template <Listener L>
+  [[nodiscard]] int of(Date day, L& listener) const;
 
  private:
   Date first_end_;
   int first_year_;
 };
+
+template <Listener L>
+int AssetFiscalYears::of(Date day, L& listener) const {
+  using Number = typename L::Number;
+  const int year = std::max(day.year(), first_year_);
+  const bool over = lastDay(year) < day;
+  listener.tell(Step::year_of_disposal, over ? Number(year) + 1.0 : Number(year), {.from = day});
+  return over ? year + 1 : year;
+}
 
 }  // namespace depcalc

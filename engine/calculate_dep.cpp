@@ -9,17 +9,6 @@
 #include "values/number_text.h"
 
 namespace depcalc {
-namespace {
-
-/// How many amounts indices 0 to life + 1 are; an upper bound below 0 is error 9.
-std::size_t amountCount(double life) {
-  const std::int32_t upper = toLong32HalfEven(life + 1.0);
-  if (upper < 0) throw RuntimeError::subscriptOutOfRange();
-  return static_cast<std::size_t>(upper) + 1;
-}
-
-}  // namespace
-
 std::string CalculateDep::RecIndex() const { return std::to_string(rec_index_); }
 
 void CalculateDep::RecIndex(std::string_view text) {

@@ -5,8 +5,14 @@
 
 #include <cstdint>
 
+#include "engine/asset_fiscal_years.h"
+#include "engine/convention.h"
+#include "engine/first_year_fraction.h"
+#include "engine/schedule_span.h"
+#include "engine/told_steps.h"
 #include "values/currency.h"
 #include "values/date.h"
+#include "values/money_range.h"
 
 namespace depcalc {
 
@@ -26,8 +32,107 @@ double shareCovered(std::int32_t convention, double first_year_fraction, bool la
 /// where it covers nothing.
 Currency amountOfDisposalYear(Currency amount, double held, double covered);
 
+/// What the disposal of a scheduled asset goes by.
+struct DisposedAsset {
+  Date placed_in_service;
+  Date fiscal_year_end;  ///< of which month and day count
+  Date disposed;
+  double life = 0;
+  std::int32_t convention = cdepfullyear;
+};
+
+/// What the fiscal year in which `asset` leaves service takes of `amount`, its whole amount, by the
+/// rules above. Placed in service and disposed of in one fiscal year, it takes nothing.
+Currency amountUntilDisposal(const DisposedAsset& asset, Currency amount);
+
 /// Proceeds less the book value: a gain, or a loss below 0. `accumulated` is the depreciation up to
 /// the year of the disposal, that year's included. Out of range: error 6.
 Currency gainOnDisposal(Currency proceeds, Currency basis, Currency accumulated);
+
+/// An amount's size as a number below 0, of which there is one more than above.
+template <typename Money>
+Money sizeBelowZero(const Money& amount) {
+  return amount > Money() ? Money() - amount : amount;
+}
+
+// The same for who listens.
+
+template <Listener L>
+typename L::Number unlimitedShareHeld(std::int32_t convention, Date year_start, Date year_end,
+                                      Date disposed, L& listener) {
+  using Number = typename L::Number;
+  const StepAbout held{.from = year_start, .to = disposed};
+  const auto months = [&](int more) {
+    return listener.tell(Step::months_held, Number(monthsBetween(year_start, disposed) + more),
+                         held);
+  };
+  switch (convention) {
+    case cdepfullyear:
+      return 0.0;
+    case cdepHalfYear:
+      return 0.5;
+    case cdepFullMonth:
+      return months(0) / 12.0;
+    case cdepHalfMonth:
+      return months(disposed.day() < 16 ? 0 : 1) / 12.0;
+    default:
+      return listener.tell(Step::days_held, Number(daysBetween(year_start, disposed)), held) /
+             listener.tell(Step::days_of_that_year, Number(daysCounted(year_end)),
+                           {.to = year_end});
+  }
+}
+
+template <Listener L>
+typename L::Number shareHeld(std::int32_t convention, Date year_start, Date year_end, Date disposed,
+                             L& listener) {
+  using Number = typename L::Number;
+  const Number share = listener.tell(
+      Step::share_held, unlimitedShareHeld(convention, year_start, year_end, disposed, listener),
+      {.number = convention, .from = year_start, .to = disposed});
+  const Number limited = listener.atMost(Step::limited_share_held, share, Number(1.0));
+  return limited < 0.0 ? listener.tell(Step::limited_share_held, Number(0.0)) : limited;
+}
+
+template <Listener L>
+typename L::Number shareCovered(std::int32_t convention, double first_year_fraction, bool last_year,
+                                L& listener) {
+  if (!last_year || convention == cdepfullyear) return 1.0;
+  return listener.tell(Step::share_covered,
+                       1.0 - listener.recall(Step::first_share, first_year_fraction));
+}
+
+template <Listener L>
+typename L::Money amountOfDisposalYear(const typename L::Money& amount,
+                                       const typename L::Number& held,
+                                       const typename L::Number& covered, L& listener) {
+  using Number = typename L::Number;
+  using Money = typename L::Money;
+  if (covered <= 0.0) return amount;
+  const Number share = amount.toDouble() * held / covered;
+  if (share >= more_than_money || share <= -more_than_money) return amount;
+  const Money rounded = listener.tell(Step::share_of_amount, Money::fromDoubleTo2HalfEven(share));
+  return sizeBelowZero(rounded) < sizeBelowZero(amount)
+             ? listener.tell(Step::no_more_than_whole, amount)
+             : rounded;
+}
+
+template <Listener L>
+typename L::Money amountUntilDisposal(const DisposedAsset& asset, const typename L::Money& amount,
+                                      L& listener) {
+  using Number = typename L::Number;
+  using Money = typename L::Money;
+  const AssetFiscalYears years(asset.placed_in_service, asset.fiscal_year_end);
+  const int year = years.of(asset.disposed, listener);
+  if (year == years.first()) return listener.tell(Step::gone_at_once, Money());
+  const Number held = shareHeld(asset.convention, years.firstDay(year), years.lastDay(year),
+                                asset.disposed, listener);
+  const double fraction =
+      firstFiscalYearOf(asset.convention, asset.placed_in_service, asset.fiscal_year_end).fraction;
+  const double spanned =
+      nearestEven(fiscalYearsSpanned(asset.life, asset.convention == cdepfullyear));
+  const bool last_year = year - years.first() == spanned - 1.0;
+  const Number covered = shareCovered(asset.convention, fraction, last_year, listener);
+  return amountOfDisposalYear(amount, held, covered, listener);
+}
 
 }  // namespace depcalc

@@ -12,9 +12,8 @@ int yearNamed(Date placed_in_service, Date end) {
 }  // namespace
 
 Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end) {
-  const auto year_end = fiscal_year_end.parts();
-  const Date end = Date::carrying(placed_in_service.year(), year_end.month, year_end.day);
-  return end < placed_in_service ? end.plusYears(1) : end;
+  Silent nobody;
+  return firstFiscalYearEnd(placed_in_service, fiscal_year_end, nobody);
 }
 
 int firstFiscalYear(Date placed_in_service, Date fiscal_year_end) {

@@ -2,6 +2,7 @@
 // year in which it ends, as usual in the United States.
 #pragma once
 
+#include "engine/told_steps.h"
 #include "values/date.h"
 
 namespace depcalc {
@@ -13,6 +14,20 @@ namespace depcalc {
 /// The day is looked up in the calendar year of the start, where 29 February of a common year is
 /// 1 March; one before the start moves on a year, where 29 February becomes 28 February.
 Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end);
+
+/// The same for who listens.
+template <Listener L>
+Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end, L& listener) {
+  using Number = typename L::Number;
+  const auto year_end = fiscal_year_end.parts();
+  const int year = placed_in_service.year();
+  const Date this_year = Date::carrying(year, year_end.month, year_end.day);
+  const bool over = this_year < placed_in_service;
+  const Date end = over ? this_year.plusYears(1) : this_year;
+  listener.tell(Step::first_fiscal_year, over ? Number(year) + 1.0 : Number(year),
+                {.from = placed_in_service, .to = end});
+  return end;
+}
 
 /// The year of that date, which names the fiscal year, for any dates. This rule always comes to a
 /// year: what is calculated, kept and summed up goes by it.

@@ -6,7 +6,11 @@
 
 #include <cstdint>
 
+#include "engine/convention.h"
+#include "engine/first_fiscal_year.h"
+#include "engine/told_steps.h"
 #include "values/date.h"
+#include "values/rounding.h"
 
 namespace depcalc {
 
@@ -30,15 +34,75 @@ double firstYearFraction(std::int32_t convention, Date depreciation_start, Date 
 double daysCounted(Date year_end);
 
 /// The first fiscal year of an asset, and the share of a year's depreciation that it takes.
-struct FirstFiscalYear {
+template <typename Number>
+struct FirstFiscalYearIn {
   Date start;
   Date end;
   Date depreciation_start;
-  double fraction = 0;
+  Number fraction = 0.0;
 };
+using FirstFiscalYear = FirstFiscalYearIn<double>;
 
 /// All of the above, from what is known of an asset. A day outside the calendar is error 5.
 FirstFiscalYear firstFiscalYearOf(std::int32_t convention, Date placed_in_service,
                                   Date fiscal_year_end);
+
+// The same for who listens.
+
+template <Listener L>
+typename L::Number wholeMonths(Date from, Date to, L& listener) {
+  using Number = typename L::Number;
+  const Number months = listener.tell(Step::months_counted, Number(daysBetween(from, to)) / 30.0,
+                                      {.from = from, .to = to});
+  return listener.tell(Step::whole_months, nearestEven(months));
+}
+
+/// `firstYearFraction` before it is limited to 1.
+template <Listener L>
+typename L::Number unlimitedFraction(std::int32_t convention, Date start, Date year_end,
+                                     L& listener) {
+  using Number = typename L::Number;
+  switch (convention) {
+    case cdepfullyear:
+      return 1.0;
+    case cdepHalfYear:
+      return 0.5;
+    case cdepFullMonth:
+    case cdepHalfMonth:
+      return wholeMonths(start, year_end, listener) / 12.0;
+    case cdepActualDays: {
+      const Number days =
+          listener.tell(Step::days_in_service, Number(daysBetween(start, year_end)) + 1.0,
+                        {.from = start, .to = year_end});
+      return days / listener.tell(Step::days_of_fiscal_year, Number(daysCounted(year_end)),
+                                  {.to = year_end});
+    }
+    default:
+      return 0.0;
+  }
+}
+
+template <Listener L>
+typename L::Number firstYearFraction(std::int32_t convention, Date depreciation_start,
+                                     Date first_year_end, L& listener) {
+  using Number = typename L::Number;
+  const Number share =
+      listener.tell(Step::first_share,
+                    unlimitedFraction(convention, depreciation_start, first_year_end, listener),
+                    {.number = convention, .from = depreciation_start, .to = first_year_end});
+  return listener.atMost(Step::whole_year_at_most, share, Number(1.0));
+}
+
+template <Listener L>
+FirstFiscalYearIn<typename L::Number> firstFiscalYearOf(std::int32_t convention,
+                                                        Date placed_in_service,
+                                                        Date fiscal_year_end, L& listener) {
+  FirstFiscalYearIn<typename L::Number> year;
+  year.end = firstFiscalYearEnd(placed_in_service, fiscal_year_end, listener);
+  year.start = firstFiscalYearStart(year.end);
+  year.depreciation_start = depreciationStart(convention, placed_in_service, year.start, year.end);
+  year.fraction = firstYearFraction(convention, year.depreciation_start, year.end, listener);
+  return year;
+}
 
 }  // namespace depcalc

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "engine/convention.h"
+#include "engine/told_steps.h"
 #include "values/currency.h"
 #include "values/rounding.h"
 
@@ -19,7 +20,10 @@ struct ScheduleInput {
   std::int32_t convention = cdepfullyear;
   double first_year_fraction = 0;  ///< share of a year's depreciation in the first fiscal year
 
-  [[nodiscard]] Currency depreciableBase() const { return basis - salvage; }
+  template <Listener L>
+  [[nodiscard]] typename L::Money depreciableBase(L& listener) const {
+    return listener.tell(Step::base, typename L::Money(basis) - typename L::Money(salvage));
+  }
   [[nodiscard]] bool fullYear() const { return convention == cdepfullyear; }
 
   /// Index of the last of `life` whole fiscal years, and of the one after it, which takes what
@@ -46,8 +50,26 @@ class Amounts {
   std::span<Currency> storage_;
 };
 
-/// Puts the rounding difference of a schedule that must sum to the depreciable base on the last
+/// Of `life` years, indices 0 to life + 1. An upper bound below 0 is error 9.
+inline std::size_t amountCount(double life) {
+  const std::int32_t upper = toLong32HalfEven(life + 1.0);
+  if (upper < 0) throw RuntimeError::subscriptOutOfRange();
+  return static_cast<std::size_t>(upper) + 1;
+}
+
+/// Puts the rounding difference of a schedule that must sum to the depreciable `base` on the last
 /// year that has an amount.
-void settleRest(const ScheduleInput& input, Currency total, Amounts amounts);
+template <Listener L>
+void settleRest(const ScheduleInput& input, typename L::Money base, typename L::Money total,
+                Amounts amounts, L& listener) {
+  using Money = typename L::Money;
+  const Money rest = base - total;
+  if (rest == Money()) return;
+  const bool year_after_last = !input.fullYear() && amounts[input.yearAfterLast()] != Currency();
+  const std::int32_t year = year_after_last ? input.yearAfterLast() : input.lastWholeYear();
+  Currency& amount = amounts[year];
+  listener.beginYear(year);
+  listener.take(amount, Step::settled, Money(amount) + listener.tell(Step::difference, rest));
+}
 
 }  // namespace depcalc

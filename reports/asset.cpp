@@ -6,10 +6,7 @@
 #include "engine/convention.h"
 #include "engine/disposal.h"
 #include "engine/first_fiscal_year.h"
-#include "engine/first_year_fraction.h"
 #include "engine/method.h"
-#include "engine/schedule_span.h"
-#include "values/rounding.h"
 
 namespace depcalc {
 namespace {
@@ -22,14 +19,6 @@ std::string_view methodCode(std::string_view text) {
     if (text == method.code) return method.code;
   }
   return {};
-}
-
-/// The first year's share of a year's depreciation, as the straight line works it out.
-double firstYearFractionOf(const SavedAsset& asset, std::int32_t convention) {
-  const Date end = firstFiscalYearEnd(asset.placed_in_service, asset.fiscal_year_end);
-  const Date start =
-      depreciationStart(convention, asset.placed_in_service, firstFiscalYearStart(end), end);
-  return firstYearFraction(convention, start, end);
 }
 
 }  // namespace
@@ -93,17 +82,13 @@ void ReportAsset::endAtDisposal() {
   if (!isUnitsOfProduction(method_)) amounts_[last] = amountOfDisposal(amounts_[last]);
 }
 
-/// Placed in service and disposed of in one fiscal year, an asset takes nothing.
 Currency ReportAsset::amountOfDisposal(Currency amount) const {
-  if (disposal_year_ == first_year_) return {};
-  const std::int32_t convention = conventionNumber();
-  const AssetFiscalYears years(saved_.placed_in_service, saved_.fiscal_year_end);
-  const double held = shareHeld(convention, years.firstDay(*disposal_year_),
-                                years.lastDay(*disposal_year_), saved_.disposed);
-  const double shown = nearestEven(fiscalYearsSpanned(saved_.life, convention == cdepfullyear));
-  const bool last_year = *disposal_year_ - first_year_ == shown - 1.0;
-  return amountOfDisposalYear(
-      amount, held, shareCovered(convention, firstYearFractionOf(saved_, convention), last_year));
+  return amountUntilDisposal({.placed_in_service = saved_.placed_in_service,
+                              .fiscal_year_end = saved_.fiscal_year_end,
+                              .disposed = saved_.disposed,
+                              .life = saved_.life,
+                              .convention = conventionNumber()},
+                             amount);
 }
 
 Currency ReportAsset::amount(int year) const { return amounts(year, year); }
