@@ -60,6 +60,7 @@ std::unique_ptr<Command> checkCommand();
 std::unique_ptr<Command> registerCommand();
 std::unique_ptr<Command> printCommand();
 std::unique_ptr<Command> reportCommand();
+std::unique_ptr<Command> explainCommand();
 std::unique_ptr<Command> dumpCommand();
 std::unique_ptr<Command> helpCommand();
 std::unique_ptr<Command> completionCommand();

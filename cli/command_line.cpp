@@ -117,6 +117,7 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(registerCommand());
   commands.push_back(printCommand());
   commands.push_back(reportCommand());
+  commands.push_back(explainCommand());
   commands.push_back(recalculateCommand());
   commands.push_back(disposeCommand());
   commands.push_back(unitsCommand());

@@ -75,10 +75,12 @@ typename L::Number unlimitedShareHeld(std::int32_t convention, Date year_start, 
       return months(0) / 12.0;
     case cdepHalfMonth:
       return months(disposed.day() < 16 ? 0 : 1) / 12.0;
-    default:
-      return listener.tell(Step::days_held, Number(daysBetween(year_start, disposed)), held) /
-             listener.tell(Step::days_of_that_year, Number(daysCounted(year_end)),
-                           {.to = year_end});
+    default: {
+      const Number days =
+          listener.tell(Step::days_held, Number(daysBetween(year_start, disposed)), held);
+      return days / listener.tell(Step::days_of_that_year, Number(daysCounted(year_end)),
+                                  {.to = year_end});
+    }
   }
 }
 

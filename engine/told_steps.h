@@ -57,17 +57,18 @@ enum class Step : std::uint8_t {
   no_units,         ///< nothing was produced, or nothing is left
   units_taken,      ///< what the year takes
   // Disposal.
-  year_of_disposal,    ///< from: the day; to: the fiscal year's last day
-  whole_amount,        ///< what the year would have taken
-  months_held,         ///< from: the year's first day; to: the day
-  days_held,           ///< the same
-  days_of_that_year,   ///< 365 or 366; to: its last day
-  share_held,          ///< number: the convention
-  limited_share_held,  ///< from 0 to 1
-  share_covered,       ///< of its year by the whole amount
-  share_of_amount,     ///< what the share held takes, to the cent
-  no_more_than_whole,  ///< it would be more than the whole amount
-  gone_at_once,        ///< in and out of service in one fiscal year
+  year_of_disposal,      ///< from: the day; to: the fiscal year's last day
+  whole_amount,          ///< what the year would have taken
+  months_held,           ///< from: the year's first day; to: the day
+  days_held,             ///< the same
+  days_of_that_year,     ///< 365 or 366; to: its last day
+  share_held,            ///< number: the convention
+  limited_share_held,    ///< from 0 to 1
+  share_covered,         ///< of its year by the whole amount
+  share_of_amount,       ///< what the share held takes, to the cent
+  no_more_than_whole,    ///< it would be more than the whole amount
+  gone_at_once,          ///< in and out of service in one fiscal year
+  taken_until_disposal,  ///< what the year takes
 };
 
 /// What else is to be said of a step. Days and numbers that a rule has at hand anyway.

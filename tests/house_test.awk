@@ -4,6 +4,7 @@ BEGIN {
   may["values"] = "values"
   may["common"] = may["values"] " common"
   may["engine"] = may["common"] " engine"
+  may["explain"] = may["engine"] " explain"
   may["controls"] = may["common"] " controls"
   may["host"] = may["common"] " host"
   may["host/memory"] = may["host"] " host/memory"
@@ -20,13 +21,19 @@ BEGIN {
   may["reports/formats"] = may["reports"] " reports/formats"
   may["reports/formats/xlsx"] = may["reports"] " reports/formats/xlsx"
   may["reports/pages"] = may["reports"] " reports/pages"
+  may["reports/explaining"] = may["reports"] " explain reports/explaining"
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " host/stored host/history changes"
   may["importing"] = may["changes"] " entry importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
+<<<<<<< HEAD
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
   may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
   may["cli"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
+=======
+  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
+  may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
+>>>>>>> ad3d712 (Explain an asset's amounts step by step)
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"

@@ -24,6 +24,7 @@ expected() {
     values) echo "$ground" ;;
     common | host) echo "$ground $1" ;;
     engine) echo "$records" ;;
+    explain) echo "$records $1" ;;
     controls) echo "$screens" ;;
     host_memory | host_failing | host_stored) echo "$ground host $1" ;;
     history) echo "$ground host host_stored $1" ;;
@@ -42,6 +43,7 @@ expected() {
     reports) echo "$records $1" ;;
     report_formats) echo "$records reports $1" ;;
     report_xlsx) echo "$records reports $1" ;;
+    reports_explaining) echo "$records explain reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
     changes) echo "$store reports reports_reading $1" ;;
     importing) echo "$store reports reports_reading changes field_rules $1" ;;
@@ -49,7 +51,7 @@ expected() {
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation reports reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
+    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_workspace) echo "$calculator reports desktop_widgets $1" ;;

@@ -1,5 +1,6 @@
 #include "values/display_format.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -101,6 +102,23 @@ std::string formatWhole(double value) {
     return groupedWhole(static_cast<std::int64_t>(value), en_us::thousands_separator);
   }
   return grouped(DecimalDigits::of(value), 0);
+}
+
+std::string formatCutShort(double value, int least, int most) {
+  const std::string text = plainNumberText(std::fabs(value));
+  const std::size_t point = std::min(text.find('.'), text.size());
+  std::string shown = value < 0.0 ? "-" : "";
+  for (std::size_t i = 0; i < point; ++i) {
+    if (i > 0 && (point - i) % 3 == 0) shown += en_us::thousands_separator;
+    shown += text[i];
+  }
+  std::string decimals = text.substr(std::min(point + 1, text.size()));
+  const bool cut = decimals.size() > static_cast<std::size_t>(most);
+  decimals.resize(
+      std::clamp(decimals.size(), static_cast<std::size_t>(least), static_cast<std::size_t>(most)),
+      '0');
+  if (!decimals.empty()) shown.append(1, en_us::decimal_point).append(decimals);
+  return cut ? shown + "…" : shown;
 }
 
 }  // namespace depcalc

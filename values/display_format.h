@@ -23,6 +23,10 @@ Currency moneyAsShown(std::string_view text);
 /// "#,##0.0000": the rate per unit of production, 0.2297.
 std::string formatRate(Currency value);
 
+/// A number of any kind, with at least `least` decimals and, where it has more than `most`, that
+/// many of them and an ellipsis: 0.5, 0.583333…, 6,890.00. Nothing is rounded. Not finite: error 6.
+std::string formatCutShort(double value, int least, int most);
+
 /// "#,##0": production capacity, 12,346. Not finite: error 6.
 std::string formatWhole(double value);
 

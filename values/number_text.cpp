@@ -97,4 +97,13 @@ std::string shortestNumberText(double value) {
   return {text.data(), end.ptr};
 }
 
+std::string plainNumberText(double value) {
+  if (!std::isfinite(value)) throw RuntimeError::overflow();
+  // 309 digits before the point at most, or 1074 after it.
+  std::array<char, 1'100> text;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value + 0.0, std::chars_format::fixed);
+  return {text.data(), end.ptr};
+}
+
 }  // namespace depcalc
