@@ -106,7 +106,7 @@ class ExplainCommand final : public CompanyCommand {
         ->check(CLI::Range(1, 9999));
     app.add_option("--method", method_, "SL, SYD, DDB or UOP (default: the asset's own)")
         ->option_text("METHOD")
-        ->check(CLI::IsMember({"SL", "SYD", "DDB", "UOP"}, CLI::ignore_case));
+        ->transform(CLI::IsMember({"SL", "SYD", "DDB", "UOP"}, CLI::ignore_case));
     app.add_option("--format", format_, "Output format: text (for reading) or json")
         ->check(CLI::IsMember({"text", "json"}))
         ->option_text("FORMAT");

@@ -90,6 +90,7 @@ class Explainer {
   /// A year in which nothing is taken, and why.
   Explanation nothingIn(int fiscal_year, const std::vector<Explanation>& all) {
     Explanation none = ofYear(fiscal_year);
+    none.taken = {};
     for (const Explanation& other : all) {
       if (other.fiscal_year && *other.fiscal_year < fiscal_year) none.taken = other.taken;
     }
@@ -212,7 +213,7 @@ class Explainer {
     if (method_ == method_double_declining_balance && index <= asset_.life) {
       return "Down to salvage value in " + year + ": nothing is left to take";
     }
-    return "The useful life of " + numberToText(asset_.life) + " years ended in " + year +
+    return "The useful life of " + yearsText(asset_.life) + " ended in " + year +
            ": nothing is taken afterwards";
   }
 

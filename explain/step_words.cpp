@@ -155,7 +155,6 @@ std::string datesWords(const ToldStep& step) {
 }
 
 std::string scheduleWords(const ToldStep& step, const Telling& telling) {
-  const std::string life = numberToText(telling.asset.life);
   switch (step.step) {
     case Step::first_share:
       return firstShare(step);
@@ -163,11 +162,11 @@ std::string scheduleWords(const ToldStep& step, const Telling& telling) {
       return conventionWords(telling.asset.convention) + ": share left of " +
              assetYear(telling.index);
     case Step::annual:
-      return "Spread evenly over " + life + (life == "1" ? " year" : " years");
+      return "Spread evenly over " + yearsText(telling.asset.life);
     case Step::first_year:
       return "Share of " + assetYear(1) + ", rounded to cents";
     case Step::sum_of_digits:
-      return "Digits of " + life + (life == "1" ? " year" : " years");
+      return "Digits of " + yearsText(telling.asset.life);
     case Step::asset_year:
       return "Asset year " + std::to_string(step.about.number);
     case Step::book_value:
@@ -216,6 +215,10 @@ std::string conventionWords(std::int32_t convention) {
     return "Convention " + std::to_string(convention);
   }
   return std::string(convention_names[static_cast<std::size_t>(convention)]);
+}
+
+std::string yearsText(double life) {
+  return numberToText(life) + (life == 1.0 ? " year" : " years");
 }
 
 std::string unitsText(double units) { return formatCutShort(units, 0, 6); }

@@ -21,6 +21,9 @@ std::string wordsOf(const ToldStep& step, const Telling& telling);
 /// "Half Year"; for a number that is none of the five, "Convention 7".
 std::string conventionWords(std::int32_t convention);
 
+/// "5 years", "1 year".
+std::string yearsText(double life);
+
 /// The units of a year as people write them: 12,125.5.
 std::string unitsText(double units);
 

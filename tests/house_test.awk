@@ -26,14 +26,10 @@ BEGIN {
   may["changes"] = may["reports/reading"] " host/stored host/history changes"
   may["importing"] = may["changes"] " entry importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
-<<<<<<< HEAD
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
   may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
-  may["cli"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
-=======
-  may["desktop"] = may["DepCalc"] " host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop"
   may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
->>>>>>> ad3d712 (Explain an asset's amounts step by step)
+  may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"
