@@ -101,13 +101,13 @@ class Explainer {
  private:
   std::vector<Currency> calculate() {
     if (!(asset_.life <= longest_life)) throw RuntimeError::overflow();
-    const TracedNumber share = firstYearFractionOf(asset_.convention, asset_.placed_in_service,
-                                                   asset_.fiscal_year_end, tracer_);
+    const auto first_year = firstFiscalYearOf(asset_.convention, asset_.placed_in_service,
+                                              asset_.fiscal_year_end, tracer_);
     const ScheduleInput input{.basis = asset_.basis,
                               .salvage = asset_.salvage,
                               .life = asset_.life,
                               .convention = asset_.convention,
-                              .first_year_fraction = share.value()};
+                              .first_year_fraction = first_year.fraction.value()};
     std::vector<Currency> amounts(amountCount(asset_.life));
     const Amounts storage(amounts);
     if (method_ == method_straight_line) straightLine(input, storage, tracer_);
