@@ -31,7 +31,8 @@ std::string exactNumberText(double value);
 /// The same with an exponent only where that is shorter: 5, 0.1, 1e+22.
 std::string shortestNumberText(double value);
 
-/// The same without an exponent, however long: 5, 0.1, 10000000000000000000000. Not finite: error 6.
+/// The same without an exponent, however long: 5, 0.1, 10000000000000000000000. Not finite:
+/// error 6.
 std::string plainNumberText(double value);
 
 }  // namespace depcalc
