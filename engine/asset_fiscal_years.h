@@ -39,7 +39,8 @@ int AssetFiscalYears::of(Date day, L& listener) const {
   using Number = typename L::Number;
   const int year = std::max(day.year(), first_year_);
   const bool over = lastDay(year) < day;
-  listener.tell(Step::year_of_disposal, over ? Number(year) + 1.0 : Number(year), {.from = day});
+  listener.tell(RuleStep::year_of_disposal, over ? Number(year) + 1.0 : Number(year),
+                {.from = day});
   return over ? year + 1 : year;
 }
 

@@ -63,7 +63,7 @@ typename L::Number unlimitedShareHeld(std::int32_t convention, Date year_start, 
   using Number = typename L::Number;
   const StepAbout held{.from = year_start, .to = disposed};
   const auto months = [&](int more) {
-    return listener.tell(Step::months_held, Number(monthsBetween(year_start, disposed) + more),
+    return listener.tell(RuleStep::months_held, Number(monthsBetween(year_start, disposed) + more),
                          held);
   };
   switch (convention) {
@@ -77,8 +77,8 @@ typename L::Number unlimitedShareHeld(std::int32_t convention, Date year_start, 
       return months(disposed.day() < 16 ? 0 : 1) / 12.0;
     default: {
       const Number days =
-          listener.tell(Step::days_held, Number(daysBetween(year_start, disposed)), held);
-      return days / listener.tell(Step::days_of_that_year, Number(daysCounted(year_end)),
+          listener.tell(RuleStep::days_held, Number(daysBetween(year_start, disposed)), held);
+      return days / listener.tell(RuleStep::days_of_that_year, Number(daysCounted(year_end)),
                                   {.to = year_end});
     }
   }
@@ -88,19 +88,20 @@ template <Listener L>
 typename L::Number shareHeld(std::int32_t convention, Date year_start, Date year_end, Date disposed,
                              L& listener) {
   using Number = typename L::Number;
-  const Number share = listener.tell(
-      Step::share_held, unlimitedShareHeld(convention, year_start, year_end, disposed, listener),
-      {.number = convention, .from = year_start, .to = disposed});
-  const Number limited = listener.atMost(Step::limited_share_held, share, Number(1.0));
-  return limited < 0.0 ? listener.tell(Step::limited_share_held, Number(0.0)) : limited;
+  const Number share =
+      listener.tell(RuleStep::share_held,
+                    unlimitedShareHeld(convention, year_start, year_end, disposed, listener),
+                    {.number = convention, .from = year_start, .to = disposed});
+  const Number limited = listener.atMost(RuleStep::limited_share_held, share, Number(1.0));
+  return limited < 0.0 ? listener.tell(RuleStep::limited_share_held, Number(0.0)) : limited;
 }
 
 template <Listener L>
 typename L::Number shareCovered(std::int32_t convention, double first_year_fraction, bool last_year,
                                 L& listener) {
   if (!last_year || convention == cdepfullyear) return 1.0;
-  return listener.tell(Step::share_covered,
-                       1.0 - listener.recall(Step::first_share, first_year_fraction));
+  return listener.tell(RuleStep::share_covered,
+                       1.0 - listener.recall(RuleStep::first_share, first_year_fraction));
 }
 
 template <Listener L>
@@ -112,9 +113,10 @@ typename L::Money amountOfDisposalYear(const typename L::Money& amount,
   if (covered <= 0.0) return amount;
   const Number share = amount.toDouble() * held / covered;
   if (share >= more_than_money || share <= -more_than_money) return amount;
-  const Money rounded = listener.tell(Step::share_of_amount, Money::fromDoubleTo2HalfEven(share));
+  const Money rounded =
+      listener.tell(RuleStep::share_of_amount, Money::fromDoubleTo2HalfEven(share));
   return sizeBelowZero(rounded) < sizeBelowZero(amount)
-             ? listener.tell(Step::no_more_than_whole, amount)
+             ? listener.tell(RuleStep::no_more_than_whole, amount)
              : rounded;
 }
 
@@ -125,7 +127,7 @@ typename L::Money amountUntilDisposal(const DisposedAsset& asset, const typename
   using Money = typename L::Money;
   const AssetFiscalYears years(asset.placed_in_service, asset.fiscal_year_end);
   const int year = years.of(asset.disposed, listener);
-  if (year == years.first()) return listener.tell(Step::gone_at_once, Money());
+  if (year == years.first()) return listener.tell(RuleStep::gone_at_once, Money());
   const Number held = shareHeld(asset.convention, years.firstDay(year), years.lastDay(year),
                                 asset.disposed, listener);
   const double fraction =

@@ -34,8 +34,8 @@ class DecliningBalance {
       : basis_(input.basis),
         salvage_(input.salvage),
         listener_(listener),
-        rate_(listener.tell(Step::rate, divide(Number(2.0), Number(input.life)))),
-        book_(listener.tell(Step::book_value, basis_, {1})) {}
+        rate_(listener.tell(RuleStep::rate, divide(Number(2.0), Number(input.life)))),
+        book_(listener.tell(RuleStep::book_value, basis_, {1})) {}
 
   /// `share` of the current asset year's amount, to the cent.
   [[nodiscard]] Money amount(const Number& share) const {
@@ -46,14 +46,14 @@ class DecliningBalance {
   /// the book.
   void beginAssetYear(std::int32_t number) {
     const Money taken_off = Money::fromDouble(book_.toDouble() * rate_);
-    book_ = listener_.tell(Step::book_value, book_ - taken_off, {number});
+    book_ = listener_.tell(RuleStep::book_value, book_ - taken_off, {number});
   }
 
-  void take(const Money& amount) { total_ = listener_.tell(Step::taken, total_ + amount); }
+  void take(const Money& amount) { total_ = listener_.tell(RuleStep::taken, total_ + amount); }
 
   /// What may still be taken down to salvage.
   [[nodiscard]] Money leftToTake() const {
-    return listener_.tell(Step::left, leftAboveSalvage(basis_, total_, salvage_));
+    return listener_.tell(RuleStep::left, leftAboveSalvage(basis_, total_, salvage_));
   }
 
  private:
@@ -71,29 +71,30 @@ void decliningBalanceFromSecondYear(const ScheduleInput& input, std::int32_t las
                                     DecliningBalance<L>& balance, Amounts amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
-  const Number fraction = listener.recall(Step::first_share, input.first_year_fraction);
+  const Number fraction = listener.recall(RuleStep::first_share, input.first_year_fraction);
   for (std::int32_t year = 1; year <= last; ++year) {
     listener.beginYear(year);
-    const Number share_left = listener.tell(Step::share_left, 1.0 - fraction);
-    const Money rest = listener.tell(Step::rest_of_asset_year, balance.amount(share_left), {year});
+    const Number share_left = listener.tell(RuleStep::share_left, 1.0 - fraction);
+    const Money rest =
+        listener.tell(RuleStep::rest_of_asset_year, balance.amount(share_left), {year});
     if (const Money left = balance.leftToTake(); left < rest) {
-      listener.take(amounts[year], Step::only_what_is_left, left);
+      listener.take(amounts[year], RuleStep::only_what_is_left, left);
       return;
     }
     balance.beginAssetYear(year + 1);
     balance.take(rest);
     if (static_cast<double>(year) == input.life) {
-      listener.take(amounts[year], Step::within_what_is_left, rest);
+      listener.take(amounts[year], RuleStep::within_what_is_left, rest);
       continue;
     }
     const Money start =
-        listener.tell(Step::start_of_asset_year, balance.amount(fraction), {year + 1});
+        listener.tell(RuleStep::start_of_asset_year, balance.amount(fraction), {year + 1});
     if (const Money left = balance.leftToTake(); left < start) {
-      listener.take(amounts[year], Step::rest_and_what_is_left, rest + left);
+      listener.take(amounts[year], RuleStep::rest_and_what_is_left, rest + left);
       return;
     }
     balance.take(start);
-    listener.take(amounts[year], Step::sum_of_shares, rest + start);
+    listener.take(amounts[year], RuleStep::sum_of_shares, rest + start);
   }
 }
 
@@ -106,18 +107,18 @@ void doubleDecliningBalance(const ScheduleInput& input, Amounts amounts, L& list
 
   listener.beginYear(0);
   const Money first = listener.tell(
-      Step::start_of_asset_year,
-      balance.amount(listener.recall(Step::first_share, input.first_year_fraction)), {1});
+      RuleStep::start_of_asset_year,
+      balance.amount(listener.recall(RuleStep::first_share, input.first_year_fraction)), {1});
   if (const Money left = balance.leftToTake(); left < first) {
-    listener.take(amounts[0], Step::only_what_is_left, left);
+    listener.take(amounts[0], RuleStep::only_what_is_left, left);
   } else {
-    balance.take(listener.take(amounts[0], Step::within_what_is_left, first));
+    balance.take(listener.take(amounts[0], RuleStep::within_what_is_left, first));
     decliningBalanceFromSecondYear(input, last, balance, amounts, listener);
   }
   // Rounding may have gone below salvage; that much is given back. What is left stays untaken.
   listener.beginYear(last);
   const Money rest = balance.leftToTake();
-  if (rest < Money()) listener.take(amounts[last], Step::settled, Money(amounts[last]) + rest);
+  if (rest < Money()) listener.take(amounts[last], RuleStep::settled, Money(amounts[last]) + rest);
 }
 
 }  // namespace depcalc

@@ -24,7 +24,7 @@ Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end, L& listene
   const Date this_year = Date::carrying(year, year_end.month, year_end.day);
   const bool over = this_year < placed_in_service;
   const Date end = over ? this_year.plusYears(1) : this_year;
-  listener.tell(Step::first_fiscal_year, over ? Number(year) + 1.0 : Number(year),
+  listener.tell(RuleStep::first_fiscal_year, over ? Number(year) + 1.0 : Number(year),
                 {.from = placed_in_service, .to = end});
   return end;
 }

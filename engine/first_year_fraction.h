@@ -52,9 +52,9 @@ FirstFiscalYear firstFiscalYearOf(std::int32_t convention, Date placed_in_servic
 template <Listener L>
 typename L::Number wholeMonths(Date from, Date to, L& listener) {
   using Number = typename L::Number;
-  const Number months = listener.tell(Step::months_counted, Number(daysBetween(from, to)) / 30.0,
-                                      {.from = from, .to = to});
-  return listener.tell(Step::whole_months, nearestEven(months));
+  const Number months = listener.tell(
+      RuleStep::months_counted, Number(daysBetween(from, to)) / 30.0, {.from = from, .to = to});
+  return listener.tell(RuleStep::whole_months, nearestEven(months));
 }
 
 /// `firstYearFraction` before it is limited to 1.
@@ -72,9 +72,9 @@ typename L::Number unlimitedFraction(std::int32_t convention, Date start, Date y
       return wholeMonths(start, year_end, listener) / 12.0;
     case cdepActualDays: {
       const Number days =
-          listener.tell(Step::days_in_service, Number(daysBetween(start, year_end)) + 1.0,
+          listener.tell(RuleStep::days_in_service, Number(daysBetween(start, year_end)) + 1.0,
                         {.from = start, .to = year_end});
-      return days / listener.tell(Step::days_of_fiscal_year, Number(daysCounted(year_end)),
+      return days / listener.tell(RuleStep::days_of_fiscal_year, Number(daysCounted(year_end)),
                                   {.to = year_end});
     }
     default:
@@ -87,10 +87,10 @@ typename L::Number firstYearFraction(std::int32_t convention, Date depreciation_
                                      Date first_year_end, L& listener) {
   using Number = typename L::Number;
   const Number share =
-      listener.tell(Step::first_share,
+      listener.tell(RuleStep::first_share,
                     unlimitedFraction(convention, depreciation_start, first_year_end, listener),
                     {.number = convention, .from = depreciation_start, .to = first_year_end});
-  return listener.atMost(Step::whole_year_at_most, share, Number(1.0));
+  return listener.atMost(RuleStep::whole_year_at_most, share, Number(1.0));
 }
 
 template <Listener L>

@@ -22,7 +22,7 @@ struct ScheduleInput {
 
   template <Listener L>
   [[nodiscard]] typename L::Money depreciableBase(L& listener) const {
-    return listener.tell(Step::base, typename L::Money(basis) - typename L::Money(salvage));
+    return listener.tell(RuleStep::base, typename L::Money(basis) - typename L::Money(salvage));
   }
   [[nodiscard]] bool fullYear() const { return convention == cdepfullyear; }
 
@@ -69,7 +69,8 @@ void settleRest(const ScheduleInput& input, typename L::Money base, typename L::
   const std::int32_t year = year_after_last ? input.yearAfterLast() : input.lastWholeYear();
   Currency& amount = amounts[year];
   listener.beginYear(year);
-  listener.take(amount, Step::settled, Money(amount) + listener.tell(Step::difference, rest));
+  listener.take(amount, RuleStep::settled,
+                Money(amount) + listener.tell(RuleStep::difference, rest));
 }
 
 }  // namespace depcalc

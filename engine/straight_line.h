@@ -18,29 +18,31 @@ template <Listener L>
 void straightLine(const ScheduleInput& input, Amounts amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
-  const Number fraction = listener.recall(Step::first_share, input.first_year_fraction);
+  const Number fraction = listener.recall(RuleStep::first_share, input.first_year_fraction);
   const Money base = input.depreciableBase(listener);
-  const Number annual = listener.tell(Step::annual, divide(base.toDouble(), Number(input.life)));
+  const Number annual =
+      listener.tell(RuleStep::annual, divide(base.toDouble(), Number(input.life)));
 
   listener.beginYear(0);
   const Money first = Money::fromDoubleTo2HalfEven(annual * fraction);
-  Money total = listener.tell(Step::taken, listener.take(amounts[0], Step::first_year, first));
+  Money total =
+      listener.tell(RuleStep::taken, listener.take(amounts[0], RuleStep::first_year, first));
 
   const std::int32_t last = input.lastWholeYear();
   for (std::int32_t year = 1; year <= last; ++year) {
     listener.beginYear(year);
     const Money whole = Money::fromDoubleTo2HalfEven(annual);
-    total =
-        listener.tell(Step::taken, total + listener.take(amounts[year], Step::whole_year, whole));
+    total = listener.tell(RuleStep::taken,
+                          total + listener.take(amounts[year], RuleStep::whole_year, whole));
   }
   if (!input.fullYear()) {
     // Not rounded to cents: settling the rest brings the sum out exactly.
     const std::int32_t year = input.yearAfterLast();
     listener.beginYear(year);
-    const Number share_left = listener.tell(Step::share_left, 1.0 - fraction);
+    const Number share_left = listener.tell(RuleStep::share_left, 1.0 - fraction);
     const Money end = Money::fromDouble(annual * share_left);
-    total = listener.tell(Step::taken,
-                          total + listener.take(amounts[year], Step::end_of_last_year, end));
+    total = listener.tell(RuleStep::taken,
+                          total + listener.take(amounts[year], RuleStep::end_of_last_year, end));
   }
   settleRest(input, base, total, amounts, listener);
 }

@@ -18,7 +18,7 @@
 namespace depcalc {
 
 /// What a value that is told stands for.
-enum class Step : std::uint8_t {
+enum class RuleStep : std::uint8_t {
   // The first fiscal year and its share of a year's depreciation.
   first_fiscal_year,    ///< from: placed in service; to: the year's last day
   months_counted,       ///< days over 30; from, to: the days
@@ -83,11 +83,11 @@ struct StepAbout {
 template <typename T>
 concept Listener = requires(T& listener, Currency& amount, const typename T::Number& number,
                             const typename T::Money& money) {
-  { listener.tell(Step::annual, number, StepAbout{}) } -> std::same_as<typename T::Number>;
-  { listener.tell(Step::base, money, StepAbout{}) } -> std::same_as<typename T::Money>;
-  { listener.atMost(Step::first_share, number, number) } -> std::same_as<typename T::Number>;
-  { listener.recall(Step::first_share, 1.0) } -> std::same_as<typename T::Number>;
-  { listener.take(amount, Step::settled, money) } -> std::same_as<typename T::Money>;
+  { listener.tell(RuleStep::annual, number, StepAbout{}) } -> std::same_as<typename T::Number>;
+  { listener.tell(RuleStep::base, money, StepAbout{}) } -> std::same_as<typename T::Money>;
+  { listener.atMost(RuleStep::first_share, number, number) } -> std::same_as<typename T::Number>;
+  { listener.recall(RuleStep::first_share, 1.0) } -> std::same_as<typename T::Number>;
+  { listener.take(amount, RuleStep::settled, money) } -> std::same_as<typename T::Money>;
   listener.beginYear(0);
 };
 
@@ -97,18 +97,18 @@ struct Silent {
   using Money = Currency;
 
   template <typename Value>
-  static constexpr Value tell(Step /*step*/, Value value, StepAbout /*about*/ = {}) {
+  static constexpr Value tell(RuleStep /*step*/, Value value, StepAbout /*about*/ = {}) {
     return value;
   }
   /// The lesser of both; `step` is told where that is `most`.
   template <typename Value>
-  static constexpr Value atMost(Step /*step*/, Value value, Value most) {
+  static constexpr Value atMost(RuleStep /*step*/, Value value, Value most) {
     return std::min(value, most);
   }
   /// A value that was told before, and came here on another way.
-  static constexpr double recall(Step /*step*/, double value) { return value; }
+  static constexpr double recall(RuleStep /*step*/, double value) { return value; }
   /// Makes `value` the amount of the year.
-  static constexpr Currency take(Currency& amount, Step /*step*/, Currency value) {
+  static constexpr Currency take(Currency& amount, RuleStep /*step*/, Currency value) {
     return amount = value;
   }
   /// What is told from now on is about the fiscal year of that index.

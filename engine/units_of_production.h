@@ -16,9 +16,9 @@ typename L::Money unitsOfProduction(Currency basis, Currency salvage, double cap
                                     L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
-  if (capacity == 0.0) return listener.tell(Step::no_rate, Money());
-  const Money base = listener.tell(Step::base, Money(basis) - Money(salvage));
-  return listener.tell(Step::rate_per_unit,
+  if (capacity == 0.0) return listener.tell(RuleStep::no_rate, Money());
+  const Money base = listener.tell(RuleStep::base, Money(basis) - Money(salvage));
+  return listener.tell(RuleStep::rate_per_unit,
                        Money::fromDouble(divide(base.toDouble(), Number(capacity))));
 }
 

@@ -28,12 +28,13 @@ typename L::Money amountOfUnits(double units, const typename L::Money& rate,
                                 const typename L::Money& left, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
-  if (left < Money()) return listener.tell(Step::no_units, Money());
+  if (left < Money()) return listener.tell(RuleStep::no_units, Money());
   const Number product = Number(units) * rate.toDouble();
-  if (product >= more_than_money) return listener.tell(Step::only_what_is_left, left);
-  if (product <= 0.0) return listener.tell(Step::no_units, Money());
-  const Money amount = listener.tell(Step::amount_of_units, Money::fromDoubleTo2HalfEven(product));
-  return listener.atMost(Step::only_what_is_left, amount, left);
+  if (product >= more_than_money) return listener.tell(RuleStep::only_what_is_left, left);
+  if (product <= 0.0) return listener.tell(RuleStep::no_units, Money());
+  const Money amount =
+      listener.tell(RuleStep::amount_of_units, Money::fromDoubleTo2HalfEven(product));
+  return listener.atMost(RuleStep::only_what_is_left, amount, left);
 }
 
 /// The same; the years are told by their numbers.
@@ -46,9 +47,9 @@ AmountsByYear amountsOfUnits(const UnitsByYear& units, const typename L::Money& 
   for (auto entry = units.lower_bound(first); entry != units.end() && entry->first <= last;
        ++entry) {
     listener.beginYear(entry->first);
-    left = listener.tell(Step::units_left, left);
+    left = listener.tell(RuleStep::units_left, left);
     const Money amount = amountOfUnits(entry->second, rate, left, listener);
-    left -= listener.take(amounts[entry->first], Step::units_taken, amount);
+    left -= listener.take(amounts[entry->first], RuleStep::units_taken, amount);
   }
   return amounts;
 }

@@ -77,7 +77,7 @@ class Explainer {
         unitsOfProduction(asset_.basis, asset_.salvage, asset_.capacity, tracer_);
     std::vector<Explanation> all{perUnit(rate.value())};
     const TracedMoney base =
-        tracer_.tell(Step::base, TracedMoney(asset_.basis) - TracedMoney(asset_.salvage));
+        tracer_.tell(RuleStep::base, TracedMoney(asset_.basis) - TracedMoney(asset_.salvage));
     const int last =
         std::min(disposal_year_.value_or(last_year_of_calendar), last_year_of_calendar);
     for (const auto& [number, amount] :
@@ -138,7 +138,7 @@ class Explainer {
                                                    .life = asset_.life,
                                                    .convention = conventionOfDisposal()},
                                                   tracer_.moneyOf(*whole), tracer_);
-    tracer_.take(amounts.back(), Step::taken_until_disposal, until);
+    tracer_.take(amounts.back(), RuleStep::taken_until_disposal, until);
   }
 
   /// Those of the schedule, and any behind it that took something.

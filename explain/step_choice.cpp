@@ -7,15 +7,15 @@ namespace {
 
 /// Running totals are for the years behind.
 bool isOnlyForUse(const ToldStep& step) {
-  return step.step == Step::taken || step.step == Step::book_value ||
-         step.step == Step::asset_year || step.step == Step::share_left;
+  return step.step == RuleStep::taken || step.step == RuleStep::book_value ||
+         step.step == RuleStep::asset_year || step.step == RuleStep::share_left;
 }
 
 bool isAbout(const ToldStep& step, std::int32_t year) { return !step.year || *step.year == year; }
 
 /// Where the days of the first fiscal year come from.
 bool opensSchedule(const ToldStep& step, std::int32_t year) {
-  return step.step == Step::first_fiscal_year && year == 0;
+  return step.step == RuleStep::first_fiscal_year && year == 0;
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ std::vector<std::size_t> stepsOfYear(const std::vector<ToldStep>& steps, std::si
   }
   // What all of it starts from goes first.
   std::stable_partition(chosen.begin(), chosen.end(),
-                        [&](std::size_t i) { return steps[i].step == Step::base; });
+                        [&](std::size_t i) { return steps[i].step == RuleStep::base; });
   return chosen;
 }
 

@@ -97,34 +97,34 @@ std::string unitsAtRate(const Telling& telling) {
 
 /// Words that say the same of every asset.
 struct FixedWords {
-  Step step;
+  RuleStep step;
   std::string_view words;
 };
 
 constexpr std::array fixed_words{
-    FixedWords{Step::whole_months, "To the nearest whole month"},
-    FixedWords{Step::whole_year_at_most, "A whole year at most"},
-    FixedWords{Step::base, "Basis less salvage value"},
-    FixedWords{Step::whole_year, "A whole year, rounded to cents"},
-    FixedWords{Step::end_of_last_year, "What is left of the last asset year"},
-    FixedWords{Step::whole_digits, "To the nearest whole number of digits"},
-    FixedWords{Step::rate, "Rate: twice the straight line's"},
-    FixedWords{Step::left, "Left to take above salvage value"},
-    FixedWords{Step::within_what_is_left, "That much is left, so it is taken"},
-    FixedWords{Step::only_what_is_left, "More than is left: only what is left is taken"},
-    FixedWords{Step::rest_and_what_is_left, "More than is left: what is left is added"},
-    FixedWords{Step::no_rate, "No production capacity was entered: there is no rate"},
-    FixedWords{Step::units_left, "Left to take"},
-    FixedWords{Step::units_taken, "Depreciation of the year"},
-    FixedWords{Step::share_covered, "Share of that fiscal year which its amount covers"},
-    FixedWords{Step::share_of_amount, "Share held of the year's amount, rounded to cents"},
-    FixedWords{Step::no_more_than_whole, "No more than the year's whole amount"},
-    FixedWords{Step::gone_at_once,
+    FixedWords{RuleStep::whole_months, "To the nearest whole month"},
+    FixedWords{RuleStep::whole_year_at_most, "A whole year at most"},
+    FixedWords{RuleStep::base, "Basis less salvage value"},
+    FixedWords{RuleStep::whole_year, "A whole year, rounded to cents"},
+    FixedWords{RuleStep::end_of_last_year, "What is left of the last asset year"},
+    FixedWords{RuleStep::whole_digits, "To the nearest whole number of digits"},
+    FixedWords{RuleStep::rate, "Rate: twice the straight line's"},
+    FixedWords{RuleStep::left, "Left to take above salvage value"},
+    FixedWords{RuleStep::within_what_is_left, "That much is left, so it is taken"},
+    FixedWords{RuleStep::only_what_is_left, "More than is left: only what is left is taken"},
+    FixedWords{RuleStep::rest_and_what_is_left, "More than is left: what is left is added"},
+    FixedWords{RuleStep::no_rate, "No production capacity was entered: there is no rate"},
+    FixedWords{RuleStep::units_left, "Left to take"},
+    FixedWords{RuleStep::units_taken, "Depreciation of the year"},
+    FixedWords{RuleStep::share_covered, "Share of that fiscal year which its amount covers"},
+    FixedWords{RuleStep::share_of_amount, "Share held of the year's amount, rounded to cents"},
+    FixedWords{RuleStep::no_more_than_whole, "No more than the year's whole amount"},
+    FixedWords{RuleStep::gone_at_once,
                "In service and disposed of in one fiscal year: nothing is taken"},
-    FixedWords{Step::taken_until_disposal, "Taken until the disposal"},
+    FixedWords{RuleStep::taken_until_disposal, "Taken until the disposal"},
 };
 
-std::string fixedWords(Step step) {
+std::string fixedWords(RuleStep step) {
   for (const FixedWords& fixed : fixed_words) {
     if (fixed.step == step) return std::string(fixed.words);
   }
@@ -134,20 +134,20 @@ std::string fixedWords(Step step) {
 std::string datesWords(const ToldStep& step) {
   const StepAbout& about = step.about;
   switch (step.step) {
-    case Step::first_fiscal_year:
+    case RuleStep::first_fiscal_year:
       return "Placed in service " + about.from.toText() + ", fiscal year to " + about.to.toText();
-    case Step::months_counted:
+    case RuleStep::months_counted:
       return "Days from " + fromTo(about) + ", in months of 30";
-    case Step::days_in_service:
+    case RuleStep::days_in_service:
       return "Days in service, " + fromTo(about) + ", both counted";
-    case Step::days_of_fiscal_year:
-    case Step::days_of_that_year:
+    case RuleStep::days_of_fiscal_year:
+    case RuleStep::days_of_that_year:
       return daysOfYear(step);
-    case Step::year_of_disposal:
+    case RuleStep::year_of_disposal:
       return "Disposed of " + about.from.toText() + ", in fiscal year";
-    case Step::months_held:
+    case RuleStep::months_held:
       return "Months held, " + heldUntil(about);
-    case Step::days_held:
+    case RuleStep::days_held:
       return "Days held, " + heldUntil(about);
     default:
       return {};
@@ -156,32 +156,32 @@ std::string datesWords(const ToldStep& step) {
 
 std::string scheduleWords(const ToldStep& step, const Telling& telling) {
   switch (step.step) {
-    case Step::first_share:
+    case RuleStep::first_share:
       return firstShare(step);
-    case Step::share_left:
+    case RuleStep::share_left:
       return conventionWords(telling.asset.convention) + ": share left of " +
              assetYear(telling.index);
-    case Step::annual:
+    case RuleStep::annual:
       return "Spread evenly over " + yearsText(telling.asset.life);
-    case Step::first_year:
+    case RuleStep::first_year:
       return "Share of " + assetYear(1) + ", rounded to cents";
-    case Step::sum_of_digits:
+    case RuleStep::sum_of_digits:
       return "Digits of " + yearsText(telling.asset.life);
-    case Step::asset_year:
+    case RuleStep::asset_year:
       return "Asset year " + std::to_string(step.about.number);
-    case Step::book_value:
+    case RuleStep::book_value:
       return bookValue(step);
-    case Step::rest_of_asset_year:
+    case RuleStep::rest_of_asset_year:
       return toCents("Rest of " + assetYear(step.about.number), isDeclining(telling));
-    case Step::start_of_asset_year:
+    case RuleStep::start_of_asset_year:
       return startOfAssetYear(step, telling);
-    case Step::sum_of_shares:
+    case RuleStep::sum_of_shares:
       return toCents("Sum", !isDeclining(telling));
-    case Step::taken:
+    case RuleStep::taken:
       return takenWords(step, telling);
-    case Step::difference:
+    case RuleStep::difference:
       return step.money < Currency() ? "Too much by rounding" : "Left over by rounding";
-    case Step::settled:
+    case RuleStep::settled:
       return isDeclining(telling) ? "With what goes below salvage value given back"
                                   : "With the difference that rounding made";
     default:
@@ -191,17 +191,17 @@ std::string scheduleWords(const ToldStep& step, const Telling& telling) {
 
 std::string unitsWords(const ToldStep& step, const Telling& telling) {
   switch (step.step) {
-    case Step::rate_per_unit:
+    case RuleStep::rate_per_unit:
       return "Spread over a capacity of " + unitsText(telling.asset.capacity) +
              " units: rate per unit";
-    case Step::amount_of_units:
+    case RuleStep::amount_of_units:
       return unitsAtRate(telling);
-    case Step::no_units:
+    case RuleStep::no_units:
       return telling.asset.basis < telling.asset.salvage ? "Nothing is left to take"
                                                          : "Nothing to take for these units";
-    case Step::share_held:
+    case RuleStep::share_held:
       return shareHeldWords(step);
-    case Step::limited_share_held:
+    case RuleStep::limited_share_held:
       return step.result == "0" ? "Not less than nothing" : "A whole year at most";
     default:
       return {};

@@ -8,18 +8,20 @@ namespace depcalc {
 namespace {
 
 /// Numbers that count money before it is rounded to money.
-bool countsMoney(Step step) { return step == Step::annual || step == Step::asset_year; }
+bool countsMoney(RuleStep step) { return step == RuleStep::annual || step == RuleStep::asset_year; }
 
 /// A number that was whole is not told to be rounded.
-bool tellsRounding(Step step) { return step == Step::whole_months || step == Step::whole_digits; }
+bool tellsRounding(RuleStep step) {
+  return step == RuleStep::whole_months || step == RuleStep::whole_digits;
+}
 
-bool namesYear(Step step) {
-  return step == Step::first_fiscal_year || step == Step::year_of_disposal;
+bool namesYear(RuleStep step) {
+  return step == RuleStep::first_fiscal_year || step == RuleStep::year_of_disposal;
 }
 
 /// Steps that only say that what was told last is the amount.
-bool addsNothing(Step step) {
-  return step == Step::units_taken || step == Step::taken_until_disposal;
+bool addsNothing(RuleStep step) {
+  return step == RuleStep::units_taken || step == RuleStep::taken_until_disposal;
 }
 
 void dropSeparators(std::string& text) { std::erase(text, ','); }
@@ -33,7 +35,7 @@ bool isTold(const Formula& formula, std::size_t step) {
 }  // namespace
 
 /// What all years have in common is told once.
-std::optional<std::size_t> Tracer::toldInCommon(Step step, const Formula& made) const {
+std::optional<std::size_t> Tracer::toldInCommon(RuleStep step, const Formula& made) const {
   for (std::size_t i = 0; i < steps_.size() && !year_; ++i) {
     if (steps_[i].step == step && steps_[i].formula.exact.text == made.exact.text) return i;
   }
@@ -41,7 +43,7 @@ std::optional<std::size_t> Tracer::toldInCommon(Step step, const Formula& made) 
 }
 
 /// The result as a number that says which step it comes from.
-Formula Tracer::add(Step step, StepAbout about, const Formula& made, Formula result) {
+Formula Tracer::add(RuleStep step, StepAbout about, const Formula& made, Formula result) {
   const Formula written = made.signedTexts();
   if (const auto before = toldInCommon(step, written)) {
     result.sources = {static_cast<int>(*before)};
@@ -60,7 +62,7 @@ Formula Tracer::add(Step step, StepAbout about, const Formula& made, Formula res
   return result;
 }
 
-TracedNumber Tracer::tell(Step step, const Number& value, StepAbout about) {
+TracedNumber Tracer::tell(RuleStep step, const Number& value, StepAbout about) {
   if (tellsRounding(step) && !steps_.empty() && isTold(value.formula(), steps_.size() - 1) &&
       steps_.back().result == plainNumberText(value.value())) {
     return value;
@@ -70,20 +72,20 @@ TracedNumber Tracer::tell(Step step, const Number& value, StepAbout about) {
   return {value.value(), add(step, about, value.formula(), std::move(result))};
 }
 
-TracedMoney Tracer::tell(Step step, const Money& value, StepAbout about) {
+TracedMoney Tracer::tell(RuleStep step, const Money& value, StepAbout about) {
   Formula result = add(step, about, value.formula(), Formula::ofMoney(value.value()));
   steps_[static_cast<std::size_t>(result.sources.front())].money = value.value();
   return {value.value(), std::move(result)};
 }
 
-TracedNumber Tracer::atMost(Step step, const Number& value, const Number& most) {
+TracedNumber Tracer::atMost(RuleStep step, const Number& value, const Number& most) {
   if (!(most < value)) return value;
   Number limited = tell(step, most);
   addSources(value.formula());
   return limited;
 }
 
-TracedMoney Tracer::atMost(Step step, const Money& value, const Money& most) {
+TracedMoney Tracer::atMost(RuleStep step, const Money& value, const Money& most) {
   if (!(most < value)) return value;
   Money limited = tell(step, most);
   addSources(value.formula());
@@ -96,10 +98,10 @@ void Tracer::addSources(const Formula& formula) {
   sources.insert(sources.end(), formula.sources.begin(), formula.sources.end());
 }
 
-TracedNumber Tracer::recall(Step step, double value) const {
+TracedNumber Tracer::recall(RuleStep step, double value) const {
   const std::string text = plainNumberText(value);
   for (std::size_t i = steps_.size(); i-- > 0;) {
-    const bool same = steps_[i].step == step || steps_[i].step == Step::whole_year_at_most;
+    const bool same = steps_[i].step == step || steps_[i].step == RuleStep::whole_year_at_most;
     if (!same || steps_[i].result != text) continue;
     Formula formula = Formula::ofNumber(value);
     formula.sources = {static_cast<int>(i)};
@@ -108,7 +110,7 @@ TracedNumber Tracer::recall(Step step, double value) const {
   return value;
 }
 
-TracedMoney Tracer::take(Currency& amount, Step step, const Money& value) {
+TracedMoney Tracer::take(Currency& amount, RuleStep step, const Money& value) {
   amount = value.value();
   Money taken = addsNothing(step) && justTold(value) ? value : tell(step, value);
   steps_.back().is_amount = true;

@@ -12,7 +12,7 @@ namespace depcalc {
 
 /// A step as it was told.
 struct ToldStep {
-  Step step;
+  RuleStep step;
   StepAbout about;
   std::optional<std::int32_t> year;  ///< none for what all fiscal years have in common
   Formula formula;
@@ -29,12 +29,12 @@ class Tracer {
   using Number = TracedNumber;
   using Money = TracedMoney;
 
-  Number tell(Step step, const Number& value, StepAbout about = {});
-  Money tell(Step step, const Money& value, StepAbout about = {});
-  Number atMost(Step step, const Number& value, const Number& most);
-  Money atMost(Step step, const Money& value, const Money& most);
-  [[nodiscard]] Number recall(Step step, double value) const;
-  Money take(Currency& amount, Step step, const Money& value);
+  Number tell(RuleStep step, const Number& value, StepAbout about = {});
+  Money tell(RuleStep step, const Money& value, StepAbout about = {});
+  Number atMost(RuleStep step, const Number& value, const Number& most);
+  Money atMost(RuleStep step, const Money& value, const Money& most);
+  [[nodiscard]] Number recall(RuleStep step, double value) const;
+  Money take(Currency& amount, RuleStep step, const Money& value);
   void beginYear(std::int32_t index) { year_ = index; }
 
   [[nodiscard]] const std::vector<ToldStep>& steps() const { return steps_; }
@@ -44,8 +44,8 @@ class Tracer {
   [[nodiscard]] Money moneyOf(std::size_t step) const;
 
  private:
-  Formula add(Step step, StepAbout about, const Formula& made, Formula result);
-  [[nodiscard]] std::optional<std::size_t> toldInCommon(Step step, const Formula& made) const;
+  Formula add(RuleStep step, StepAbout about, const Formula& made, Formula result);
+  [[nodiscard]] std::optional<std::size_t> toldInCommon(RuleStep step, const Formula& made) const;
   void addSources(const Formula& formula);
   [[nodiscard]] bool justTold(const Money& value) const;
 
