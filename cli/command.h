@@ -62,6 +62,8 @@ std::unique_ptr<Command> printCommand();
 std::unique_ptr<Command> reportCommand();
 std::unique_ptr<Command> explainCommand();
 std::unique_ptr<Command> dumpCommand();
+std::unique_ptr<Command> copyCommand();
+std::unique_ptr<Command> serverCommand();
 std::unique_ptr<Command> helpCommand();
 std::unique_ptr<Command> completionCommand();
 

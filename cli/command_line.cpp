@@ -124,6 +124,8 @@ std::vector<std::unique_ptr<Command>> allCommands() {
   commands.push_back(deleteCommand());
   commands.push_back(checkCommand());
   commands.push_back(dumpCommand());
+  commands.push_back(copyCommand());
+  commands.push_back(serverCommand());
   commands.push_back(helpCommand());
   commands.push_back(completionCommand());
   return commands;

@@ -6,7 +6,7 @@
 #include "cli/options.h"
 #include "common/heard_reports.h"
 #include "common/trapped.h"
-#include "host/sqlite/company_file.h"
+#include "host/places/company_places.h"
 #include "values/printable_text.h"
 
 namespace depcalc {
@@ -40,12 +40,12 @@ void CompanyCommand::declare(CLI::App& app) {
 
 ExitStatus CompanyCommand::run(Surroundings& surroundings) {
   const Date today = today_.value_or(surroundings.today);
-  const auto opened = SqliteCompanyFile::open(
-      path_, {.today = [today] { return today; }, .writable = !onlyReads(), .vfs = {}});
+  const auto opened = openCompany(
+      path_, {.opening = {.today = [today] { return today; }, .writable = !onlyReads()}});
   if (const auto* trouble = std::get_if<FileTrouble>(&opened)) {
     return reportTrouble(*trouble, surroundings.errors);
   }
-  const auto& file = std::get<std::shared_ptr<SqliteCompanyFile>>(opened);
+  const auto& file = std::get<std::shared_ptr<StoredCompanyFile>>(opened);
   Company company(file, printableText(path_), today, file->info());
   ExitStatus status = exit_system;
   const HeardReports heard;

@@ -1,7 +1,6 @@
 // depcalc new: an empty company file.
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -9,7 +8,7 @@
 #include "cli/command.h"
 #include "cli/company.h"
 #include "cli/options.h"
-#include "host/sqlite/company_file.h"
+#include "host/places/company_places.h"
 #include "values/en_us.h"
 #include "values/text.h"
 #include "values/utf8.h"
@@ -74,12 +73,16 @@ Exit status: 0 success, 2 wrong usage, 3 the file exists or cannot be created.)"
 
   ExitStatus run(Surroundings& surroundings) override {
     const Date today = today_.value_or(surroundings.today);
-    const std::string company = name_.value_or(std::filesystem::path(path_).stem().string());
-    const CompanyInfo info{.name = company, .first_month = first_month_, .multi_user = false};
-    const auto made = SqliteCompanyFile::create(
-        path_, info, {.today = [today] { return today; }, .writable = true, .vfs = {}});
-    const auto* trouble = std::get_if<FileTrouble>(&made);
-    return trouble != nullptr ? reportTrouble(*trouble, surroundings.errors) : exit_success;
+    try {
+      const CompanyInfo info{.name = name_ ? *name_ : nameOfPlace(path_),
+                             .first_month = first_month_,
+                             .multi_user = false};
+      const auto made = createCompany(path_, info, placesOn(today));
+      const auto* trouble = std::get_if<FileTrouble>(&made);
+      return trouble != nullptr ? reportTrouble(*trouble, surroundings.errors) : exit_success;
+    } catch (const FileTrouble& trouble) {
+      return reportTrouble(trouble, surroundings.errors);
+    }
   }
 
  private:

@@ -12,6 +12,8 @@ BEGIN {
   may["host/stored"] = may["host"] " host/stored"
   may["host/history"] = may["host"] " host/stored host/history"
   may["host/sqlite"] = may["host/stored"] " host/sqlite"
+  may["host/postgresql"] = may["host/stored"] " host/postgresql"
+  may["host/places"] = may["host/sqlite"] " host/postgresql host/places"
   may["entry"] = may["engine"] " controls entry"
   may["compare"] = may["engine"] " controls compare"
   may["register"] = may["engine"] " controls register"
@@ -27,9 +29,8 @@ BEGIN {
   may["importing"] = may["changes"] " entry importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
-  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
-  may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
-  may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
+  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
+  may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
   may["windows/controls"] = may["controls"] " windows/com windows/controls"
@@ -41,7 +42,7 @@ BEGIN {
   may["postgresql"] = may["engine"] " postgresql"
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
-  outside["host/stored"] = outside["host/sqlite"] = "."
+  outside["host/stored"] = outside["host/sqlite"] = outside["host/postgresql"] = outside["host/places"] = "."
   outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
   outside["postgresql"] = "^(postgres|access/|catalog/|fmgr|funcapi|miscadmin|utils/)"
   # Windows' own headers: in its rooms alone, and nothing else there.

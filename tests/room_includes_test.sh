@@ -29,7 +29,8 @@ expected() {
     host_memory | host_failing | host_stored) echo "$ground host $1" ;;
     history) echo "$ground host host_stored $1" ;;
     undoing) echo "$store host_stored history $1" ;;
-    host_sqlite) echo "$ground common host host_stored $1" ;;
+    host_sqlite | host_postgresql) echo "$ground common host host_stored $1" ;;
+    host_places) echo "$ground common host host_stored host_postgresql host_sqlite $1" ;;
     field_rules) echo "$ground $1" ;;
     compare_events | entry_events | register_events) echo "$records $1" ;;
     help_events) echo "$ground $1" ;;
@@ -51,7 +52,7 @@ expected() {
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_sqlite host_stored print_module register register_events" ;;
+    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_workspace) echo "$calculator reports desktop_widgets $1" ;;
