@@ -48,7 +48,7 @@ void addRow(Table& table, const ReportAsset& asset, int year) {
              table.text(saved.department), saved.placed_in_service, saved.basis, saved.salvage,
              saved.life, table.text(asset.convention()), table.text(asset.method()),
              asset.accumulated(year - 1), asset.amount(year), gone ? accumulated : Currency(),
-             after, gone ? Currency() : saved.basis - after, gone ? Cell(saved.disposed) : Cell()});
+             after, *bookValueAfter(asset, year), gone ? Cell(saved.disposed) : Cell()});
 }
 
 bool accumulatesWhatItTakes(std::span<const Cell> row) {
@@ -78,6 +78,12 @@ void proveBookValue(Report& report, Currency basis_disposed) {
 }
 
 }  // namespace
+
+std::optional<Currency> bookValueAfter(const ReportAsset& asset, int year) {
+  if (!isOnTheBooks(asset, year)) return std::nullopt;
+  if (asset.isDisposedIn(year)) return Currency();
+  return asset.saved().basis - asset.accumulated(year);
+}
 
 Report scheduleReport(const RegisterOfAssets& assets, int year, Grouping grouping) {
   Table table(columns());

@@ -46,20 +46,20 @@ const KindText& textOf(ReportKind kind) { return kind_texts.at(static_cast<std::
 
 }  // namespace
 
-ReportDesk::ReportDesk(RegisterOfAssets assets)
-    : assets_(std::move(assets)), year_(assets_.years.of(assets_.today)) {
+ReportDesk::ReportDesk(std::shared_ptr<const RegisterOfAssets> assets)
+    : assets_(std::move(assets)), year_(assets_->years.of(assets_->today)) {
   keepWithinRegister();
 }
 
-void ReportDesk::setRegister(RegisterOfAssets assets) {
+void ReportDesk::setRegister(std::shared_ptr<const RegisterOfAssets> assets) {
   assets_ = std::move(assets);
   keepWithinRegister();
 }
 
 void ReportDesk::keepWithinRegister() {
-  const auto last = static_cast<std::int32_t>(assets_.assets.size());
+  const auto last = static_cast<std::int32_t>(assets_->assets.size());
   asset_ = std::clamp(asset_, 1, std::max(1, last));
-  check_ = checkReport(assets_).report;
+  check_ = checkReport(*assets_).report;
   fresh_ = false;
 }
 
@@ -97,10 +97,10 @@ bool ReportDesk::asksForGrouping() const {
 bool ReportDesk::asksForAsset() const { return kind_ == ReportKind::asset; }
 
 std::vector<int> ReportDesk::years() const {
-  const int today = assets_.years.of(assets_.today);
+  const int today = assets_->years.of(assets_->today);
   int first = today;
   int last = today;
-  for (const ReportAsset& asset : assets_.assets) {
+  for (const ReportAsset& asset : assets_->assets) {
     first = std::min(first, asset.firstYear());
     last = std::max(last, asset.lastYear());
   }
@@ -113,7 +113,7 @@ std::vector<int> ReportDesk::years() const {
 
 std::vector<std::string> ReportDesk::assetNames() const {
   std::vector<std::string> names;
-  for (const ReportAsset& asset : assets_.assets) {
+  for (const ReportAsset& asset : assets_->assets) {
     const SavedAsset& saved = asset.saved();
     names.push_back(std::to_string(saved.number) + "  " + saved.id + "  " + saved.name);
   }
@@ -123,15 +123,15 @@ std::vector<std::string> ReportDesk::assetNames() const {
 std::optional<Report> ReportDesk::made() const {
   switch (kind_) {
     case ReportKind::schedule:
-      return scheduleReport(assets_, year_, grouping_);
+      return scheduleReport(*assets_, year_, grouping_);
     case ReportKind::years:
-      return yearsReport(assets_, rangeOfYears(assets_, {}, {}), grouping_);
+      return yearsReport(*assets_, rangeOfYears(*assets_, {}, {}), grouping_);
     case ReportKind::rollforward:
-      return rollforwardReport(assets_, year_, grouping_);
+      return rollforwardReport(*assets_, year_, grouping_);
     case ReportKind::journal:
-      return journalReport(assets_, year_, grouping_, JournalAccounts());
+      return journalReport(*assets_, year_, grouping_, JournalAccounts());
     case ReportKind::asset:
-      return assetReport(assets_, asset_);
+      return assetReport(*assets_, asset_);
     case ReportKind::check:
       return check_;
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,11 +37,11 @@ struct CopiedReport {
 /// ask for them.
 class ReportDesk {
  public:
-  explicit ReportDesk(RegisterOfAssets assets);
+  explicit ReportDesk(std::shared_ptr<const RegisterOfAssets> assets);
 
   /// The register has changed. The choices stay; an asset that is gone gives way to the last one.
-  void setRegister(RegisterOfAssets assets);
-  [[nodiscard]] const RegisterOfAssets& assets() const { return assets_; }
+  void setRegister(std::shared_ptr<const RegisterOfAssets> assets);
+  [[nodiscard]] const RegisterOfAssets& assets() const { return *assets_; }
 
   [[nodiscard]] static std::string_view titleOf(ReportKind kind);
   /// What a reader gets of that kind: "every asset, one fiscal year"; of the check, how much there
@@ -84,7 +85,7 @@ class ReportDesk {
   void keepWithinRegister();
   [[nodiscard]] std::optional<Report> made() const;
 
-  RegisterOfAssets assets_;
+  std::shared_ptr<const RegisterOfAssets> assets_;  ///< never null
   ReportKind kind_ = ReportKind::schedule;
   int year_ = 0;
   Grouping grouping_ = Grouping::none;

@@ -163,9 +163,14 @@ void GridWidget::showCurrent() {
   shown_column_ = grid_.column();
   repaintColumn(shown_column_);
   selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
-  if (!hasFocus()) return;
+  if (hasFocus()) revealCurrent();
+}
+
+/// In sight and not below the captions.
+void GridWidget::revealCurrent() {
+  if (grid_.rows() == 0 || grid_.columns() == 0) return;
+  const QModelIndex current = table_.index(grid_.row(), grid_.column());
   scrollTo(current);
-  // In sight and not below the captions.
   const int left = current.column() > 0 ? columnWidth(0) : 0;
   const int top = current.row() > 0 ? rowHeight(0) : 0;
   emit binding_.surface().attention(viewport(), visualRect(current).adjusted(-left, -top, 0, 0));

@@ -20,6 +20,9 @@ class GridWidget : public QTableView {
 
   [[nodiscard]] Grid& control() const { return grid_; }
 
+  /// Brings the current cell where the user can see it.
+  void revealCurrent();
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;

@@ -1,6 +1,7 @@
 #include "desktop/window/calculator.h"
 
 #include "common/trapped.h"
+#include "desktop/widgets/grid_widget.h"
 #include "desktop/window/missing_assets.h"
 #include "help/dep_calc_popup.h"
 #include "values/number_text.h"
@@ -127,6 +128,18 @@ void Calculator::selectAsset(int number) {
   Grid& table = view->AssetViewTable;
   if (number >= table.columns()) return;
   surface_.act([&](User& user) { user.clickCell(table, 0, number); });
+  if (auto* const grid = dynamic_cast<GridWidget*>(surface_.widget(table))) grid->revealCurrent();
+}
+
+bool Calculator::goToRegister() {
+  if (!validateField()) return false;
+  if (entersAnAsset()) {
+    auto* const tab = dynamic_cast<Label*>(container_.visibleScreen()->child("ViewAllLabel"));
+    if (tab == nullptr) return false;
+    surface_.act([tab](User& user) { user.click(*tab); });
+    stage_.pumpPaint();
+  }
+  return assetRegister() != nullptr && container_.visibleScreen() == assetRegister();
 }
 
 }  // namespace depcalc::desktop

@@ -59,8 +59,11 @@ class Calculator {
   [[nodiscard]] std::optional<int> assetCount();
   /// The number of the saved asset that is shown, or selected in the register.
   [[nodiscard]] std::optional<int> currentAsset();
-  /// Selects asset `number` in the register, where that shows.
+  /// Selects asset `number` in the register, where that shows, and brings it in sight.
   void selectAsset(int number);
+  /// Shows the register, by the tab of the screen that shows; the field that has the focus
+  /// validates first, and the calculator asks about changes. Returns whether it shows.
+  bool goToRegister();
 
  private:
   [[nodiscard]] bool entersAnAsset();

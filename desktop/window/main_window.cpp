@@ -148,6 +148,7 @@ void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& pa
                             .replaced = std::exchange(replaced_, std::nullopt)});
   kept_revision_ = revision().value_or(0);
   reports_revision_.reset();
+  read_.reset();
   backup_kept_ = false;
   followed_path_ = path;
   given_up_revision_.reset();
@@ -209,6 +210,9 @@ void MainWindow::setCompanyInfo(const CompanyInfo& info) {
   } catch (const CompanyFileError& error) {
     if (!told_) tell(qtText(error.what()));
   }
+  // A register knows its company's name and fiscal years.
+  read_.reset();
+  workspace_->listAnew();
   followCompany();
   noteChanges();
   showStatus();

@@ -92,6 +92,9 @@ class MainWindow : public QMainWindow {
   void undo();
   void redo();
   void showHistory();
+  /// As the register's Edit button would, from whatever screen: what is to be asked before that one
+  /// is left is asked, and where the user cancels, nothing changes.
+  void editAsset(std::int32_t number);
   /// A calculator of its own, anew.
   void startCalculator();
   /// Opens the Reports window with this kind of report, or brings it to the front.
@@ -133,17 +136,19 @@ class MainWindow : public QMainWindow {
 
   // main_window_reports.cpp
   void makeReportsMenu();
-  [[nodiscard]] RegisterOfAssets registerForReports();
+  [[nodiscard]] std::shared_ptr<const RegisterOfAssets> registerForReports();
   [[nodiscard]] std::size_t assetsNotPrinted();
   void followReports();
   [[nodiscard]] bool reportsAreOfCompany() const;
   void endReports();
 
   // main_window_workspace.cpp
-  void makeWorkspace(QMenu& view);
+  void makeWorkspace(const Workspace::Menus& menus);
   void fillToolbar();
   void fillInsight(InsightPanel& panel);
   [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);
+  [[nodiscard]] std::shared_ptr<RegisterOfAssets> registerAsSaved();
+  void selectAsset(std::int32_t number);
 
   // main_window_recalculation.cpp
   void askCompanyInfo();
@@ -240,6 +245,8 @@ class MainWindow : public QMainWindow {
   AssetMenu* asset_menu_ = nullptr;
   ViewMenu* view_menu_ = nullptr;
   Workspace* workspace_ = nullptr;
+  std::weak_ptr<RegisterOfAssets> read_;  ///< by who still shows it, as of
+  std::optional<std::uint64_t> read_revision_;
   QPointer<ReportsWindow> reports_;
   QString reports_path_;
   std::optional<std::uint64_t> reports_revision_;  ///< that they show

@@ -50,10 +50,21 @@ void MainWindow::showReports(ReportKind kind) {
   reports_->activateWindow();
 }
 
-RegisterOfAssets MainWindow::registerForReports() {
-  RegisterOfAssets assets =
-      readRegisterOfAssets(application_->CompanyFile(), company()->info().name, around_.today());
-  assets.assets_not_printed = assetsNotPrinted();
+/// One reading of a register serves all who show it. Another company's has another revision, or is
+/// shown by nobody.
+std::shared_ptr<RegisterOfAssets> MainWindow::registerAsSaved() {
+  auto assets = read_.lock();
+  if (assets != nullptr && read_revision_ == revision()) return assets;
+  assets = std::make_shared<RegisterOfAssets>(
+      readRegisterOfAssets(application_->CompanyFile(), company()->info().name, around_.today()));
+  read_ = assets;
+  read_revision_ = revision();
+  return assets;
+}
+
+std::shared_ptr<const RegisterOfAssets> MainWindow::registerForReports() {
+  const auto assets = registerAsSaved();
+  assets->assets_not_printed = assetsNotPrinted();
   return assets;
 }
 

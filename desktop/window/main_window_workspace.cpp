@@ -1,13 +1,24 @@
 // What stands around the page: what its parts are, and what they ask of the window.
+#include <QApplication>
+
 #include "common/trapped.h"
 #include "desktop/window/main_window.h"
 #include "reports/reading/register_reading.h"
 
 namespace depcalc::desktop {
 
-void MainWindow::makeWorkspace(QMenu& view) {
-  workspace_ = new Workspace(*this, view, around_.settings,
-                             {.read = [this](std::int32_t number) { return savedAssetAt(number); },
+void MainWindow::makeWorkspace(const Workspace::Menus& menus) {
+  const auto all = [this] {
+    std::shared_ptr<const RegisterOfAssets> assets;
+    trapped("DepCalcDesktop::listAssets", [&] { assets = registerAsSaved(); });
+    return assets;
+  };
+  workspace_ = new Workspace(*this, menus, around_.settings,
+                             {.revision = [this] { return revision(); },
+                              .read_all = all,
+                              .read = [this](std::int32_t number) { return savedAssetAt(number); },
+                              .choose = [this](std::int32_t number) { selectAsset(number); },
+                              .edit = [this](std::int32_t number) { editAsset(number); },
                               .fill = [this](InsightPanel& panel) { fillInsight(panel); },
                               .leave = [this] { page_->takeKeys(); }});
 }
@@ -26,6 +37,20 @@ void MainWindow::fillToolbar() {
 
 /// Insight's pages, in the order of their tabs.
 void MainWindow::fillInsight(InsightPanel&) {}
+
+/// The keys stay in the list, for the next choice.
+void MainWindow::selectAsset(std::int32_t number) {
+  if (calculator_ == nullptr) return;
+  const QPointer<QWidget> keys = QApplication::focusWidget();
+  calculator_->selectAsset(number);
+  if (keys != nullptr) keys->setFocus();
+}
+
+void MainWindow::editAsset(std::int32_t number) {
+  if (calculator_ == nullptr || !calculator_->goToRegister()) return;
+  calculator_->selectAsset(number);
+  if (calculator_->currentAsset() == number) asset_menu_->item("edit")->trigger();
+}
 
 std::optional<SavedAsset> MainWindow::savedAssetAt(std::int32_t number) {
   if (company() == nullptr || number < 1) return std::nullopt;

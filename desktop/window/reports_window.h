@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "desktop/printing/pdf_printer.h"
 #include "desktop/reports/report_desk.h"
@@ -28,7 +29,7 @@ class ReportsWindow : public QWidget {
  public:
   struct Surroundings {
     /// The register as it is saved now.
-    std::function<RegisterOfAssets()> read;
+    std::function<std::shared_ptr<const RegisterOfAssets>()> read;
     Settings& settings;
     QString company_path;
   };

@@ -15,6 +15,8 @@ const QString fit_width_key = QStringLiteral("view/fit_width");
 const QString geometry_key = QStringLiteral("window/geometry");
 const QString shown_key = QStringLiteral("workspace/%1");
 const QString width_key = QStringLiteral("workspace/%1_width");
+const QString asset_columns_key = QStringLiteral("workspace/asset_columns");
+const QString hides_disposed_key = QStringLiteral("workspace/hides_disposed");
 const QString printer_key = QStringLiteral("print/printer");
 
 }  // namespace
@@ -58,6 +60,14 @@ int Settings::width(const QString& part) const { return store_.value(width_key.a
 void Settings::setWidth(const QString& part, int width) {
   store_.setValue(width_key.arg(part), width);
 }
+
+QByteArray Settings::assetColumns() const { return store_.value(asset_columns_key).toByteArray(); }
+void Settings::setAssetColumns(const QByteArray& columns) {
+  store_.setValue(asset_columns_key, columns);
+}
+
+bool Settings::hidesDisposed() const { return store_.value(hides_disposed_key).toBool(); }
+void Settings::setHidesDisposed(bool on) { store_.setValue(hides_disposed_key, on); }
 
 QString Settings::printer() const { return store_.value(printer_key).toString(); }
 void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }

@@ -40,6 +40,12 @@ class Settings {
   [[nodiscard]] int width(const QString& part) const;
   void setWidth(const QString& part, int width);
 
+  /// Columns and order of the list of assets, as its header writes them.
+  [[nodiscard]] QByteArray assetColumns() const;
+  void setAssetColumns(const QByteArray& columns);
+  [[nodiscard]] bool hidesDisposed() const;
+  void setHidesDisposed(bool on);
+
   [[nodiscard]] QString printer() const;
   void setPrinter(const QString& name);
 

@@ -17,9 +17,12 @@ namespace depcalc::desktop {
 namespace {
 
 const QString toolbar_part = QStringLiteral("toolbar");
+const QString assets_part = QStringLiteral("assets");
 const QString insight_part = QStringLiteral("insight");
 
 constexpr int icon_side = 18;  // pixels
+
+bool stands(const QDockWidget* dock) { return dock != nullptr && !dock->isHidden(); }
 
 QToolBar* makeToolbar(QMainWindow& window) {
   auto* const toolbar = new QToolBar(QObject::tr("Toolbar"), &window);
@@ -37,7 +40,7 @@ QToolBar* makeToolbar(QMainWindow& window) {
 
 }  // namespace
 
-Workspace::Workspace(QMainWindow& window, QMenu& view, Settings& settings, Doors doors)
+Workspace::Workspace(QMainWindow& window, const Menus& menus, Settings& settings, Doors doors)
     : QObject(&window),
       window_(window),
       settings_(settings),
@@ -46,13 +49,18 @@ Workspace::Workspace(QMainWindow& window, QMenu& view, Settings& settings, Doors
       toolbar_(makeToolbar(window)) {
   // Each part has its item in the View menu; a second menu of them has no place.
   window.setContextMenuPolicy(Qt::NoContextMenu);
-  view.addSeparator();
-  show_insight_ = addPart(view, tr("Insi&ght"), insight_part);
-  show_insight_->setEnabled(false);
-  QAction* const show_toolbar = addPart(view, tr("&Toolbar"), toolbar_part);
+  menus.view.addSeparator();
+  show_assets_ = addPart(menus.view, tr("A&ssets"), assets_part);
+  show_insight_ = addPart(menus.view, tr("Insi&ght"), insight_part);
+  QAction* const show_toolbar = addPart(menus.view, tr("&Toolbar"), toolbar_part);
   show_toolbar->setChecked(settings.shown(toolbar_part).value_or(true));
   toolbar_->setVisible(show_toolbar->isChecked());
   connect(show_toolbar, &QAction::toggled, toolbar_, &QWidget::setVisible);
+  menus.edit.addSeparator();
+  find_asset_ = menus.edit.addAction(tr("&Find Asset"));
+  find_asset_->setShortcut(QKeySequence::Find);
+  connect(find_asset_, &QAction::triggered, this, &Workspace::findAsset);
+  for (QAction* action : {show_assets_, show_insight_, find_asset_}) action->setEnabled(false);
 }
 
 QAction* Workspace::addPart(QMenu& view, const QString& text, const QString& part) {
@@ -77,7 +85,8 @@ void Workspace::addToolSeparator() { toolbar_->addSeparator(); }
 
 void Workspace::setOpen(bool company) {
   if (std::exchange(open_, company) == company) return;
-  show_insight_->setEnabled(company);
+  for (QAction* action : {show_assets_, show_insight_, find_asset_}) action->setEnabled(company);
+  listed_ = false;
   if (company) decideFirst();
   arrange();
 }
@@ -88,16 +97,60 @@ void Workspace::decideFirst() {
   const double pixels = window_.logicalDpiX() / 96.0;
   const double page =
       style::page_width * window_.logicalDpiX() / static_cast<double>(twips_per_inch);
-  const FirstDocks first = firstDocks(window_.width(), static_cast<int>(page), 0,
-                                      static_cast<int>(insight_width * pixels));
+  const FirstDocks first =
+      firstDocks(window_.width(), static_cast<int>(page), static_cast<int>(assets_width * pixels),
+                 static_cast<int>(insight_width * pixels));
+  show_assets_->setChecked(settings_.shown(assets_part).value_or(first.assets));
   show_insight_->setChecked(settings_.shown(insight_part).value_or(first.insight));
 }
 
 void Workspace::arrange() {
+  const bool assets = open_ && show_assets_->isChecked();
+  if (assets && assets_dock_ == nullptr) makeAssets();
+  if (assets_dock_ != nullptr) assets_dock_->stand(assets);
+  if (!assets && assets_ != nullptr) assets_->showAssets(nullptr);
+  listed_ = listed_ && assets;
   const bool insight = open_ && show_insight_->isChecked();
   if (insight && insight_dock_ == nullptr) makeInsight();
   if (insight_dock_ != nullptr) insight_dock_->stand(insight && insight_->hasPages());
   follow();
+}
+
+void Workspace::makeAssets() {
+  const int width = assets_width * window_.logicalDpiX() / 96;
+  assets_dock_ = new SideDock({assets_part, tr("Assets"), Qt::LeftDockWidgetArea, width},
+                              *show_assets_, settings_, doors_.leave, window_);
+  assets_ = new AssetsPanel({settings_.assetColumns(), settings_.hidesDisposed()}, assets_dock_);
+  assets_dock_->setWidget(assets_);
+  connect(assets_, &AssetsPanel::chosen, this, &Workspace::chooseAsset);
+  connect(assets_, &AssetsPanel::opened, this, doors_.edit);
+  connect(assets_, &AssetsPanel::left, this, doors_.leave);
+}
+
+void Workspace::findAsset() {
+  if (!show_assets_->isChecked()) show_assets_->trigger();
+  assets_->startSearch();
+}
+
+/// The register's own choice comes after it, where that shows.
+void Workspace::chooseAsset(std::int32_t number) {
+  following_.chooseInList(number);
+  doors_.choose(number);
+  follow();
+}
+
+void Workspace::listAnew() {
+  listed_ = false;
+  follow();
+}
+
+/// Anew only after a change.
+void Workspace::listAssets() {
+  const auto revision = doors_.revision();
+  if (listed_ && revision == listed_revision_) return;
+  listed_ = true;
+  listed_revision_ = revision;
+  assets_->showAssets(doors_.read_all());
 }
 
 void Workspace::makeInsight() {
@@ -133,18 +186,28 @@ void Workspace::chooseInReport(std::int32_t number, std::optional<int> fiscal_ye
 
 /// Once for all that happens at a time.
 void Workspace::follow() {
-  const bool seen = insight_dock_ != nullptr && !insight_dock_->isHidden();
+  const bool seen = stands(assets_dock_) || stands(insight_dock_);
   if (!seen || std::exchange(to_follow_, true)) return;
   QTimer::singleShot(0, this, &Workspace::followNow);
 }
 
 void Workspace::followNow() {
   to_follow_ = false;
-  if (!insight_dock_->isHidden()) insight_->follow(following_.subject());
+  if (!open_) return;
+  if (stands(assets_dock_)) listAssets();
+  const InsightSubject subject = following_.subject();
+  if (stands(insight_dock_)) insight_->follow(subject);
+  if (stands(assets_dock_)) assets_->mark(subject.asset.number);
 }
 
 void Workspace::remember() {
-  if (insight_dock_ != nullptr) insight_dock_->rememberWidth();
+  for (SideDock* dock : {assets_dock_, insight_dock_}) {
+    if (dock != nullptr) dock->rememberWidth();
+  }
+  if (assets_ == nullptr) return;
+  const AssetsPanel::Looks looks = assets_->looks();
+  settings_.setAssetColumns(looks.columns);
+  settings_.setHidesDisposed(looks.hides_disposed);
 }
 
 }  // namespace depcalc::desktop

@@ -1,12 +1,14 @@
-// What stands around the calculator's page: the toolbar and, beside it, Insight.
+// What stands around the calculator's page: the toolbar and, beside it, the assets and Insight.
 #pragma once
 
 #include <QObject>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "desktop/widgets/surface.h"
 #include "desktop/window/settings.h"
+#include "desktop/workspace/assets_panel.h"
 #include "desktop/workspace/insight_following.h"
 #include "desktop/workspace/insight_panel.h"
 
@@ -26,14 +28,24 @@ class Workspace : public QObject {
   Q_OBJECT
 
  public:
+  struct Menus {
+    QMenu& edit;
+    QMenu& view;
+  };
   struct Doors {
-    InsightFollowing::ReadAsset read;         ///< an asset as it is saved
-    std::function<void(InsightPanel&)> fill;  ///< adds Insight's pages
-    std::function<void()> leave;              ///< the keys go back to the page
+    /// What is saved: it changes with every change. Nothing where it cannot be told.
+    std::function<std::optional<std::uint64_t>()> revision;
+    /// All of it; null where it could not be read.
+    std::function<std::shared_ptr<const RegisterOfAssets>()> read_all;
+    InsightFollowing::ReadAsset read;          ///< one asset of it
+    std::function<void(std::int32_t)> choose;  ///< in the register, where that shows
+    std::function<void(std::int32_t)> edit;    ///< as Asset > Edit does
+    std::function<void(InsightPanel&)> fill;   ///< adds Insight's pages
+    std::function<void()> leave;               ///< the keys go back to the page
   };
 
   /// `window` and `settings` live longer than this.
-  Workspace(QMainWindow& window, QMenu& view, Settings& settings, Doors doors);
+  Workspace(QMainWindow& window, const Menus& menus, Settings& settings, Doors doors);
 
   /// A button of the toolbar for an action of the menus, which keeps its own text there. `picture`
   /// is a name of `toolPicture`.
@@ -46,19 +58,26 @@ class Workspace : public QObject {
   void setCalculator(Calculator* calculator);
   /// Something may be another now, in the calculator or in the company.
   void follow();
+  /// What is listed of the company may be another, whatever its revision says.
+  void listAnew();
   /// What Insight is about, from elsewhere than the calculator.
   void chooseInReport(std::int32_t number, std::optional<int> fiscal_year);
   /// Before the window closes.
   void remember();
 
-  /// Null as long as it was never to be seen.
+  // Null as long as they were never to be seen.
   [[nodiscard]] InsightPanel* insight() const { return insight_; }
+  [[nodiscard]] AssetsPanel* assets() const { return assets_; }
 
  private:
   QAction* addPart(QMenu& view, const QString& text, const QString& part);
   void decideFirst();
   void arrange();
+  void makeAssets();
   void makeInsight();
+  void findAsset();
+  void chooseAsset(std::int32_t number);
+  void listAssets();
   void followNow();
 
   QMainWindow& window_;
@@ -66,12 +85,18 @@ class Workspace : public QObject {
   Doors doors_;
   InsightFollowing following_;
   QToolBar* toolbar_;
+  QAction* show_assets_;
   QAction* show_insight_;
+  QAction* find_asset_;
+  SideDock* assets_dock_ = nullptr;
+  AssetsPanel* assets_ = nullptr;
   SideDock* insight_dock_ = nullptr;
   InsightPanel* insight_ = nullptr;
   bool open_ = false;
   bool decided_ = false;  ///< what stands beside the page of who has never chosen
   bool to_follow_ = false;
+  bool listed_ = false;  ///< the assets of this company, as of
+  std::optional<std::uint64_t> listed_revision_;
 };
 
 }  // namespace depcalc::desktop

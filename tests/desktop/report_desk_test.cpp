@@ -40,8 +40,12 @@ RegisterOfAssets twoAssets() {
   return assets;
 }
 
+std::shared_ptr<const RegisterOfAssets> shared(RegisterOfAssets assets) {
+  return std::make_shared<const RegisterOfAssets>(std::move(assets));
+}
+
 struct Desk : ::testing::Test {
-  ReportDesk desk{twoAssets()};
+  ReportDesk desk{shared(twoAssets())};
 };
 
 TEST_F(Desk, BeginsWithTheScheduleOfThisYear) {
@@ -95,11 +99,11 @@ TEST_F(Desk, FollowsTheRegister) {
   desk.chooseAsset(2);
   RegisterOfAssets one = twoAssets();
   one.assets.pop_back();
-  desk.setRegister(one);
+  desk.setRegister(shared(one));
   EXPECT_EQ(desk.asset(), 1);
   EXPECT_THAT(desk.report()->title, HasSubstr("A1"));
   one.assets.clear();
-  desk.setRegister(one);
+  desk.setRegister(shared(one));
   EXPECT_EQ(desk.report(), nullptr);
   EXPECT_EQ(desk.trouble(), "There is no asset to report on yet.");
   std::string trouble;
@@ -114,7 +118,7 @@ TEST_F(Desk, CountsWhatThereIsToLookAt) {
   EXPECT_THAT(line(), HasSubstr("to look at"));
   RegisterOfAssets none = twoAssets();
   none.assets.clear();
-  desk.setRegister(none);
+  desk.setRegister(shared(none));
   EXPECT_EQ(line(), "nothing to look at");
 }
 
@@ -145,7 +149,7 @@ TEST_F(Desk, SaysWhereAmountsAreBeyondAllBounds) {
     saved.basis = Currency::fromTicks(9'000'000'000'000'000'000);
     asset = ReportAsset(saved);
   }
-  desk.setRegister(assets);
+  desk.setRegister(shared(assets));
   desk.chooseYear(2025);
   EXPECT_EQ(desk.report(), nullptr);
   EXPECT_EQ(desk.trouble(), "The amounts of this report are too large to be added up.");
