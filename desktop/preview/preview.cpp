@@ -1,5 +1,6 @@
 #include "desktop/preview/preview.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -17,6 +18,7 @@ namespace {
 
 constexpr QSize picture_size(940, 640);  // whatever screen there is
 constexpr QSize reports_size(1240, 800);
+constexpr QSize workspace_size(1440, 862);
 constexpr int page_dpi = 110;
 constexpr double margin_points = 36;
 
@@ -62,6 +64,21 @@ class Walk {
     grab(QStringLiteral("comparison"));
     user([comparison](User& user) { user.click(comparison->HelpLabel); });
     grab(QStringLiteral("comparison-help"));
+    calculator().surface().handleKey(Qt::Key_Escape, Qt::NoModifier);
+    showWorkspace(comparison->DisplayTable);
+  }
+
+  /// All that can stand around the page, with a cell in view.
+  void showWorkspace(const Grid& amounts) {
+    window_.resize(workspace_size);
+    for (const char* part : {"toolbar", "assets", "insight"}) {
+      auto* const item = window_.findChild<QAction*>(QLatin1String(part));
+      if (item != nullptr && !item->isChecked()) item->trigger();
+    }
+    show();
+    emit calculator().surface().cellPointed(amounts, 2, 2);
+    show();
+    grab(QStringLiteral("workspace"));
   }
 
   template <typename Action>

@@ -9,6 +9,7 @@
 
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/start_page.h"
+#include "desktop/window/workspace.h"
 #include "host/unit_of_work.h"
 #include "values/en_us.h"
 

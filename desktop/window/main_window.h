@@ -20,7 +20,6 @@
 #include "desktop/window/settings.h"
 #include "desktop/window/undo_menu.h"
 #include "desktop/window/view_menu.h"
-#include "desktop/window/workspace.h"
 
 class QAction;
 class QLabel;
@@ -34,7 +33,9 @@ struct Recalculation;
 
 namespace depcalc::desktop {
 
+class InsightPanel;
 class ReportsWindow;
+class Workspace;
 
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -143,7 +144,7 @@ class MainWindow : public QMainWindow {
   void endReports();
 
   // main_window_workspace.cpp
-  void makeWorkspace(const Workspace::Menus& menus);
+  void makeWorkspace(QMenu& edit, QMenu& view);
   void fillToolbar();
   void fillInsight(InsightPanel& panel);
   [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);

@@ -4,6 +4,7 @@
 #include <QScopedValueRollback>
 
 #include "desktop/window/main_window.h"
+#include "desktop/window/workspace.h"
 
 namespace depcalc::desktop {
 

@@ -21,7 +21,7 @@ void MainWindow::makeMenus() {
   makeReportsMenu();
   QMenu& view = *menuBar()->addMenu(tr("Vie&w"));
   view_menu_ = new ViewMenu(view, around_.settings, *page_);
-  makeWorkspace({edit, view});
+  makeWorkspace(edit, view);
   fillToolbar();
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));

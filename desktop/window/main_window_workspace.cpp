@@ -3,17 +3,18 @@
 
 #include "common/trapped.h"
 #include "desktop/window/main_window.h"
+#include "desktop/window/workspace.h"
 #include "reports/reading/register_reading.h"
 
 namespace depcalc::desktop {
 
-void MainWindow::makeWorkspace(const Workspace::Menus& menus) {
+void MainWindow::makeWorkspace(QMenu& edit, QMenu& view) {
   const auto all = [this] {
     std::shared_ptr<const RegisterOfAssets> assets;
     trapped("DepCalcDesktop::listAssets", [&] { assets = registerAsSaved(); });
     return assets;
   };
-  workspace_ = new Workspace(*this, menus, around_.settings,
+  workspace_ = new Workspace(*this, {edit, view}, around_.settings,
                              {.revision = [this] { return revision(); },
                               .read_all = all,
                               .read = [this](std::int32_t number) { return savedAssetAt(number); },
@@ -46,8 +47,10 @@ void MainWindow::selectAsset(std::int32_t number) {
   if (keys != nullptr) keys->setFocus();
 }
 
+/// Where the user stays with the asset that is being entered, its form gets the keys.
 void MainWindow::editAsset(std::int32_t number) {
-  if (calculator_ == nullptr || !calculator_->goToRegister()) return;
+  if (calculator_ == nullptr) return;
+  if (!calculator_->goToRegister()) return page_->takeKeys();
   calculator_->selectAsset(number);
   if (calculator_->currentAsset() == number) asset_menu_->item("edit")->trigger();
 }

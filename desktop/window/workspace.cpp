@@ -1,11 +1,14 @@
 #include "desktop/window/workspace.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
-#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
+#include <chrono>
+#include <vector>
 
 #include "controls/page_style.h"
 #include "desktop/window/calculator.h"
@@ -20,6 +23,7 @@ const QString toolbar_part = QStringLiteral("toolbar");
 const QString assets_part = QStringLiteral("assets");
 const QString insight_part = QStringLiteral("insight");
 
+constexpr std::chrono::milliseconds question_pause(200);
 constexpr int icon_side = 18;  // pixels
 
 bool stands(const QDockWidget* dock) { return dock != nullptr && !dock->isHidden(); }
@@ -54,6 +58,7 @@ Workspace::Workspace(QMainWindow& window, const Menus& menus, Settings& settings
   show_insight_ = addPart(menus.view, tr("Insi&ght"), insight_part);
   QAction* const show_toolbar = addPart(menus.view, tr("&Toolbar"), toolbar_part);
   show_toolbar->setChecked(settings.shown(toolbar_part).value_or(true));
+  addTravel(menus.view);
   toolbar_->setVisible(show_toolbar->isChecked());
   connect(show_toolbar, &QAction::toggled, toolbar_, &QWidget::setVisible);
   menus.edit.addSeparator();
@@ -61,10 +66,38 @@ Workspace::Workspace(QMainWindow& window, const Menus& menus, Settings& settings
   find_asset_->setShortcut(QKeySequence::Find);
   connect(find_asset_, &QAction::triggered, this, &Workspace::findAsset);
   for (QAction* action : {show_assets_, show_insight_, find_asset_}) action->setEnabled(false);
+  to_follow_.setSingleShot(true);
+  connect(&to_follow_, &QTimer::timeout, this, &Workspace::followNow);
+}
+
+void Workspace::addTravel(QMenu& view) {
+  const auto add = [this, &view](const QString& text, const QKeySequence& key, int step) {
+    QAction* const action = view.addAction(text);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, [this, step] { travel(step); });
+  };
+  add(tr("&Next Part"), QKeySequence(Qt::Key_F6), 1);
+  add(tr("&Previous Part"), QKeySequence(Qt::SHIFT | Qt::Key_F6), -1);
+}
+
+/// The keys go to the next of what stands side by side, from left to right, round and round.
+void Workspace::travel(int step) {
+  std::vector<std::pair<QWidget*, std::function<void()>>> parts;
+  if (stands(assets_dock_)) parts.push_back({assets_dock_, [this] { assets_->startSearch(); }});
+  parts.push_back({window_.centralWidget(), doors_.leave});
+  if (stands(insight_dock_)) parts.push_back({insight_dock_, [this] { insight_->takeKeys(); }});
+  const QWidget* const keys = QApplication::focusWidget();
+  const auto here = std::find_if(parts.begin(), parts.end(), [keys](const auto& part) {
+    return keys == part.first || part.first->isAncestorOf(keys);
+  });
+  const auto count = std::ssize(parts);
+  const auto at = here == parts.end() ? 0 : here - parts.begin();
+  parts[static_cast<std::size_t>((at + step + count) % count)].second();
 }
 
 QAction* Workspace::addPart(QMenu& view, const QString& text, const QString& part) {
   QAction* const action = view.addAction(text);
+  action->setObjectName(part);
   action->setCheckable(true);
   action->setChecked(settings_.shown(part).value_or(false));
   connect(action, &QAction::triggered, this, [this, part](bool on) {
@@ -186,13 +219,12 @@ void Workspace::chooseInReport(std::int32_t number, std::optional<int> fiscal_ye
 
 /// Once for all that happens at a time.
 void Workspace::follow() {
-  const bool seen = stands(assets_dock_) || stands(insight_dock_);
-  if (!seen || std::exchange(to_follow_, true)) return;
-  QTimer::singleShot(0, this, &Workspace::followNow);
+  if (stands(assets_dock_) || stands(insight_dock_)) to_follow_.start(std::chrono::seconds(0));
 }
 
+/// A change that could not be saved is held while the user is asked about it: nothing is read then.
 void Workspace::followNow() {
-  to_follow_ = false;
+  if (QApplication::activeModalWidget() != nullptr) return to_follow_.start(question_pause);
   if (!open_) return;
   if (stands(assets_dock_)) listAssets();
   const InsightSubject subject = following_.subject();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -77,6 +78,8 @@ class Workspace : public QObject {
   void makeInsight();
   void findAsset();
   void chooseAsset(std::int32_t number);
+  void addTravel(QMenu& view);
+  void travel(int step);
   void listAssets();
   void followNow();
 
@@ -94,7 +97,7 @@ class Workspace : public QObject {
   InsightPanel* insight_ = nullptr;
   bool open_ = false;
   bool decided_ = false;  ///< what stands beside the page of who has never chosen
-  bool to_follow_ = false;
+  QTimer to_follow_;
   bool listed_ = false;  ///< the assets of this company, as of
   std::optional<std::uint64_t> listed_revision_;
 };

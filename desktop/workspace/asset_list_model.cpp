@@ -10,7 +10,24 @@
 namespace depcalc::desktop {
 namespace {
 
-std::string folded(std::string_view text) { return qtText(text).toCaseFolded().toStdString(); }
+/// Most texts are plain, and of a full register there are 131,064.
+std::string folded(std::string_view text) {
+  std::string plain(text);
+  for (char& character : plain) {
+    if (static_cast<unsigned char>(character) >= 128)
+      return qtText(text).toCaseFolded().toStdString();
+    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
+  }
+  return plain;
+}
+
+/// Fainter than other texts, and still to be read.
+QColor faintText() {
+  constexpr float strength = 0.62F;
+  QColor colour = QGuiApplication::palette().color(QPalette::Text);
+  colour.setAlphaF(strength);
+  return colour;
+}
 
 AssetColumn columnAt(int section) { return static_cast<AssetColumn>(section); }
 
@@ -55,8 +72,7 @@ QVariant AssetListModel::data(const QModelIndex& index, int role) const {
     case Qt::TextAlignmentRole:
       return QVariant(Qt::AlignVCenter | (isAmount(column) ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ForegroundRole:
-      return disposed ? QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text)
-                      : QVariant();
+      return disposed ? QVariant(faintText()) : QVariant();
     case Qt::FontRole: {
       if (!disposed || column != AssetColumn::id) return {};
       QFont font;
@@ -69,7 +85,11 @@ QVariant AssetListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant AssetListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || section < 0 || section >= asset_column_count) return {};
+  // Not to be seen: what a screen reader calls the row.
+  if (orientation == Qt::Vertical) {
+    return role == Qt::DisplayRole ? index(section, 0).data() : QVariant();
+  }
+  if (section < 0 || section >= asset_column_count) return {};
   const AssetColumn column = columnAt(section);
   const QString names[] = {tr("Asset ID"), tr("Name"),   tr("Department"), tr("In service"),
                            tr("Basis"),    tr("Method"), tr("Book value")};

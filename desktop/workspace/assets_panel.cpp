@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/widgets/colours.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/workspace/panel_keys.h"
 
@@ -57,6 +58,7 @@ AssetsPanel::AssetsPanel(const Looks& looks, QWidget* parent)
   column->addWidget(totals_);
   setTabOrder(hide_disposed_, findChild<QToolButton*>(QStringLiteral("AssetColumns")));
   setTabOrder(findChild<QToolButton*>(QStringLiteral("AssetColumns")), table_);
+  colourChoice();
   showColumns(looks.columns);
   hide_disposed_->setChecked(looks.hides_disposed);
   showTotals();
@@ -121,6 +123,8 @@ void AssetsPanel::makeTable() {
   header.setSortIndicatorClearable(true);
   header.setSortIndicator(-1, Qt::AscendingOrder);
   header.setSectionsMovable(true);
+  header.setMinimumSectionSize(fontMetrics().averageCharWidth() * 7);
+  header.setSectionResizeMode(static_cast<int>(AssetColumn::name), QHeaderView::Stretch);
   table_->setSortingEnabled(true);
   connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &AssetsPanel::rowChosen);
@@ -233,6 +237,22 @@ bool AssetsPanel::eventFilter(QObject* watched, QEvent* event) {
 void AssetsPanel::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) return clearOrLeave();
   QWidget::keyPressEvent(event);
+}
+
+void AssetsPanel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) colourChoice();
+  QWidget::changeEvent(event);
+}
+
+/// As what the calculator itself marks.
+void AssetsPanel::colourChoice() {
+  const Colours colours(palette());
+  QPalette look = palette();
+  for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+    look.setColor(group, QPalette::Highlight, colours.accent());
+    look.setColor(group, QPalette::HighlightedText, colours.paper());
+  }
+  table_->setPalette(look);
 }
 
 bool AssetsPanel::focusNextPrevChild(bool next) { return moveKeysWithin(*this, next); }

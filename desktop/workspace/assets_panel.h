@@ -48,6 +48,7 @@ class AssetsPanel : public QWidget {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
  private:
@@ -55,6 +56,7 @@ class AssetsPanel : public QWidget {
   QWidget* makeChoices();
   void makeTable();
   void fillColumnsMenu();
+  void colourChoice();
   void showColumns(const QByteArray& columns);
   void change(const std::function<void(AssetList&)>& change);
   void showTotals();

@@ -1,5 +1,6 @@
 #include "desktop/workspace/insight_panel.h"
 
+#include <QStackedWidget>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -16,6 +17,9 @@ InsightPanel::InsightPanel(QWidget* parent) : QWidget(parent), pages_(new QTabWi
   pages_->setAccessibleName(tr("Insight"));
   pages_->tabBar()->setAccessibleName(tr("Insight"));
   pages_->setDocumentMode(true);
+  for (auto* stack : pages_->findChildren<QStackedWidget*>()) {
+    stack->setAccessibleName(tr("Insight"));
+  }
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(pages_);
@@ -38,6 +42,8 @@ void InsightPanel::choose(const QString& title) {
     if (pages_->tabText(i) == title) pages_->setCurrentIndex(i);
   }
 }
+
+void InsightPanel::takeKeys() { pages_->tabBar()->setFocus(Qt::ShortcutFocusReason); }
 
 void InsightPanel::follow(const InsightSubject& subject) {
   if (subject == subject_) return;

@@ -23,6 +23,9 @@ class InsightPanel : public QWidget {
   /// The page of this title comes to the front, where there is one.
   void choose(const QString& title);
 
+  /// The tabs get the keys.
+  void takeKeys();
+
   /// Hears of the same subject once.
   void follow(const InsightSubject& subject);
 

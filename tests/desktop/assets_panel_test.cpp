@@ -1,5 +1,6 @@
 // The assets beside the page: chosen, edited, remembered, and in nobody's way.
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDockWidget>
 #include <QHeaderView>
 #include <QMenu>
@@ -149,6 +150,7 @@ TEST_F(AssetsBeside, AFieldThatRefusesItsTextKeepsTheFormWhereItIs) {
   EXPECT_THAT(boxes.take(), ElementsAre("Placed-in-service Date | Please enter a valid date."));
   EXPECT_EQ(shown(), "DepCalcCtl1");
   EXPECT_EQ(focused(), "StartDateText");
+  EXPECT_TRUE(widget(form().StartDateText).hasFocus()) << "to be put right";
 }
 
 TEST_F(AssetsBeside, EscapeClearsTheSearchAndThenGoesBackToThePage) {
@@ -175,6 +177,37 @@ TEST_F(AssetsBeside, TabGoesRoundAmongThemAndNotIntoThePage) {
                                  "AssetSearch"));
   key(Qt::Key_Backtab, Qt::ShiftModifier);
   EXPECT_TRUE(search().hasFocus());
+}
+
+TEST_F(AssetsBeside, AreReachedFromThePageAndBackByF6) {
+  key(Qt::Key_N, Qt::AltModifier);
+  goTo("StartDateText");
+  type("13/45/2020");
+  key(Qt::Key_F6);
+  EXPECT_EQ(focused(), "StartDateText") << "nothing stands beside the page";
+  action("Assets").trigger();
+  settle();
+  for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+    key(Qt::Key_F6, modifier);
+    EXPECT_TRUE(search().hasFocus());
+    key(Qt::Key_F6, modifier);
+    EXPECT_TRUE(widget(form().StartDateText).hasFocus());
+  }
+  EXPECT_THAT(boxes.take(), IsEmpty());
+  EXPECT_EQ(form().StartDateText.text(), "13/45/2020");
+}
+
+TEST_F(AssetsBeside, AreFoundWhateverTheirLettersAreCapitalOrNot) {
+  click(assets().NewButton.normal);
+  goTo("NameText");
+  QApplication::clipboard()->setText(QStringLiteral("Kühlanlage ÖL"));
+  key(Qt::Key_V, Qt::ControlModifier);
+  key(Qt::Key_S, Qt::AltModifier);
+  key(Qt::Key_F, Qt::ControlModifier);
+  for (const QString& text : {QStringLiteral("KÜHL"), QStringLiteral("öl küh")}) {
+    search().setText(text);
+    EXPECT_EQ(listed().size(), 1U) << text.toStdString();
+  }
 }
 
 TEST_F(AssetsBeside, AreGreyedAndHiddenOnceTheyAreDisposedOf) {

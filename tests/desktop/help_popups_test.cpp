@@ -8,6 +8,7 @@ namespace {
 
 struct HelpPopups : WindowTest {
   HelpPopups() {
+    settings.setShown("assets", false);
     window.resize(1280, 760);
     newCompany();
   }

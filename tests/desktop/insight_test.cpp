@@ -4,6 +4,8 @@
 #include <QToolButton>
 
 #include "desktop/workspace/first_docks.h"
+#include "desktop/workspace/insight_following.h"
+#include "desktop/workspace/insight_panel.h"
 #include "tests/desktop/window_fixture.h"
 
 namespace depcalc::testing {

@@ -193,7 +193,8 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
        {"Depreciation Schedule…", "All Fiscal Years…", "Roll-forward…", "Journal Entry…",
         "Asset Card…", "Register Check…"}},
       {"View",
-       {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size", "Assets", "Insight", "Toolbar"}},
+       {"Fit Width", "Zoom", "Zoom In", "Zoom Out", "Actual Size", "Assets", "Insight", "Toolbar",
+        "Next Part", "Previous Part"}},
       {"Help",
        {"Using This Calculator", "Comparing depreciation methods",
         "Entering assets without comparing methods", "Recalculating depreciation expense",
@@ -290,6 +291,25 @@ TEST_F(Promises, EveryScreenAndPopupHasNamesForAssistiveTools) {
   expectNames(window, 40);
   window.closeCompany();
   expectNames(window, 40);
+}
+
+TEST_F(Promises, WhatStandsAroundThePageHasNamesForAssistiveTools) {
+  saveTruck();
+  action("Find Asset").trigger();
+  settle();
+  expectNames(window, 120);
+}
+
+TEST_F(Promises, NoMnemonicOfAMenuIsTakenTwice) {
+  for (const QAction* menu : window.menuBar()->actions()) {
+    std::map<QString, std::string> taken;
+    for (const QAction* item : menu->menu()->actions()) {
+      const QString letter = QKeySequence::mnemonic(item->text()).toString();
+      if (letter.isEmpty() || !item->isVisible()) continue;
+      const std::string text = item->text().toStdString();
+      EXPECT_TRUE(taken.try_emplace(letter, text).second) << text << " and " << taken[letter];
+    }
+  }
 }
 
 TEST_F(Promises, TheReportsWindowHasNamesForAssistiveTools) {
