@@ -28,7 +28,7 @@ constexpr int icon_side = 18;  // pixels
 
 bool stands(const QDockWidget* dock) { return dock != nullptr && !dock->isHidden(); }
 
-QToolBar* makeToolbar(QMainWindow& window) {
+QToolBar* emptyToolbar(QMainWindow& window) {
   auto* const toolbar = new QToolBar(QObject::tr("Toolbar"), &window);
   toolbar->setObjectName(QStringLiteral("Toolbar"));
   toolbar->setAccessibleName(QObject::tr("Toolbar"));
@@ -49,23 +49,22 @@ Workspace::Workspace(QMainWindow& window, const Menus& menus, Settings& settings
       window_(window),
       settings_(settings),
       doors_(std::move(doors)),
-      following_(doors_.read),
-      toolbar_(makeToolbar(window)) {
+      following_(doors_.read) {
   // Each part has its item in the View menu; a second menu of them has no place.
   window.setContextMenuPolicy(Qt::NoContextMenu);
   menus.view.addSeparator();
   show_assets_ = addPart(menus.view, tr("A&ssets"), assets_part);
   show_insight_ = addPart(menus.view, tr("Insi&ght"), insight_part);
-  QAction* const show_toolbar = addPart(menus.view, tr("&Toolbar"), toolbar_part);
-  show_toolbar->setChecked(settings.shown(toolbar_part).value_or(true));
+  show_toolbar_ = addPart(menus.view, tr("&Toolbar"), toolbar_part);
+  show_toolbar_->setChecked(settings.shown(toolbar_part).value_or(true));
   addTravel(menus.view);
-  toolbar_->setVisible(show_toolbar->isChecked());
-  connect(show_toolbar, &QAction::toggled, toolbar_, &QWidget::setVisible);
   menus.edit.addSeparator();
   find_asset_ = menus.edit.addAction(tr("&Find Asset"));
   find_asset_->setShortcut(QKeySequence::Find);
   connect(find_asset_, &QAction::triggered, this, &Workspace::findAsset);
-  for (QAction* action : {show_assets_, show_insight_, find_asset_}) action->setEnabled(false);
+  for (QAction* action : {show_toolbar_, show_assets_, show_insight_, find_asset_}) {
+    action->setEnabled(false);
+  }
   to_follow_.setSingleShot(true);
   connect(&to_follow_, &QTimer::timeout, this, &Workspace::followNow);
 }
@@ -111,14 +110,29 @@ void Workspace::addTool(QAction& action, const QString& caption, const char* pic
   action.setIcon(toolIcon(picture));
   action.setIconText(caption);
   action.setIconVisibleInMenu(false);
-  toolbar_->addAction(&action);
+  tools_ << &action;
 }
 
-void Workspace::addToolSeparator() { toolbar_->addSeparator(); }
+void Workspace::addToolSeparator() { tools_ << nullptr; }
+
+/// Made when it is first to be seen, as all that stands around the page: the window itself is to be
+/// painted at once.
+void Workspace::makeToolbar() {
+  toolbar_ = emptyToolbar(window_);
+  for (QAction* tool : tools_) {
+    if (tool == nullptr) {
+      toolbar_->addSeparator();
+    } else {
+      toolbar_->addAction(tool);
+    }
+  }
+}
 
 void Workspace::setOpen(bool company) {
   if (std::exchange(open_, company) == company) return;
-  for (QAction* action : {show_assets_, show_insight_, find_asset_}) action->setEnabled(company);
+  for (QAction* action : {show_toolbar_, show_assets_, show_insight_, find_asset_}) {
+    action->setEnabled(company);
+  }
   listed_ = false;
   if (company) decideFirst();
   arrange();
@@ -138,6 +152,9 @@ void Workspace::decideFirst() {
 }
 
 void Workspace::arrange() {
+  const bool toolbar = open_ && show_toolbar_->isChecked();
+  if (toolbar && toolbar_ == nullptr) makeToolbar();
+  if (toolbar_ != nullptr) toolbar_->setVisible(toolbar);
   const bool assets = open_ && show_assets_->isChecked();
   if (assets && assets_dock_ == nullptr) makeAssets();
   if (assets_dock_ != nullptr) assets_dock_->stand(assets);

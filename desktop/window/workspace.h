@@ -1,6 +1,7 @@
 // What stands around the calculator's page: the toolbar and, beside it, the assets and Insight.
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QTimer>
 #include <functional>
@@ -74,6 +75,7 @@ class Workspace : public QObject {
   QAction* addPart(QMenu& view, const QString& text, const QString& part);
   void decideFirst();
   void arrange();
+  void makeToolbar();
   void makeAssets();
   void makeInsight();
   void findAsset();
@@ -87,7 +89,9 @@ class Workspace : public QObject {
   Settings& settings_;
   Doors doors_;
   InsightFollowing following_;
-  QToolBar* toolbar_;
+  QList<QAction*> tools_;  ///< null for a gap
+  QToolBar* toolbar_ = nullptr;
+  QAction* show_toolbar_;
   QAction* show_assets_;
   QAction* show_insight_;
   QAction* find_asset_;
