@@ -18,7 +18,10 @@ ImportedRows readRows(AssetReader& reader, Date today, Duplicates* duplicates,
     const Outcome outcome = reader.next(*asset);
     if (outcome == Outcome::end || outcome == Outcome::unreadable) break;
     std::vector<RowProblem> twice;
-    if (duplicates != nullptr) twice = duplicates->problemsOf(*asset, reader.line());
+    if (duplicates != nullptr) {
+      twice = duplicates->problemsOf(asset->AssetID(), asset->ASerial(), reader.line());
+      duplicates->add(asset->AssetID(), asset->ASerial(), reader.line());
+    }
     if (outcome == Outcome::problems || !twice.empty()) {
       if (!twice.empty()) ++rows.duplicate_rows;
       if (++rows.bad_rows > most_reported_rows) continue;

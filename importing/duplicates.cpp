@@ -8,24 +8,43 @@ Duplicates::Duplicates(CompanyAssets& company) {
   const std::int32_t count = company.assetCount();
   for (std::int32_t i = 1; i <= count; ++i) {
     const CalculateDepPtr asset = company.asset(i);
-    const std::string owner = "Asset " + std::to_string(i) + " of the register";
-    if (!asset->AssetID().empty()) ids_.emplace(asset->AssetID(), owner);
-    if (!asset->ASerial().empty()) serials_.emplace(asset->ASerial(), owner);
+    add(register_, asset->AssetID(), asset->ASerial(), static_cast<std::size_t>(i));
   }
 }
 
-std::vector<RowProblem> Duplicates::problemsOf(const CalculateDep& asset, std::size_t line) {
+void Duplicates::add(Known& known, const std::string& id, const std::string& serial,
+                     std::size_t owner) {
+  if (!id.empty()) known.ids.emplace(id, owner);
+  if (!serial.empty()) known.serials.emplace(serial, owner);
+}
+
+void Duplicates::add(const std::string& id, const std::string& serial, std::size_t line) {
+  add(lines_, id, serial, line);
+}
+
+void Duplicates::forgetLines() { lines_ = {}; }
+
+std::vector<RowProblem> Duplicates::problemsOf(const std::string& id, const std::string& serial,
+                                               std::size_t line) const {
   std::vector<RowProblem> problems;
-  const auto look = [&](Owners& owners, const std::string& text, AssetColumn column,
+  const auto look = [&](Owners Known::*owners, const std::string& text, AssetColumn column,
                         const char* what) {
     if (text.empty()) return;
-    const auto [owner, is_new] = owners.emplace(text, "Line " + std::to_string(line));
-    if (is_new) return;
-    problems.push_back({line, std::string(nameOf(column)),
-                        owner->second + " already has this " + what + ".", text});
+    const auto asset = (register_.*owners).find(text);
+    const auto row = (lines_.*owners).find(text);
+    std::string owner;
+    if (asset != (register_.*owners).end()) {
+      owner = "Asset " + std::to_string(asset->second) + " of the register";
+    } else if (row != (lines_.*owners).end()) {
+      owner = "Line " + std::to_string(row->second);
+    } else {
+      return;
+    }
+    problems.push_back(
+        {line, std::string(nameOf(column)), owner + " already has this " + what + ".", text});
   };
-  look(ids_, asset.AssetID(), AssetColumn::id, "ID");
-  look(serials_, asset.ASerial(), AssetColumn::serial, "serial number");
+  look(&Known::ids, id, AssetColumn::id, "ID");
+  look(&Known::serials, serial, AssetColumn::serial, "serial number");
   return problems;
 }
 

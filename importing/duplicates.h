@@ -15,19 +15,32 @@ namespace depcalc {
 /// the others are compared as they stand.
 class Duplicates {
  public:
+  /// Knows none yet.
+  Duplicates() = default;
   /// Reads the whole register.
   explicit Duplicates(CompanyAssets& company);
 
-  /// What of the asset in `line` of the file is there already, in the register or in a line before;
-  /// from now on the line is one of those.
-  std::vector<RowProblem> problemsOf(const CalculateDep& asset, std::size_t line);
+  /// What of a row in `line` of the file is there already, in the register or in a line before.
+  [[nodiscard]] std::vector<RowProblem> problemsOf(const std::string& id, const std::string& serial,
+                                                   std::size_t line) const;
+  /// From now on `line` has these, unless another had them before.
+  void add(const std::string& id, const std::string& serial, std::size_t line);
+  /// From now on only the register has any.
+  void forgetLines();
 
  private:
-  /// A text and who had it first: "Asset 3 of the register", "Line 5".
-  using Owners = std::unordered_map<std::string, std::string>;
+  /// A text and who had it first: an asset of the register, or a line.
+  using Owners = std::unordered_map<std::string, std::size_t>;
+  struct Known {
+    Owners ids;
+    Owners serials;
+  };
 
-  Owners ids_;
-  Owners serials_;
+  static void add(Known& known, const std::string& id, const std::string& serial,
+                  std::size_t owner);
+
+  Known register_;
+  Known lines_;
 };
 
 }  // namespace depcalc

@@ -45,6 +45,7 @@ BEGIN {
   outside["host/stored"] = outside["host/sqlite"] = outside["host/postgresql"] = outside["host/places"] = "."
   outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
   outside["postgresql"] = "^(postgres|access/|catalog/|fmgr|funcapi|miscadmin|utils/)"
+  outside["importing"] = "^iconv[.]h$"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }

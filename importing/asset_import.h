@@ -1,0 +1,149 @@
+// The assets of a file on their way into a register, as their user sees and corrects them.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "importing/duplicates.h"
+#include "importing/import_settings.h"
+#include "importing/row_judge.h"
+
+namespace depcalc {
+
+enum class RowStatus { ready, problem, duplicate, left_out };
+
+/// A row of the file, judged.
+struct ImportRow {
+  RowEdits edits;
+  std::vector<RowFinding> problems;    ///< what the form's rules refuse
+  std::vector<RowFinding> duplicates;  ///< what another asset has already
+  std::string id;                      ///< as it would be saved
+  std::string serial;
+  std::size_t differences = 0;  ///< of the file's amounts and ours
+  bool distant = false;         ///< placed in service more than 50 years from today
+  bool left_out = false;        ///< by the user
+};
+
+struct ImportCounts {
+  std::size_t ready = 0;
+  std::size_t problems = 0;
+  std::size_t duplicates = 0;  ///< rows, whether they are left out or not
+  std::size_t left_out = 0;    ///< by the user
+  std::size_t differing = 0;   ///< rows with amounts that differ, of those that are ready
+  std::size_t distant = 0;     ///< of those that are ready
+};
+
+enum class RowFilter { all, problems, duplicates, differences };
+
+/// What is known of the company beforehand.
+struct ImportingCompany {
+  Date today;
+  Date fiscal_year_end;
+  std::size_t assets = 0;  ///< in the register
+};
+
+class AssetImport {
+ public:
+  /// What was remembered for a header: the uses of its columns; nothing where nothing was.
+  using Recall =
+      std::function<std::optional<std::vector<ColumnUse>>(const std::vector<std::string>& header)>;
+
+  /// Finds out encoding and separator at once; `goOn` does the rest. `duplicates` knows the
+  /// register.
+  AssetImport(std::string bytes, const ImportingCompany& company, Duplicates duplicates,
+              Recall recall);
+  /// The same for a table that is one already; it has neither encoding nor separator.
+  AssetImport(FileTable table, const ImportingCompany& company, Duplicates duplicates,
+              Recall recall);
+  AssetImport(const AssetImport&) = delete;
+  AssetImport& operator=(const AssetImport&) = delete;
+
+  /// Reads or judges up to `rows` rows. Returns whether there is more to do.
+  bool goOn(std::size_t rows);
+  [[nodiscard]] bool isDone() const { return stage_ == Stage::done; }
+  /// From 0 to 1.
+  [[nodiscard]] double done() const;
+
+  // --- How the file is read. Every change has the rows judged anew, by `goOn`.
+  [[nodiscard]] const ImportSettings& settings() const { return settings_; }
+  [[nodiscard]] bool isText() const { return is_text_; }
+  /// Characters that the encoding does not have.
+  [[nodiscard]] std::size_t unreadableCharacters() const { return text_.unreadable; }
+  /// What the user has yet to decide.
+  [[nodiscard]] const OpenQuestions& questions() const { return questions_; }
+  [[nodiscard]] const std::vector<std::string>& header() const { return header_; }
+  void setEncoding(Encoding encoding);
+  void setSeparator(char separator);
+  void setHeaderRow(std::size_t row);
+  void setDecimal(DecimalSign sign);
+  void setDates(DateOrder order);
+  /// Takes the property away from the column that had it.
+  void setUse(std::size_t column, const ColumnUse& use);
+  void setMethod(std::string_view code);
+  void setConvention(std::string_view digit);
+
+  // --- The rows behind the header.
+  [[nodiscard]] std::size_t rowCount() const { return rows_.size(); }
+  [[nodiscard]] const ImportRow& row(std::size_t index) const { return rows_[index]; }
+  [[nodiscard]] const FileRow& fileRow(std::size_t index) const {
+    return table_.rows[index + settings_.header_row];
+  }
+  [[nodiscard]] RowStatus statusOf(std::size_t index) const;
+  [[nodiscard]] std::string_view text(std::size_t index, AssetColumn column) const;
+  /// The columns that the file has, the required ones and those the user has put something into.
+  [[nodiscard]] std::vector<AssetColumn> columns() const;
+  [[nodiscard]] bool hasColumn(AssetColumn column) const { return judge_.hasColumn(column); }
+  [[nodiscard]] bool hasAmounts() const { return judge_.hasAmounts(); }
+  [[nodiscard]] std::vector<ComparedAmount> amountsOf(std::size_t index) const;
+  void edit(std::size_t index, AssetColumn column, std::string text);
+  void leaveOut(std::size_t index, bool left_out);
+  [[nodiscard]] bool leavesOutDuplicates() const { return leaves_out_duplicates_; }
+  void leaveOutDuplicates(bool leave_out);
+  /// The rows that `filter` lets through: those with problems first, then duplicates, then those
+  /// with differences, each as they stand in the file.
+  [[nodiscard]] std::vector<std::uint32_t> inOrder(RowFilter filter) const;
+
+  [[nodiscard]] const ImportCounts& counts() const { return counts_; }
+  /// "212 assets ready · 3 with problems · 2 duplicates left out".
+  [[nodiscard]] std::string summary() const;
+  /// What keeps the import from being done, and the way on; nothing where it can be.
+  [[nodiscard]] std::optional<std::string> obstacle() const;
+  /// The assets that are ready, in the file's order. It must be done.
+  [[nodiscard]] std::vector<CalculateDepPtr> assets() const;
+
+ private:
+  enum class Stage { reading, judging, done };
+
+  void readAnew();
+  void takeTable();
+  void findForms();
+  void judgeAnew();
+  void judgeRow(std::size_t index);
+  void lookForDuplicates();
+  void count();
+
+  std::string bytes_;
+  bool is_text_ = true;
+  ImportingCompany company_;
+  Duplicates duplicates_;
+  Recall recall_;
+  DecodedText text_;
+  std::optional<TableReading> reading_;
+  FileTable table_;
+  ImportSettings settings_;
+  OpenQuestions questions_;
+  std::optional<DecimalSign> chosen_decimal_;
+  std::optional<DateOrder> chosen_dates_;
+  std::vector<std::string> header_;
+  RowJudge judge_;
+  std::vector<ImportRow> rows_;
+  Stage stage_ = Stage::reading;
+  std::size_t judged_ = 0;
+  bool leaves_out_duplicates_ = true;
+  ImportCounts counts_;
+};
+
+}  // namespace depcalc
