@@ -339,7 +339,6 @@ TEST(AssetImport, HasNothingToOfferOfAnEmptyFile) {
 /// A host of which call `fails` fails: nothing of the import may reach the file.
 TEST(AssetImport, ImportsAllOrNothingWhicheverCallOfTheHostFails) {
   Importing file("id,in service,life,cost,method\n1,2020-03-15,5,100,SL\n2,2020-03-15,5,100,DDB\n");
-  const auto assets = file.import.assets();
   std::size_t failures = 0;
   for (int fails = 1; fails < 5'000; ++fails) {
     auto memory = std::make_shared<MemoryCompanyFile>(Date::strict(2024, 1, 1),
@@ -355,7 +354,7 @@ TEST(AssetImport, ImportsAllOrNothingWhicheverCallOfTheHostFails) {
     std::optional<std::string> report;
     try {
       CompanyAssets into(failing, company.today);
-      report = saveAssets(into, assets, true, [](std::size_t) {});
+      report = saveAssets(into, file.import.assets(), true, [](std::size_t) {});
     } catch (const RuntimeError& error) {
       report = "thrown";
     }
