@@ -185,12 +185,12 @@ void AssetImport::lookForDuplicates() {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     ImportRow& row = rows_[i];
     row.duplicates.clear();
-    if (row.left_out) continue;
+    if (row.isLeftOut()) continue;
     for (RowProblem& problem : duplicates_.problemsOf(row.id, row.serial, fileRow(i).line)) {
       const auto use = useNamed(problem.column);
       row.duplicates.push_back({std::get<AssetColumn>(*use), std::move(problem.message)});
     }
-    if (row.duplicates.empty() || !leaves_out_duplicates_) {
+    if (row.duplicates.empty() || !leaves_out_duplicates_ || row.taken == true) {
       duplicates_.add(row.id, row.serial, fileRow(i).line);
     }
   }
@@ -206,7 +206,8 @@ void AssetImport::count() {
     counts_.ready += ready;
     counts_.problems += status == RowStatus::problem;
     counts_.left_out += status == RowStatus::left_out;
-    counts_.duplicates += !row.duplicates.empty() && status != RowStatus::problem;
+    counts_.duplicates += status == RowStatus::duplicate;
+    counts_.repeated += ready && !row.duplicates.empty();
     counts_.differing += ready && row.differences > 0;
     counts_.distant += ready && row.distant;
   }
@@ -214,10 +215,10 @@ void AssetImport::count() {
 
 RowStatus AssetImport::statusOf(std::size_t index) const {
   const ImportRow& row = rows_[index];
-  if (row.left_out) return RowStatus::left_out;
+  if (row.isLeftOut()) return RowStatus::left_out;
   if (!row.problems.empty()) return RowStatus::problem;
-  return row.duplicates.empty() || !leaves_out_duplicates_ ? RowStatus::ready
-                                                           : RowStatus::duplicate;
+  const bool taken = row.duplicates.empty() || !leaves_out_duplicates_ || row.taken == true;
+  return taken ? RowStatus::ready : RowStatus::duplicate;
 }
 
 std::string_view AssetImport::text(std::size_t index, AssetColumn column) const {
@@ -248,8 +249,8 @@ void AssetImport::edit(std::size_t index, AssetColumn column, std::string text) 
   lookForDuplicates();
 }
 
-void AssetImport::leaveOut(std::size_t index, bool left_out) {
-  rows_[index].left_out = left_out;
+void AssetImport::take(std::size_t index, bool taken) {
+  rows_[index].taken = taken;
   if (isDone()) lookForDuplicates();
 }
 
@@ -262,7 +263,7 @@ std::vector<std::uint32_t> AssetImport::inOrder(RowFilter filter) const {
   std::array<std::vector<std::uint32_t>, 4> ranks;
   for (std::uint32_t i = 0; i < rows_.size(); ++i) {
     const ImportRow& row = rows_[i];
-    const bool problem = !row.left_out && !row.problems.empty();
+    const bool problem = !row.isLeftOut() && !row.problems.empty();
     const bool passes = filter == RowFilter::all || (filter == RowFilter::problems && problem) ||
                         (filter == RowFilter::duplicates && !row.duplicates.empty()) ||
                         (filter == RowFilter::differences && row.differences > 0);
@@ -281,8 +282,10 @@ std::string AssetImport::summary() const {
     text += " · " + formatWhole(static_cast<double>(counts_.problems)) + " with problems";
   }
   if (counts_.duplicates > 0) {
-    text += " · " + counted(counts_.duplicates, "duplicate", "duplicates") +
-            (leaves_out_duplicates_ ? " left out" : "");
+    text += " · " + counted(counts_.duplicates, "duplicate left out", "duplicates left out");
+  }
+  if (counts_.repeated > 0) {
+    text += " · " + counted(counts_.repeated, "duplicate", "duplicates") + " among them";
   }
   if (counts_.left_out > 0) {
     text += " · " + formatWhole(static_cast<double>(counts_.left_out)) + " left out by you";

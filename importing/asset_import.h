@@ -24,13 +24,16 @@ struct ImportRow {
   std::string serial;
   std::size_t differences = 0;  ///< of the file's amounts and ours
   bool distant = false;         ///< placed in service more than 50 years from today
-  bool left_out = false;        ///< by the user
+  std::optional<bool> taken;    ///< the user's decision
+
+  [[nodiscard]] bool isLeftOut() const { return taken == false; }
 };
 
 struct ImportCounts {
   std::size_t ready = 0;
   std::size_t problems = 0;
-  std::size_t duplicates = 0;  ///< rows, whether they are left out or not
+  std::size_t duplicates = 0;  ///< that are left out
+  std::size_t repeated = 0;    ///< duplicates among those that are ready
   std::size_t left_out = 0;    ///< by the user
   std::size_t differing = 0;   ///< rows with amounts that differ, of those that are ready
   std::size_t distant = 0;     ///< of those that are ready
@@ -63,6 +66,8 @@ class AssetImport {
 
   /// Reads or judges up to `rows` rows. Returns whether there is more to do.
   bool goOn(std::size_t rows);
+  /// Until then there are no columns and no rows.
+  [[nodiscard]] bool isReading() const { return stage_ == Stage::reading; }
   [[nodiscard]] bool isDone() const { return stage_ == Stage::done; }
   /// From 0 to 1.
   [[nodiscard]] double done() const;
@@ -99,7 +104,8 @@ class AssetImport {
   [[nodiscard]] bool hasAmounts() const { return judge_.hasAmounts(); }
   [[nodiscard]] std::vector<ComparedAmount> amountsOf(std::size_t index) const;
   void edit(std::size_t index, AssetColumn column, std::string text);
-  void leaveOut(std::size_t index, bool left_out);
+  /// The user's decision about a row: a duplicate that is taken is ready.
+  void take(std::size_t index, bool taken);
   [[nodiscard]] bool leavesOutDuplicates() const { return leaves_out_duplicates_; }
   void leaveOutDuplicates(bool leave_out);
   /// The rows that `filter` lets through: those with problems first, then duplicates, then those

@@ -27,9 +27,10 @@ BEGIN {
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " host/stored host/history changes"
   may["importing"] = may["changes"] " entry importing"
+  may["desktop/importing"] = may["importing"] " desktop desktop/importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
-  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes desktop/reports desktop/workspace desktop"
+  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop/importing desktop/reports desktop/workspace desktop"
   may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
@@ -43,7 +44,7 @@ BEGIN {
   # Headers that the standard library does not have: the operating system's and a database in one
   # room, anything but that database in the others.
   outside["host/stored"] = outside["host/sqlite"] = outside["host/postgresql"] = outside["host/places"] = "."
-  outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
+  outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/importing"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
   outside["postgresql"] = "^(postgres|access/|catalog/|fmgr|funcapi|miscadmin|utils/)"
   outside["importing"] = "^iconv[.]h$"
   # Windows' own headers: in its rooms alone, and nothing else there.

@@ -39,6 +39,7 @@ MainWindow::MainWindow(Surroundings surroundings)
       saved_label_(new QLabel(this)) {
   setObjectName(QStringLiteral("MainWindow"));
   setCentralWidget(page_);
+  setAcceptDrops(true);
   // A company may be called anything.
   for (QLabel* label : {company_label_, note_label_, figures_label_, saved_label_}) {
     label->setTextFormat(Qt::PlainText);

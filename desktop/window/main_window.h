@@ -20,12 +20,14 @@
 #include "desktop/window/settings.h"
 #include "desktop/window/undo_menu.h"
 #include "desktop/window/view_menu.h"
+#include "importing/header_words.h"
 
 class QAction;
 class QLabel;
 class QMenu;
 
 namespace depcalc {
+class AssetImport;
 class CompanyAssets;
 enum class FiscalYearEnds;
 struct Recalculation;
@@ -100,6 +102,8 @@ class MainWindow : public QMainWindow {
   void startCalculator();
   /// Opens the Reports window with this kind of report, or brings it to the front.
   void showReports(ReportKind kind);
+  /// Shows what the file holds and, where the user agrees, adds its assets to the register.
+  void importFile(const QString& path);
   void setZoom(int percent) { view_menu_->setZoom(percent); }
 
   [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
@@ -111,6 +115,8 @@ class MainWindow : public QMainWindow {
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   // main_window_menus.cpp
@@ -179,6 +185,13 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] std::optional<int> assetOfNextStep(Side side);
   void showSaved();
   [[nodiscard]] std::optional<Content> contentOf(const QString& path);
+
+  // main_window_importing.cpp
+  void askImport();
+  [[nodiscard]] std::optional<std::string> readFileToImport(const QString& path);
+  void saveImported(const AssetImport& import, int present);
+  [[nodiscard]] std::optional<std::vector<ColumnUse>> rememberedUses(
+      const std::vector<std::string>& header) const;
 
   // main_window_backups.cpp
   void askBackup();
@@ -254,6 +267,7 @@ class MainWindow : public QMainWindow {
   QList<QAction*> report_actions_;                 ///< need an open company
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
+  QAction* import_ = nullptr;
   QAction* recalculate_ = nullptr;
   QAction* dispose_ = nullptr;
   QAction* undo_disposal_ = nullptr;

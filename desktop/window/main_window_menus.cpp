@@ -48,6 +48,9 @@ void MainWindow::makeFileMenu() {
   company_actions_ << addAction(menu, tr("Save a Copy &As…"), {}, &MainWindow::askCopy);
   addAction(menu, tr("Restore &Backup…"), {}, &MainWindow::askBackup);
   menu.addSeparator();
+  import_ =
+      addAction(menu, tr("&Import…"), QKeySequence(Qt::CTRL | Qt::Key_I), &MainWindow::askImport);
+  menu.addSeparator();
   to_multi_user_ = menu.addAction(tr("Switch to &Multi-user Mode"));
   to_single_user_ = menu.addAction(tr("Switch to &Single-user Mode"));
   connect(to_multi_user_, &QAction::triggered, this, [this] { setMultiUser(true); });
@@ -113,6 +116,7 @@ void MainWindow::enableActions() {
   const bool assets = calculator_ != nullptr && calculator_->assetCount().value_or(0) > 0;
   for (QAction* action : print_actions_) action->setEnabled(assets);
   recalculate_->setEnabled(assets);
+  import_->setEnabled(calculator_ != nullptr);
   const bool saved_asset = calculator_ != nullptr && calculator_->currentAsset();
   dispose_->setEnabled(saved_asset);
   units_->setEnabled(saved_asset);

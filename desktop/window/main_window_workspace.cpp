@@ -32,6 +32,8 @@ void MainWindow::fillToolbar() {
   workspace_->addTool(undo_menu_->undoAction(), undo_menu_->undoAction().iconText(), "undo");
   workspace_->addTool(undo_menu_->redoAction(), undo_menu_->redoAction().iconText(), "redo");
   workspace_->addToolSeparator();
+  workspace_->addTool(*import_, tr("Import…"), "import");
+  workspace_->addToolSeparator();
   workspace_->addTool(*report_actions_.first(), tr("Reports"), "reports");
   workspace_->addTool(*print_actions_.first(), tr("Print"), "print");
 }

@@ -1,5 +1,6 @@
 #include "desktop/window/settings.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -18,6 +19,16 @@ const QString width_key = QStringLiteral("workspace/%1_width");
 const QString asset_columns_key = QStringLiteral("workspace/asset_columns");
 const QString hides_disposed_key = QStringLiteral("workspace/hides_disposed");
 const QString printer_key = QStringLiteral("print/printer");
+
+const QString import_headers_key = QStringLiteral("import/headers");
+const QString import_columns_key = QStringLiteral("import/columns_%1");
+
+/// Headers are long and hold any characters.
+QString shortNameOf(const QStringList& header) {
+  const QByteArray text = header.join(QChar(u'\x1F')).toUtf8();
+  return QString::fromLatin1(
+      QCryptographicHash::hash(text, QCryptographicHash::Sha1).toHex().left(16));
+}
 
 }  // namespace
 
@@ -68,6 +79,20 @@ void Settings::setAssetColumns(const QByteArray& columns) {
 
 bool Settings::hidesDisposed() const { return store_.value(hides_disposed_key).toBool(); }
 void Settings::setHidesDisposed(bool on) { store_.setValue(hides_disposed_key, on); }
+
+QStringList Settings::importColumns(const QStringList& header) const {
+  return store_.value(import_columns_key.arg(shortNameOf(header))).toStringList();
+}
+void Settings::setImportColumns(const QStringList& header, const QStringList& uses) {
+  constexpr int most_headers = 40;
+  const QString name = shortNameOf(header);
+  QStringList names = store_.value(import_headers_key).toStringList();
+  names.removeAll(name);
+  names.prepend(name);
+  for (const QString& old : names.mid(most_headers)) store_.remove(import_columns_key.arg(old));
+  store_.setValue(import_headers_key, QStringList(names.mid(0, most_headers)));
+  store_.setValue(import_columns_key.arg(name), uses);
+}
 
 QString Settings::printer() const { return store_.value(printer_key).toString(); }
 void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }

@@ -46,6 +46,11 @@ class Settings {
   [[nodiscard]] bool hidesDisposed() const;
   void setHidesDisposed(bool on);
 
+  /// What each column of a file with this header was taken as when it was imported; none where no
+  /// such file was. The headers imported last are remembered.
+  [[nodiscard]] QStringList importColumns(const QStringList& header) const;
+  void setImportColumns(const QStringList& header, const QStringList& uses);
+
   [[nodiscard]] QString printer() const;
   void setPrinter(const QString& name);
 

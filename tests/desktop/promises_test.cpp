@@ -182,8 +182,8 @@ TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
   const std::pair<const char*, std::vector<std::string>> menus[] = {
       {"File",
        {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Save a Copy As…",
-        "Restore Backup…", "Switch to Multi-user Mode", "Switch to Single-user Mode", "Print…",
-        "Print Preview…", "Quit"}},
+        "Restore Backup…", "Import…", "Switch to Multi-user Mode", "Switch to Single-user Mode",
+        "Print…", "Print Preview…", "Quit"}},
       {"Edit", {"Undo", "Redo", "History…", "Copy", "Copy Whole Table", "Find Asset"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},
       {"Asset",

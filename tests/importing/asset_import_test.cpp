@@ -203,11 +203,11 @@ TEST(AssetImport, ARowOfAnotherWidthIsSeenToByCorrectingIt) {
 
 TEST(AssetImport, LeavesOutWhatTheUserLeavesOut) {
   Importing file("id;in service;life;cost\n1;;5;100\n2;15.03.2020;5;200\n");
-  file.import.leaveOut(0, true);
+  file.import.take(0, false);
   EXPECT_EQ(file.import.summary(), "1 asset ready · 1 left out by you");
   EXPECT_EQ(file.import.obstacle(), std::nullopt);
   EXPECT_THAT(file.assets(), ElementsAre("2||2020-03-15|5|200|0|"));
-  file.import.leaveOut(1, true);
+  file.import.take(1, false);
   EXPECT_EQ(file.import.obstacle(), "No asset is left to import.");
 }
 
@@ -231,12 +231,15 @@ TEST(AssetImport, MarksDuplicatesWithinTheFileAndAgainstTheRegister) {
       file.import.row(2).duplicates,
       ElementsAre(RowFinding{AssetColumn::serial, "Line 2 already has this serial number."}));
   EXPECT_EQ(file.import.assets().size(), 3U);
+  file.import.take(1, true);
+  EXPECT_EQ(file.import.summary(),
+            "4 assets ready · 1 duplicate left out · 1 duplicate among them");
   file.import.leaveOutDuplicates(false);
-  EXPECT_EQ(file.import.summary(), "5 assets ready · 2 duplicates");
+  EXPECT_EQ(file.import.summary(), "5 assets ready · 2 duplicates among them");
   EXPECT_EQ(file.import.assets().size(), 5U);
   file.import.edit(1, AssetColumn::id, "R2");
-  file.import.leaveOut(0, true);
-  EXPECT_EQ(file.import.counts().duplicates, 0U) << "nobody else has the serial number now";
+  file.import.take(0, false);
+  EXPECT_EQ(file.import.counts().repeated, 0U) << "nobody else has the serial number now";
 }
 
 TEST(AssetImport, HoldsTheFilesAmountsAgainstOurs) {
@@ -316,7 +319,7 @@ TEST(AssetImport, SaysWhenTheRegisterHasNoRoom) {
   Importing file(text, {}, {}, full);
   EXPECT_EQ(file.import.obstacle(),
             "The register holds at most 32,767 assets; it has 32,766, and the file has 2 more.");
-  file.import.leaveOut(0, true);
+  file.import.take(0, false);
   EXPECT_EQ(file.import.obstacle(), std::nullopt);
 }
 

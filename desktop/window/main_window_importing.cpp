@@ -1,0 +1,135 @@
+// Assets from a file into the register.
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMimeData>
+
+#include "common/trapped.h"
+#include "desktop/importing/import_dialog.h"
+#include "desktop/widgets/text_block.h"
+#include "desktop/window/file_dialogs.h"
+#include "desktop/window/main_window.h"
+#include "importing/asset_saving.h"
+#include "importing/import_file.h"
+
+namespace depcalc::desktop {
+namespace {
+
+QString importableFiles() {
+  return QObject::tr("Lists of assets (*.csv *.txt *.tsv *.tab);;All files (*)");
+}
+
+QStringList qtTexts(const std::vector<std::string>& texts) {
+  QStringList all;
+  for (const std::string& text : texts) all << qtText(text);
+  return all;
+}
+
+/// The one file that is dragged over the window; "" where it is none, or more than one.
+QString draggedFile(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void MainWindow::askImport() {
+  const QString path = askFileToOpen(
+      this, {.title = tr("Import"), .filter = importableFiles(), .proposed = companyFolder()});
+  if (!path.isEmpty()) importFile(path);
+}
+
+/// Its bytes; nothing where it cannot be read, or holds no list, and the user was told.
+std::optional<std::string> MainWindow::readFileToImport(const QString& path) {
+  const QString name = QFileInfo(path).fileName();
+  // Closing the company's own file would give back the locks on it.
+  if (isOpen(path)) {
+    tell(tr("%1 is the company that is open.").arg(name));
+    return std::nullopt;
+  }
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    tell(tr("%1 cannot be read: %2").arg(name, file.errorString()));
+    return std::nullopt;
+  }
+  std::string bytes = file.read(static_cast<qint64>(most_import_bytes) + 1).toStdString();
+  const QString refusal =
+      file.error() == QFileDevice::NoError ? qtText(whyNotImportable(bytes)) : file.errorString();
+  if (refusal.isEmpty()) return bytes;
+  tell(tr("%1 cannot be imported. %2").arg(name, refusal));
+  return std::nullopt;
+}
+
+/// Unsaved changes are asked about first, as the calculator starts anew afterwards.
+void MainWindow::importFile(const QString& path) {
+  if (calculator_ == nullptr || !mayLeave()) return;
+  auto bytes = readFileToImport(path);
+  std::optional<Duplicates> known;
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  if (bytes && !trapped("DepCalcDesktop::importFile", [&] { known.emplace(assets); })) {
+    tell(tr("The register could not be read. Nothing was imported."));
+  }
+  may_leave_ = may_leave_ && known.has_value();
+  if (!known) return;
+  const auto present = static_cast<std::size_t>(assets.assetCount());
+  AssetImport import(
+      std::move(*bytes), {around_.today(), assets.fiscalYearEnd(), present}, std::move(*known),
+      [this](const std::vector<std::string>& header) { return rememberedUses(header); });
+  ImportDialog dialog(import, QFileInfo(path).fileName(), this);
+  const bool accepted = dialog.exec() == QDialog::Accepted;
+  may_leave_ = may_leave_ && accepted;
+  if (accepted) saveImported(import, static_cast<int>(present));
+}
+
+void MainWindow::saveImported(const AssetImport& import, int present) {
+  QStringList uses;
+  for (const ColumnUse& use : import.settings().uses) uses << qtText(nameOfUse(use));
+  around_.settings.setImportColumns(qtTexts(import.header()), uses);
+  endCalculator();
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  std::size_t saved = 0;
+  const QString problem = problemOfSaving([&] {
+    return saveAssets(assets, import.assets(), true, [&](std::size_t count) { saved = count; });
+  });
+  followCompany();
+  noteChanges();
+  startCalculator();
+  if (calculator_ != nullptr) calculator_->selectAsset(present + 1);
+  if (problem.isEmpty()) {
+    note_label_->setText(saved == 1 ? tr("1 asset imported")
+                                    : tr("%L1 assets imported").arg(saved));
+  } else if (!told_) {
+    tell(tr("Nothing was imported. %1").arg(problem));
+  }
+}
+
+std::optional<std::vector<ColumnUse>> MainWindow::rememberedUses(
+    const std::vector<std::string>& header) const {
+  const QStringList names = around_.settings.importColumns(qtTexts(header));
+  if (names.isEmpty()) return std::nullopt;
+  std::vector<ColumnUse> uses;
+  for (const QString& name : names) {
+    uses.push_back(useNamed(name.toStdString()).value_or(ColumnUse()));
+  }
+  return uses;
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!import_->isEnabled() || draggedFile(*event->mimeData()).isEmpty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+}
+
+/// Later: who dropped the file waits for the answer.
+void MainWindow::dropEvent(QDropEvent* event) {
+  const QString path = draggedFile(*event->mimeData());
+  if (path.isEmpty()) return;
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
+  QMetaObject::invokeMethod(
+      this, [this, path] { importFile(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace depcalc::desktop

@@ -1,0 +1,16 @@
+// What a file is that somebody wants to import.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace depcalc {
+
+/// A list of a full register's assets takes a tenth of this.
+inline constexpr std::size_t most_import_bytes = 268'435'456;
+
+/// Why a file with these bytes holds no list of assets, and what to do; "" where it may hold one.
+std::string whyNotImportable(std::string_view bytes);
+
+}  // namespace depcalc
