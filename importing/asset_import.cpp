@@ -2,15 +2,10 @@
 
 #include <algorithm>
 
-#include "importing/asset_saving.h"
 #include "values/display_format.h"
 
 namespace depcalc {
 namespace {
-
-/// More rows than the register can ever hold are counted and not kept; some stand before the
-/// header.
-constexpr std::size_t most_rows = most_assets + 100;
 
 std::string counted(std::size_t count, std::string_view one, std::string_view many) {
   return formatWhole(static_cast<double>(count)).append(" ").append(count == 1 ? one : many);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "importing/asset_saving.h"
 #include "importing/duplicates.h"
 #include "importing/import_settings.h"
 #include "importing/row_judge.h"
@@ -58,6 +59,9 @@ class AssetImport {
   /// register.
   AssetImport(std::string bytes, const ImportingCompany& company, Duplicates duplicates,
               Recall recall);
+  /// More rows than the register can ever hold, with some before the header, are only counted.
+  static constexpr std::size_t most_rows = most_assets + 100;
+
   /// The same for a table that is one already; it has neither encoding nor separator.
   AssetImport(FileTable table, const ImportingCompany& company, Duplicates duplicates,
               Recall recall);

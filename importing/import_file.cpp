@@ -14,12 +14,12 @@ struct KnownKind {
 };
 
 constexpr std::string_view workbook =
-    "This is a workbook. Please open it in the spreadsheet program and save the sheet as CSV or as "
+    "This is a workbook of an older kind. Please open it in the spreadsheet program and save the "
+    "sheet as CSV or as "
     "Unicode text.";
 
-constexpr std::array<KnownKind, 6> known_kinds{{
+constexpr std::array<KnownKind, 5> known_kinds{{
     {"SQLite format 3\0"sv, "This is a company file. File > Open Company opens it."},
-    {"PK\x03\x04"sv, workbook},
     {"\xD0\xCF\x11\xE0"sv, workbook},
     {"%PDF"sv, "This is a PDF document. Please import the list that it was printed from."},
     {"\x1F\x8B"sv, "This file is compressed. Please unpack it first."},
@@ -27,6 +27,8 @@ constexpr std::array<KnownKind, 6> known_kinds{{
 }};
 
 }  // namespace
+
+bool looksLikeWorkbook(std::string_view bytes) { return bytes.starts_with("PK\x03\x04"sv); }
 
 std::string whyNotImportable(std::string_view bytes) {
   if (bytes.size() > most_import_bytes) {

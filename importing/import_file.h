@@ -10,6 +10,9 @@ namespace depcalc {
 /// A list of a full register's assets takes a tenth of this.
 inline constexpr std::size_t most_import_bytes = 268'435'456;
 
+/// Whether the bytes are those of an archive, as workbooks of today are.
+bool looksLikeWorkbook(std::string_view bytes);
+
 /// Why a file with these bytes holds no list of assets, and what to do; "" where it may hold one.
 std::string whyNotImportable(std::string_view bytes);
 

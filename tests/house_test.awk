@@ -27,10 +27,11 @@ BEGIN {
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " host/stored host/history changes"
   may["importing"] = may["changes"] " entry importing"
+  may["importing/workbook"] = may["importing"] " importing/workbook"
   may["desktop/importing"] = may["importing"] " desktop desktop/importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
   may["desktop/workspace"] = may["DepCalc"] " reports desktop desktop/workspace"
-  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop/importing desktop/reports desktop/workspace desktop"
+  may["desktop"] = may["DepCalc"] " host/stored host/history host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing importing/workbook desktop/importing desktop/reports desktop/workspace desktop"
   may["cli"] = may["DepCalc"] " explain reports/explaining host/memory host/stored host/sqlite host/postgresql host/places reports reports/formats reports/formats/xlsx reports/pages reports/reading changes importing desktop cli"
   may["windows/com"] = may["values"] " windows/com"
   may["windows/registration"] = "windows/registration"
@@ -47,6 +48,7 @@ BEGIN {
   outside["reports/formats/xlsx"] = outside["desktop"] = outside["desktop/importing"] = outside["desktop/workspace"] = outside["cli"] = "^[^s]|^s[^q]"
   outside["postgresql"] = "^(postgres|access/|catalog/|fmgr|funcapi|miscadmin|utils/)"
   outside["importing"] = "^iconv[.]h$"
+  outside["importing/workbook"] = "^(expat|minizip/unzip)[.]h$"
   # Windows' own headers: in its rooms alone, and nothing else there.
   native = "^(win|ole|oc|oa|obj|comm|unknwn|activscp|dispex|shl|tlhelp|psapi|wrl)[a-z/]*[.]h$"
 }

@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator host_stored history undoing recalculation reports reports_reading changes importing desktop_importing report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
+window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -54,6 +54,7 @@ expected() {
     print_module) echo "$screens paper $1" ;;
     cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
+    workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
     desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing desktop_widgets $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_workspace) echo "$calculator reports desktop_widgets $1" ;;

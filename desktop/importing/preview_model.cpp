@@ -100,8 +100,10 @@ QVariant PreviewModel::data(const QModelIndex& index, int role) const {
     case Qt::BackgroundRole:
       return background(index);
     case Qt::ForegroundRole:
-      return status == RowStatus::left_out || status == RowStatus::duplicate ? QVariant(faint_)
-                                                                             : QVariant();
+      return (status == RowStatus::left_out || status == RowStatus::duplicate) &&
+                     !background(index).isValid()
+                 ? QVariant(faint_)
+                 : QVariant();
     case Qt::TextAlignmentRole:
       return QVariant((index.column() >= first_text_column && isRight(columnAt(index.column()))
                            ? Qt::AlignRight

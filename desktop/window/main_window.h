@@ -188,8 +188,8 @@ class MainWindow : public QMainWindow {
 
   // main_window_importing.cpp
   void askImport();
-  [[nodiscard]] std::optional<std::string> readFileToImport(const QString& path);
-  void saveImported(const AssetImport& import, int present);
+  [[nodiscard]] std::unique_ptr<AssetImport> readFileToImport(const QString& path);
+  void saveImported(const AssetImport& import);
   [[nodiscard]] std::optional<std::vector<ColumnUse>> rememberedUses(
       const std::vector<std::string>& header) const;
 

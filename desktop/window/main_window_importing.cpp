@@ -13,12 +13,13 @@
 #include "desktop/window/main_window.h"
 #include "importing/asset_saving.h"
 #include "importing/import_file.h"
+#include "importing/workbook/workbook.h"
 
 namespace depcalc::desktop {
 namespace {
 
 QString importableFiles() {
-  return QObject::tr("Lists of assets (*.csv *.txt *.tsv *.tab);;All files (*)");
+  return QObject::tr("Lists of assets (*.csv *.txt *.tsv *.tab *.xlsx);;All files (*)");
 }
 
 QStringList qtTexts(const std::vector<std::string>& texts) {
@@ -41,57 +42,72 @@ void MainWindow::askImport() {
   if (!path.isEmpty()) importFile(path);
 }
 
-/// Its bytes; nothing where it cannot be read, or holds no list, and the user was told.
-std::optional<std::string> MainWindow::readFileToImport(const QString& path) {
+/// What it holds; null where it cannot be read, or holds no list, and the user was told.
+std::unique_ptr<AssetImport> MainWindow::readFileToImport(const QString& path) {
   const QString name = QFileInfo(path).fileName();
   // Closing the company's own file would give back the locks on it.
   if (isOpen(path)) {
     tell(tr("%1 is the company that is open.").arg(name));
-    return std::nullopt;
+    return nullptr;
   }
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
     tell(tr("%1 cannot be read: %2").arg(name, file.errorString()));
-    return std::nullopt;
+    return nullptr;
   }
   std::string bytes = file.read(static_cast<qint64>(most_import_bytes) + 1).toStdString();
-  const QString refusal =
-      file.error() == QFileDevice::NoError ? qtText(whyNotImportable(bytes)) : file.errorString();
-  if (refusal.isEmpty()) return bytes;
-  tell(tr("%1 cannot be imported. %2").arg(name, refusal));
-  return std::nullopt;
+  std::variant<FileTable, std::string> table = whyNotImportable(bytes);
+  const bool workbook = looksLikeWorkbook(bytes) && std::get<std::string>(table).empty();
+  if (workbook) table = tableOfWorkbook(path.toStdString(), AssetImport::most_rows);
+  const auto* refusal = std::get_if<std::string>(&table);
+  if (refusal != nullptr && (!refusal->empty() || file.error() != QFileDevice::NoError)) {
+    tell(tr("%1 cannot be imported. %2")
+             .arg(name, refusal->empty() ? file.errorString() : qtText(*refusal)));
+    return nullptr;
+  }
+  CompanyAssets assets(application_->CompanyFile(), around_.today());
+  std::unique_ptr<AssetImport> import;
+  const auto recall = [this](const std::vector<std::string>& header) {
+    return rememberedUses(header);
+  };
+  const bool read = trapped("DepCalcDesktop::importFile", [&] {
+    const ImportingCompany into{around_.today(), assets.fiscalYearEnd(),
+                                static_cast<std::size_t>(assets.assetCount())};
+    import = workbook ? std::make_unique<AssetImport>(std::get<FileTable>(std::move(table)), into,
+                                                      Duplicates(assets), recall)
+                      : std::make_unique<AssetImport>(std::move(bytes), into, Duplicates(assets),
+                                                      recall);
+  });
+  if (read) return import;
+  tell(tr("The register could not be read. Nothing was imported."));
+  return nullptr;
 }
 
 /// Unsaved changes are asked about first, as the calculator starts anew afterwards.
 void MainWindow::importFile(const QString& path) {
   if (calculator_ == nullptr || !mayLeave()) return;
-  auto bytes = readFileToImport(path);
-  std::optional<Duplicates> known;
-  CompanyAssets assets(application_->CompanyFile(), around_.today());
-  if (bytes && !trapped("DepCalcDesktop::importFile", [&] { known.emplace(assets); })) {
-    tell(tr("The register could not be read. Nothing was imported."));
+  const auto import = readFileToImport(path);
+  bool accepted = false;
+  if (import != nullptr) {
+    ImportDialog dialog(*import, QFileInfo(path).fileName(), this);
+    accepted = dialog.exec() == QDialog::Accepted;
   }
-  may_leave_ = may_leave_ && known.has_value();
-  if (!known) return;
-  const auto present = static_cast<std::size_t>(assets.assetCount());
-  AssetImport import(
-      std::move(*bytes), {around_.today(), assets.fiscalYearEnd(), present}, std::move(*known),
-      [this](const std::vector<std::string>& header) { return rememberedUses(header); });
-  ImportDialog dialog(import, QFileInfo(path).fileName(), this);
-  const bool accepted = dialog.exec() == QDialog::Accepted;
   may_leave_ = may_leave_ && accepted;
-  if (accepted) saveImported(import, static_cast<int>(present));
+  if (accepted) saveImported(*import);
 }
 
-void MainWindow::saveImported(const AssetImport& import, int present) {
+void MainWindow::saveImported(const AssetImport& import) {
   QStringList uses;
   for (const ColumnUse& use : import.settings().uses) uses << qtText(nameOfUse(use));
   around_.settings.setImportColumns(qtTexts(import.header()), uses);
   endCalculator();
   CompanyAssets assets(application_->CompanyFile(), around_.today());
+  const std::int32_t present = assets.assetCount();
   std::size_t saved = 0;
   const QString problem = problemOfSaving([&] {
-    return saveAssets(assets, import.assets(), true, [&](std::size_t count) { saved = count; });
+    return asStep(StepKind::imported, [&] {
+      return saveAssets(assets, import.assets(), true, [&](std::size_t count) { saved = count; });
+    });
   });
   followCompany();
   noteChanges();

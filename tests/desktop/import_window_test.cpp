@@ -228,6 +228,7 @@ TEST_F(ImportWindow, SaysWhatCannotBeImportedAndWhatToDo) {
       {QByteArray("SQLite format 3\0", 16),
        "This is a company file. File > Open Company opens it."},
       {"%PDF-1.4", "This is a PDF document."},
+      {"PK\3\4", "This workbook cannot be read."},
   };
   for (const auto& [bytes, says] : files) {
     window.importFile(file("other", bytes));
