@@ -1,6 +1,7 @@
 // depcalc-desktop: the host program with the calculator in it.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDateTime>
 #include <QDir>
 #include <QIcon>
 #include <QStandardPaths>
@@ -59,6 +60,11 @@ QString writable(QStandardPaths::StandardLocation location) {
   return path;
 }
 
+/// Beside the program, in the build tree as where it is installed.
+QString sharedFolder() {
+  return QDir::cleanPath(QApplication::applicationDirPath() + QStringLiteral("/../share/depcalc"));
+}
+
 /// On a copy, so that the company stays as it is and may be open elsewhere. What is wrong with it
 /// is told on standard error: nobody could answer a box here.
 int preview(CompanyFiles& files, MainWindow& window, const Options& options,
@@ -75,10 +81,21 @@ int preview(CompanyFiles& files, MainWindow& window, const Options& options,
     std::fprintf(stderr, "depcalc-desktop: %s\n", error.what());
     return failed;
   }
+  const QString directory = QDir(options.preview).absolutePath();
+  QStringList paths = renderStartPage(window, directory);
   if (!window.openCompany(copy)) return failed;
-  const QStringList paths = renderPreview(window, QDir(options.preview).absolutePath());
+  paths += renderPreview(window, directory);
   for (const QString& path : paths) std::puts(qPrintable(path));
   return paths.isEmpty() ? failed : success;
+}
+
+/// Pictures are the same on any day where the environment gives one (SOURCE_DATE_EPOCH, seconds
+/// since 1970, as reproducible builds have it).
+Date todayForPictures() {
+  const QByteArray given = qgetenv("SOURCE_DATE_EPOCH");
+  if (given.isEmpty()) return todayByClock();
+  const QDate day = QDateTime::fromSecsSinceEpoch(given.toLongLong(), Qt::UTC).date();
+  return Date::strict(day.year(), day.month(), day.day());
 }
 
 int run(const Options& options) {
@@ -87,11 +104,14 @@ int run(const Options& options) {
   const bool previews = !options.preview.isEmpty();
   const QString config = previews ? scratch.path() : writable(QStandardPaths::AppConfigLocation);
   const QString data = previews ? scratch.path() : writable(QStandardPaths::AppDataLocation);
-  SqliteCompanies files(todayByClock);
+  const DesktopSite::Today today = previews ? todayForPictures : todayByClock;
+  SqliteCompanies files(today);
   Settings settings(config + QStringLiteral("/depcalc.ini"));
   if (previews) settings.setShown(QStringLiteral("toolbar"), false);
   Backups backups(data + QStringLiteral("/backups"), sameCompany);
-  MainWindow window({files, settings, backups, todayByClock, QDir::currentPath().toStdString()});
+  MainWindow window({files, settings, backups, today, QDir::currentPath().toStdString(),
+                     sharedFolder(),
+                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)});
   if (previews) return preview(files, window, options, scratch.path());
   SystemEnd end(window, SystemEnd::usual_patience, [] { std::_Exit(success); });
   // A system may send SIGHUP behind SIGTERM at once.

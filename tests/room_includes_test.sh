@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing report_formats report_xlsx report_pages report_desk desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
+window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -48,6 +48,7 @@ expected() {
     reports_reading) echo "$store reports $1" ;;
     changes) echo "$store reports reports_reading $1" ;;
     importing) echo "$store reports reports_reading changes field_rules $1" ;;
+    guide) echo "$records $1" ;;
     report_desk) echo "$records reports report_formats report_xlsx $1" ;;
     paper) echo "$1" ;;
     report_pages) echo "$records reports paper $1" ;;

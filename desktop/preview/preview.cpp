@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "compare/dep_calc_display_ctl.h"
+#include "desktop/preview/dialog_pictures.h"
 #include "desktop/preview/image_printer.h"
 #include "desktop/printing/page_printer.h"
 #include "entry/dep_calc_ctl.h"
@@ -28,13 +29,16 @@ class Walk {
 
   QStringList run() {
     show();
-    DepCalcView* const view = calculator().assetRegister();
+    DepCalcView* view = calculator().assetRegister();
     if (view != nullptr && view->isShown()) {
       grab(QStringLiteral("register"));
       user([view](User& user) { user.clickCell(view->AssetViewTable, 0, 1); });
       grab(QStringLiteral("register-selected"));
       printSchedule();
       showReports();
+      paths_ << drawDialogs(window_, directory_);
+      view = calculator().assetRegister();
+      user([view](User& user) { user.clickCell(view->AssetViewTable, 0, 1); });
       user([view](User& user) { user.click(view->EditButton.normal); });
     }
     showEntry();
@@ -147,6 +151,14 @@ class Walk {
 };
 
 }  // namespace
+
+QStringList renderStartPage(MainWindow& window, const QString& directory) {
+  window.resize(picture_size);
+  window.show();
+  QApplication::processEvents();
+  const QString path = directory + QStringLiteral("/start.png");
+  return window.grab().save(path) ? QStringList{path} : QStringList();
+}
 
 QStringList renderPreview(MainWindow& window, const QString& directory) {
   window.resize(picture_size);

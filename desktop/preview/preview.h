@@ -7,6 +7,9 @@
 
 namespace depcalc::desktop {
 
+/// The page of a window without a company, in the same way.
+QStringList renderStartPage(MainWindow& window, const QString& directory);
+
 /// Walks the open company's calculator through its screens and writes a picture of each into
 /// `directory`, which is there: the register, the form filled with the first asset, its help, the
 /// comparison; and the schedule as PDF and as pictures of its pages. Nothing is saved. Returns

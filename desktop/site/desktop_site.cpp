@@ -63,6 +63,7 @@ BoxAnswer DesktopSite::ask(const MessageBox& box, const QString& note) {
   shown.setInformativeText(note);
   shown.setObjectName(QStringLiteral("CalculatorBox"));
   tidyBox(shown);
+  if (box_opens_) box_opens_(shown, box.title);
   // A question over an hourglass could not be answered.
   const bool waiting = hourglass_;
   setPointer(Pointer::normal);

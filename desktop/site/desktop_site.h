@@ -12,6 +12,8 @@
 
 class QWidget;
 
+class QMessageBox;
+
 namespace depcalc::desktop {
 
 class DesktopSite : public Site {
@@ -22,6 +24,10 @@ class DesktopSite : public Site {
   /// Boxes are modal to `window`. `dpi` is the screen's logical resolution. The printer is made
   /// anew each time one is asked for, so that every job is one of its own.
   DesktopSite(QWidget& window, double dpi, Today today, MakePrinter make_printer);
+
+  /// Hears of each box before it is shown.
+  using BoxOpens = std::function<void(QMessageBox& box, std::string_view title)>;
+  void whenBoxOpens(BoxOpens hear) { box_opens_ = std::move(hear); }
 
   BoxAnswer showBox(const MessageBox& box) override;
   /// While `act` runs, `question` is answered so and not shown: the user has been asked already.
@@ -45,6 +51,7 @@ class DesktopSite : public Site {
   Scale measure_;
   Today today_;
   MakePrinter make_printer_;
+  BoxOpens box_opens_;
   std::unique_ptr<Printer> printer_;
   bool taken_ = false;  ///< and not asked for yet
   bool hourglass_ = false;

@@ -26,6 +26,12 @@ class Page : public QScrollArea {
   /// The keys go to the control that has the focus, else to the page itself.
   void takeKeys();
 
+  /// What fits the page is not to change its size where something beside the page comes and goes:
+  /// this much of its height, in pixels, is only lent.
+  void lendHeight(int pixels) { lent_ = pixels; }
+  /// The room for what is shown, without scroll bars and with what is lent.
+  [[nodiscard]] QSize room() const { return maximumViewportSize() + QSize(0, lent_); }
+
   /// The surface that is shown; null while a placeholder is.
   [[nodiscard]] Surface* surface() const { return surface_; }
   /// The place of the outermost control, alone and with what reaches beyond it, in twips; of
@@ -54,7 +60,8 @@ class Page : public QScrollArea {
 
   Surface* surface_ = nullptr;
   const UserControl* root_ = nullptr;
-  QWidget* shown_ = nullptr;    ///< the outermost control's
+  QWidget* shown_ = nullptr;  ///< the outermost control's
+  int lent_ = 0;
   QPointer<QWidget> appeared_;  ///< to be seen once it is in its place
 };
 

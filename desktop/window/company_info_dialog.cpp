@@ -6,7 +6,9 @@
 #include <QFormLayout>
 #include <QLineEdit>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "values/en_us.h"
 
@@ -25,6 +27,7 @@ CompanyInfoDialog::CompanyInfoDialog(const CompanyInfo& info, QWidget* parent)
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  addGuideHelp(*this, guide::company_info);
   dropButtonIcons(*this);
   auto* const form = new QFormLayout(this);
   form->addRow(tr("&Name:"), name_);

@@ -8,7 +8,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "values/display_format.h"
 
@@ -58,6 +60,7 @@ DisposalDialog::DisposalDialog(const SavedAsset& asset, Date today, QWidget* par
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(date_, &QLineEdit::textChanged, this, [this] { look(); });
   connect(proceeds_, &QLineEdit::textChanged, this, [this] { look(); });
+  addGuideHelp(*this, guide::disposals);
   dropButtonIcons(*this);
   auto* const form = new QFormLayout;
   form->addRow(tr("&Date of disposal:"), date_);

@@ -4,7 +4,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/system_end.h"
 
@@ -56,6 +58,7 @@ Choice choose(const FailedChange& change, QWidget* window) {
   QPushButton* const close = box.addButton(QMessageBox::Close);
   box.setDefaultButton(again);
   box.setEscapeButton(close);
+  addGuideKey(box, guide::not_saved);
   keepAtSystemEnd(box);
   tidyBox(box);
   box.exec();
@@ -70,6 +73,7 @@ bool givesUp(QWidget* window) {
   QMessageBox box(QMessageBox::Question, QObject::tr("Discard Change"),
                   QObject::tr("Give up this change?"), QMessageBox::Yes | QMessageBox::No, window);
   box.setDefaultButton(QMessageBox::No);
+  addGuideKey(box, guide::not_saved);
   keepAtSystemEnd(box);
   tidyBox(box);
   return box.exec() == QMessageBox::Yes || box.clickedButton() == nullptr;

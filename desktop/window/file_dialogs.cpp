@@ -7,7 +7,9 @@
 #include <QTemporaryDir>
 #include <functional>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -47,6 +49,7 @@ QString answerOf(QWidget* window, const FileQuestion& question,
   dialog.setDirectory(is_folder ? proposed.absoluteFilePath() : proposed.absolutePath());
   prepare(dialog);
   if (!is_folder) dialog.selectFile(proposed.fileName());
+  addGuideKey(dialog, question.page);
   dropButtonIcons(dialog);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

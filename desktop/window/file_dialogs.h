@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <string_view>
+
+#include "desktop/guide/guide_pages.h"
 
 class QWidget;
 
@@ -12,6 +15,7 @@ struct FileQuestion {
   QString title;
   QString filter;
   QString proposed;  ///< a path or a name to begin with, or a folder; "" the current one
+  std::string_view page = guide::open_company;  ///< of the guide
 };
 
 /// Every dialog of the program that lists files is one of these, and none opens a file that it

@@ -5,6 +5,15 @@
 
 namespace depcalc::desktop {
 
+QString freePath(const QString& folder, const QString& name, const QString& suffix) {
+  const QString begin = folder + u'/' + name;
+  QString path = begin + suffix;
+  for (int number = 2; QFileInfo::exists(path); ++number) {
+    path = begin + u' ' + QString::number(number) + suffix;
+  }
+  return path;
+}
+
 QString folderTrouble(const QString& path) {
   const QFileInfo folder(QFileInfo(path).absolutePath());
   if (!folder.isDir()) {

@@ -3,7 +3,9 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/window/file_names.h"
 #include "desktop/window/warning_box.h"
 
@@ -16,6 +18,7 @@ bool mayReplace(const QString& path, QWidget* window) {
       QMessageBox::Yes | QMessageBox::No, window);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::No);
+  addGuideKey(box, guide::exporting);
   tidyBox(box);
   return box.exec() == QMessageBox::Yes;
 }

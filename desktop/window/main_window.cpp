@@ -2,12 +2,15 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
 #include <filesystem>
 #include <system_error>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/text_block.h"
+#include "desktop/window/hint_bar.h"
 #include "desktop/window/start_page.h"
 #include "desktop/window/workspace.h"
 #include "host/unit_of_work.h"
@@ -32,13 +35,15 @@ MainWindow::MainWindow(Surroundings surroundings)
       application_(std::make_shared<DesktopApplication>(around_.start_directory)),
       report_hook_([this](const ErrorReport& report) { noteFailure(report); }),
       page_(new Page(this)),
+      hints_(new HintBar(this)),
       site_(*this, logicalDpiX(), around_.today, [this] { return systemPrinter(); }),
       company_label_(new QLabel(this)),
       note_label_(new QLabel(this)),
       figures_label_(new QLabel(this)),
       saved_label_(new QLabel(this)) {
   setObjectName(QStringLiteral("MainWindow"));
-  setCentralWidget(page_);
+  appearances_.use(around_.settings.appearance());
+  makeHints();
   setAcceptDrops(true);
   // A company may be called anything.
   for (QLabel* label : {company_label_, note_label_, figures_label_, saved_label_}) {
@@ -53,6 +58,8 @@ MainWindow::MainWindow(Surroundings surroundings)
   note_label_->setContentsMargins(0, 0, fontMetrics().averageCharWidth() * 2, 0);
   around_.files.whenChangeFails(
       [this](const FailedChange& change) { return askAboutChange(change); });
+  site_.whenBoxOpens(
+      [](QMessageBox& box, std::string_view title) { addGuideKey(box, guidePageForBox(title)); });
   makeMenus();
   resize(firstSize(screen()->availableSize()));
   restoreGeometry(around_.settings.geometry());
@@ -241,7 +248,7 @@ void MainWindow::showPlaceholder() {
   if (company() == nullptr) {
     auto* const start =
         new StartPage(tr("Open a company, or create a new one, to work with its assets."),
-                      {new_company_, open_company_});
+                      {new_company_, open_company_, sample_company_});
     start->offer(around_.settings.recent());
     // Queued: what opens replaces the page that was clicked.
     connect(start, &StartPage::chosen, this, &MainWindow::openCompany, Qt::QueuedConnection);
@@ -261,6 +268,7 @@ void MainWindow::showStatus() {
   workspace_->setOpen(company() != nullptr);
   workspace_->follow();
   followReports();
+  showNextStep();
   if (company() == nullptr) {
     setWindowTitle(tr("Depreciation Calculator"));
     company_label_->setText(tr("No company open"));

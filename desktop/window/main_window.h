@@ -9,9 +9,12 @@
 #include <string>
 
 #include "common/report_error.h"
+#include "desktop/guide/next_step.h"
 #include "desktop/host/backups.h"
 #include "desktop/host/desktop_application.h"
 #include "desktop/reports/report_desk.h"
+#include "desktop/widgets/guide_help.h"
+#include "desktop/window/appearance.h"
 #include "desktop/window/asset_menu.h"
 #include "desktop/window/calculator.h"
 #include "desktop/window/edit_menu.h"
@@ -35,11 +38,13 @@ struct Recalculation;
 
 namespace depcalc::desktop {
 
+class GuideWindow;
+class HintBar;
 class InsightPanel;
 class ReportsWindow;
 class Workspace;
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, public GuideReader {
   Q_OBJECT
 
  public:
@@ -50,6 +55,8 @@ class MainWindow : public QMainWindow {
     Backups& backups;
     DesktopSite::Today today;
     std::string start_directory;
+    QString shared = {};     ///< the folder with the guide and the sample company
+    QString documents = {};  ///< where the user keeps documents; "" for the home directory
   };
 
   explicit MainWindow(Surroundings surroundings);
@@ -104,6 +111,10 @@ class MainWindow : public QMainWindow {
   void showReports(ReportKind kind);
   /// Shows what the file holds and, where the user agrees, adds its assets to the register.
   void importFile(const QString& path);
+  /// Makes a company to try things on, and opens it.
+  void openSampleCompany();
+  void openGuide(const QString& page) override;
+  [[nodiscard]] bool hasGuide() const;
   void setZoom(int percent) { view_menu_->setZoom(percent); }
 
   [[nodiscard]] Calculator* calculator() const { return calculator_.get(); }
@@ -117,6 +128,7 @@ class MainWindow : public QMainWindow {
   void changeEvent(QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   // main_window_menus.cpp
@@ -140,6 +152,14 @@ class MainWindow : public QMainWindow {
   void showHelpTopic(int link);
   void tell(const QString& text);
   [[nodiscard]] std::unique_ptr<Printer> systemPrinter();
+
+  // main_window_first_day.cpp
+  [[nodiscard]] UserState userState();
+  void makeHints();
+  void showNextStep();
+  void askPreferences();
+  void openGuideHere();
+  void endGuide();
 
   // main_window_reports.cpp
   void makeReportsMenu();
@@ -228,9 +248,11 @@ class MainWindow : public QMainWindow {
   [[nodiscard]] std::optional<std::uint64_t> revision() const;
 
   Surroundings around_;
+  Appearances appearances_;
   std::shared_ptr<DesktopApplication> application_;
   ErrorReportHook report_hook_;
   Page* page_;
+  HintBar* hints_;
   DesktopSite site_;
   std::unique_ptr<Calculator> calculator_;
   std::unique_ptr<PrintHelp> print_help_;
@@ -261,10 +283,12 @@ class MainWindow : public QMainWindow {
   Workspace* workspace_ = nullptr;
   std::weak_ptr<RegisterOfAssets> read_;  ///< by who still shows it, as of
   std::optional<std::uint64_t> read_revision_;
+  QPointer<GuideWindow> guide_;
   QPointer<ReportsWindow> reports_;
   QString reports_path_;
   std::optional<std::uint64_t> reports_revision_;  ///< that they show
   QList<QAction*> report_actions_;                 ///< need an open company
+  QAction* sample_company_ = nullptr;
   QAction* new_company_ = nullptr;
   QAction* open_company_ = nullptr;
   QAction* import_ = nullptr;

@@ -3,7 +3,9 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/file_dialogs.h"
 #include "desktop/window/main_window.h"
@@ -17,7 +19,8 @@ void MainWindow::askBackup() {
   if (path.isEmpty()) {
     path = askFileToOpen(this, {.title = tr("Restore Backup: Choose the Company's File"),
                                 .filter = tr("Company files (*.company);;All files (*)"),
-                                .proposed = companyFolder()});
+                                .proposed = companyFolder(),
+                                .page = guide::backups});
   }
   if (!path.isEmpty()) offerBackups(path);
 }
@@ -80,6 +83,7 @@ void MainWindow::tellNotOpened(const CompanyFileError& error, const QString& pat
   QPushButton* const restore = box.addButton(tr("Restore &Backup…"), QMessageBox::AcceptRole);
   box.setDefaultButton(restore);
   box.setEscapeButton(QMessageBox::Close);
+  addGuideKey(box, guide::backups);
   tidyBox(box);
   box.exec();
   if (box.clickedButton() == restore) offerBackups(path);

@@ -55,7 +55,8 @@ void MainWindow::undoDisposal() {
     const std::string question = "This asset was disposed of on " + asset.disposed.toText() +
                                  " for " + formatMoney(asset.proceeds) +
                                  ". Do you want to put it back in service?";
-    if (site_.ask({question, BoxButtons::yesNo, "Undo Disposal"}, {}) != BoxAnswer::yes) {
+    if (around_.settings.gives(Notice::undo_disposal) &&
+        site_.ask({question, BoxButtons::yesNo, "Undo Disposal"}, {}) != BoxAnswer::yes) {
       return nullptr;
     }
     return [this](CompanyAssets& of, int at) {

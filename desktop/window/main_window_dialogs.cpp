@@ -2,7 +2,9 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/company_info_dialog.h"
 #include "desktop/window/file_dialogs.h"
@@ -48,6 +50,7 @@ void MainWindow::showAbout() {
                      "schedule.</p>")
                       .arg(QApplication::applicationVersion()),
                   QMessageBox::Ok, this);
+  addGuideKey(box, guide::contents);
   tidyBox(box);
   box.exec();
 }
@@ -64,12 +67,13 @@ void MainWindow::showHelpTopic(int link) {
   QMessageBox box(QMessageBox::NoIcon, qtText(topic->title), qtText(topic->body), QMessageBox::Ok,
                   this);
   box.setTextFormat(Qt::PlainText);
+  addGuideKey(box, guide::contents);
   tidyBox(box);
   box.exec();
 }
 
 std::unique_ptr<Printer> MainWindow::systemPrinter() {
-  return makeSystemPrinter(around_.settings.printer(), this);
+  return makeSystemPrinter({around_.settings.printer(), around_.settings.paperSize()}, this);
 }
 
 ScheduleJob MainWindow::jobOf(Calculator& calculator) {
@@ -82,14 +86,18 @@ void MainWindow::print() {
   // The register as it is in the file, whatever screen shows.
   Calculator printed(site_, application_, view_menu_->scale(), Colours(palette()));
   printed.start();
-  const QString chosen = printThroughDialog(around_.settings.printer(), jobOf(printed), this);
-  if (!chosen.isEmpty()) around_.settings.setPrinter(chosen);
+  Settings& settings = around_.settings;
+  const auto chosen =
+      printThroughDialog({settings.printer(), settings.paperSize()}, jobOf(printed), this);
+  if (!chosen) return;
+  if (!chosen->printer.isEmpty()) settings.setPrinter(chosen->printer);
+  if (chosen->paper) settings.setPaperSize(*chosen->paper);
 }
 
 void MainWindow::previewPrint() {
   Calculator printed(site_, application_, view_menu_->scale(), Colours(palette()));
   printed.start();
-  showPrintPreview(jobOf(printed), this);
+  showPrintPreview(around_.settings.paperSize(), jobOf(printed), this);
 }
 
 }  // namespace depcalc::desktop

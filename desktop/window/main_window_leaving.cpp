@@ -55,6 +55,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     return;
   }
   endReports();
+  endGuide();
   remember(open);
   event->accept();
 }

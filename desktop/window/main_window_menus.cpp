@@ -16,6 +16,9 @@ void MainWindow::makeMenus() {
                                    .redo = [this] { redo(); },
                                    .history = [this] { showHistory(); }});
   edit_menu_ = new EditMenu(edit, [this] { return calculator(); });
+  edit.addSeparator();
+  addAction(edit, tr("Pr&eferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+            &MainWindow::askPreferences);
   makeCompanyMenu();
   makeAssetMenu();
   makeReportsMenu();
@@ -86,6 +89,10 @@ void MainWindow::makeHelpMenu() {
   const auto add = [this, &menu](const QString& text, int link) {
     connect(menu.addAction(text), &QAction::triggered, this, [this, link] { showHelpTopic(link); });
   };
+  addAction(menu, tr("&Guide"), {}, &MainWindow::openGuideHere);
+  sample_company_ =
+      addAction(menu, tr("Open the &Sample Company"), {}, &MainWindow::openSampleCompany);
+  menu.addSeparator();
   add(tr("&Using This Calculator"), -1);
   int link = 0;
   for (const HelpLink& topic : helpLinks()) add(qtText(topic.caption), link++);

@@ -34,7 +34,8 @@ void MainWindow::changeCompanyInfo(const CompanyInfo& info) {
   }
   startCalculator();
   CompanyAssets assets(application_->CompanyFile(), around_.today());
-  if (calculator_ != nullptr && assetsOfOtherFiscalYears(assets) > 0) {
+  if (calculator_ != nullptr && around_.settings.gives(Notice::recalculation) &&
+      assetsOfOtherFiscalYears(assets) > 0) {
     recalculate(FiscalYearEnds::company);
   }
 }

@@ -4,7 +4,9 @@
 #include <QPushButton>
 
 #include "common/trapped.h"
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "register/print_pages.h"
 
 namespace depcalc::desktop {
@@ -76,6 +78,7 @@ AboutMissing askAboutMissing(const QString& note, const QString& otherwise, QWid
   QPushButton* const back = box.addButton(otherwise, QMessageBox::RejectRole);
   box.setDefaultButton(back);
   box.setEscapeButton(back);
+  addGuideKey(box, guide::printing);
   tidyBox(box);
   box.exec();
   if (box.clickedButton() == print) return AboutMissing::print;

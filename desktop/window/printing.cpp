@@ -15,7 +15,9 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/printing/page_printer.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/window/file_names.h"
 #include "desktop/window/file_to_write.h"
 #include "desktop/window/missing_assets.h"
@@ -31,23 +33,40 @@ void setMargins(QPrinter& device) {
                         QPageLayout::Inch);
 }
 
+/// The paper that the user prefers, where there is one, and our margins on it.
+void setPaper(QPrinter& device, std::optional<PaperSize> paper) {
+  if (paper) {
+    device.setPageSize(QPageSize(*paper == PaperSize::letter ? QPageSize::Letter : QPageSize::A4));
+  }
+  setMargins(device);
+}
+
+/// What the user can choose again; nothing for paper of any other size.
+std::optional<PaperSize> paperOf(const QPrinter& device) {
+  const QPageSize::PageSizeId id = device.pageLayout().pageSize().id();
+  if (id == QPageSize::A4) return PaperSize::a4;
+  return id == QPageSize::Letter ? std::optional(PaperSize::letter) : std::nullopt;
+}
+
 /// A job keeps its device until its end.
 struct Device {
-  explicit Device(const QPrinterInfo& printer) : device(printer, QPrinter::HighResolution) {
+  Device(const QPrinterInfo& printer, std::optional<PaperSize> paper)
+      : device(printer, QPrinter::HighResolution) {
     device.setDocName(QObject::tr("Depreciation Schedule"));
-    setMargins(device);
+    setPaper(device, paper);
   }
   QPrinter device;
 };
 
 class SystemJob : private Device, public PagePrinter {
  public:
-  explicit SystemJob(const QPrinterInfo& printer) : Device(printer), PagePrinter(Device::device) {}
-  explicit SystemJob(const QString& pdf_path)
-      : Device(QPrinterInfo()), PagePrinter(Device::device) {
+  SystemJob(const QPrinterInfo& printer, std::optional<PaperSize> paper)
+      : Device(printer, paper), PagePrinter(Device::device) {}
+  SystemJob(const QString& pdf_path, std::optional<PaperSize> paper)
+      : Device(QPrinterInfo(), paper), PagePrinter(Device::device) {
     Device::device.setOutputFormat(QPrinter::PdfFormat);
     Device::device.setOutputFileName(pdf_path);
-    setMargins(Device::device);
+    setPaper(Device::device, paper);
   }
 };
 
@@ -92,7 +111,8 @@ QString askPdfFile(QWidget* window) {
   return askFileToWrite(window,
                         {.title = QObject::tr("No printer is set up: print to a PDF file"),
                          .filter = QObject::tr("PDF documents (*.pdf)"),
-                         .proposed = QObject::tr("Depreciation Schedule.pdf")},
+                         .proposed = QObject::tr("Depreciation Schedule.pdf"),
+                         .page = guide::printing},
                         pdf_suffix);
 }
 
@@ -113,19 +133,21 @@ bool endsInPdf(QPrinter& device, QWidget* window) {
   return true;
 }
 
-std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window) {
-  const QPrinterInfo printer = printerCalled(preferred);
-  if (!printer.isNull()) return std::make_unique<SystemJob>(printer);
+std::unique_ptr<Printer> makeSystemPrinter(const PrintStart& start, QWidget* window) {
+  const QPrinterInfo printer = printerCalled(start.printer);
+  if (!printer.isNull()) return std::make_unique<SystemJob>(printer, start.paper);
   const QString path = askPdfFile(window);
   if (path.isEmpty()) return nullptr;
-  return std::make_unique<SystemJob>(path);
+  return std::make_unique<SystemJob>(path, start.paper);
 }
 
-QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWidget* window) {
-  QPrinter device(printerCalled(preferred), QPrinter::HighResolution);
+std::optional<PrintStart> printThroughDialog(const PrintStart& start, const ScheduleJob& job,
+                                             QWidget* window) {
+  QPrinter device(printerCalled(start.printer), QPrinter::HighResolution);
   device.setDocName(QObject::tr("Depreciation Schedule"));
-  setMargins(device);
+  setPaper(device, start.paper);
   QPrintDialog dialog(&device, window);
+  addGuideKey(dialog, guide::printing);
   while (dialog.exec() == QDialog::Accepted) {
     if (!endsInPdf(device, window)) continue;
     PagePrinter printer(device);
@@ -133,22 +155,23 @@ QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWi
     if (wanted == AboutMissing::back) continue;
     if (wanted == AboutMissing::report) {
       job.report_all();
-      return {};
+      return std::nullopt;
     }
     job.print(printer);
-    return device.printerName();
+    return PrintStart{device.printerName(), paperOf(device)};
   }
-  return {};
+  return std::nullopt;
 }
 
-void showPrintPreview(const ScheduleJob& job, QWidget* window) {
+void showPrintPreview(std::optional<PaperSize> paper, const ScheduleJob& job, QWidget* window) {
   QPrinter device(QPrinter::HighResolution);
-  setMargins(device);
+  setPaper(device, paper);
   QPrintPreviewDialog dialog(&device, window);
   dialog.setObjectName(QStringLiteral("PrintPreview"));
   dialog.resize(window->size());
   nameControls(dialog);
   QLabel* const note = addNote(dialog);
+  addGuideKey(dialog, guide::printing);
   QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, window,
                    [&job, note](QPrinter* preview) {
                      PagePrinter printer(*preview);

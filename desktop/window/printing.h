@@ -5,13 +5,22 @@
 #include <QString>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "controls/printer.h"
+#include "desktop/printing/pdf_printer.h"
 
 class QPrinter;
 class QWidget;
 
 namespace depcalc::desktop {
+
+/// What printing begins with: the printer's name, or "" for the system's default; the paper, or
+/// nothing for the printer's own.
+struct PrintStart {
+  QString printer;
+  std::optional<PaperSize> paper;
+};
 
 /// The printer called `preferred`, else the system's default.
 [[nodiscard]] QPrinterInfo printerCalled(const QString& preferred);
@@ -22,7 +31,7 @@ namespace depcalc::desktop {
 
 /// The same printer for a job. Where the system has no printer the
 /// user may name a PDF file instead; who does not gets none.
-std::unique_ptr<Printer> makeSystemPrinter(const QString& preferred, QWidget* window);
+std::unique_ptr<Printer> makeSystemPrinter(const PrintStart& start, QWidget* window);
 
 /// A schedule to be printed.
 struct ScheduleJob {
@@ -33,11 +42,12 @@ struct ScheduleJob {
 };
 
 /// Asks which printer and how, and prints there. Where the paper would leave something out it says
-/// so first, and the user may go back and choose another. Returns the printer's name, "" when
+/// so first, and the user may go back and choose another. Returns what was chosen; nothing when
 /// cancelled.
-QString printThroughDialog(const QString& preferred, const ScheduleJob& job, QWidget* window);
+std::optional<PrintStart> printThroughDialog(const PrintStart& start, const ScheduleJob& job,
+                                             QWidget* window);
 
 /// Shows the pages, and below them what the paper chosen there leaves out.
-void showPrintPreview(const ScheduleJob& job, QWidget* window);
+void showPrintPreview(std::optional<PaperSize> paper, const ScheduleJob& job, QWidget* window);
 
 }  // namespace depcalc::desktop

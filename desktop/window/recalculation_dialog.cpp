@@ -12,7 +12,9 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "values/display_format.h"
 
@@ -117,6 +119,7 @@ RecalculationDialog::RecalculationDialog(const Company& company, FiscalYearEnds 
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(company_year_, &QCheckBox::toggled, this, [this] { this->calculate(); });
+  addGuideHelp(*this, guide::recalculation);
   dropButtonIcons(*this);
   auto* const layout = new QVBoxLayout(this);
   for (QWidget* part : std::initializer_list<QWidget*>{explanation, company_year_, summary_,

@@ -10,11 +10,13 @@
 #include <QPushButton>
 #include <QSaveFile>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/printing/pdf_setup.h"
 #include "desktop/printing/report_pdf.h"
 #include "desktop/printing/report_pen.h"
 #include "desktop/printing/twip_font.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/window/file_to_write.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/warning_box.h"
@@ -61,6 +63,7 @@ AfterFailure askAfterFailure(const QString& path, const QString& reason, QWidget
   const auto* const elsewhere =
       box.addButton(QObject::tr("Choose Another &File…"), QMessageBox::AcceptRole);
   box.addButton(QMessageBox::Cancel);
+  addGuideKey(box, guide::exporting);
   tidyBox(box);
   box.exec();
   if (box.clickedButton() == again) return AfterFailure::again;
@@ -80,9 +83,12 @@ QString write(const QString& path, const QByteArray& content) {
 
 /// "" when cancelled.
 QString askPath(const ReportFile& file, const QString& proposed, QWidget* window) {
-  return askFileToWrite(
-      window, {.title = QObject::tr("Export"), .filter = file.filter, .proposed = proposed},
-      file.suffix, file.taken);
+  return askFileToWrite(window,
+                        {.title = QObject::tr("Export"),
+                         .filter = file.filter,
+                         .proposed = proposed,
+                         .page = guide::exporting},
+                        file.suffix, file.taken);
 }
 
 }  // namespace
@@ -94,6 +100,7 @@ QString printReport(const Report& report, PdfPaper paper, Date today, const QStr
   device.setPageLayout(pageLayout(paper));
   QPrintDialog dialog(&device, window);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+  addGuideKey(dialog, guide::printing);
   while (dialog.exec() == QDialog::Accepted) {
     if (!endsInPdf(device, window)) continue;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);

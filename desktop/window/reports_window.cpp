@@ -21,8 +21,10 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/report_kind_painter.h"
 #include "desktop/window/report_output.h"
@@ -54,6 +56,16 @@ QStringList groupingNames() {
           QObject::tr("Convention")};
 }
 
+/// The paper that the user prefers, by its place in the list.
+int paperRow(const Settings& settings) {
+  const PaperSize size = settings.paperSize().value_or(PaperSize::a4);
+  const bool landscape = settings.reportsLandscape();
+  const auto* const found = std::find_if(papers.begin(), papers.end(), [&](const PdfPaper& paper) {
+    return paper.size == size && paper.landscape == landscape;
+  });
+  return static_cast<int>(found - papers.begin());
+}
+
 /// Without telling anybody.
 void fill(QComboBox& box, const QStringList& items, int current) {
   const QSignalBlocker silent(box);
@@ -81,6 +93,7 @@ ReportsWindow::ReportsWindow(Surroundings surroundings, QWidget* parent)
   showReport();
   colourPrintButton();
   kinds_->setFocus();
+  addGuideKey(*this, guide::reports);
   standBesideTheMainWindow();
 }
 
@@ -135,7 +148,7 @@ QWidget* ReportsWindow::makeChoices() {
   page_->setObjectName(QStringLiteral("PageNumber"));
   row->addWidget(page_);
   forward_ = addTurn(*row, Qt::RightArrow, tr("Next page"), 1);
-  fill(*paper_, paperNames(), 0);
+  fill(*paper_, paperNames(), paperRow(around_.settings));
   fill(*grouping_, groupingNames(), 0);
   return bar;
 }
@@ -249,7 +262,19 @@ void ReportsWindow::chooseGrouping(int index) {
   showReport();
 }
 
-void ReportsWindow::choosePaper(int) { showReport(); }
+void ReportsWindow::choosePaper(int) {
+  around_.settings.setPaperSize(paper().size);
+  around_.settings.setReportsLandscape(paper().landscape);
+  showReport();
+}
+
+void ReportsWindow::followPaper() {
+  const int row = paperRow(around_.settings);
+  if (row == paper_->currentIndex()) return;
+  const QSignalBlocker silent(paper_);
+  paper_->setCurrentIndex(row);
+  showReport();
+}
 
 void ReportsWindow::chooseAsset(int index) {
   if (index < 0) return;

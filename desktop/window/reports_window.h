@@ -41,6 +41,8 @@ class ReportsWindow : public QWidget {
   void refresh();
   /// Whether the main window has changes of an asset that are not saved.
   void noteUnsaved(bool unsaved);
+  /// Another paper may be preferred now.
+  void followPaper();
 
  signals:
   void closed();

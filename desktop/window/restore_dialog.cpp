@@ -7,7 +7,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 
 namespace depcalc::desktop {
 
@@ -42,6 +44,7 @@ RestoreDialog::RestoreDialog(QVector<Backup> backups, const QVector<std::optiona
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(list_, &QListWidget::itemActivated, this, &QDialog::accept);
+  addGuideHelp(*this, guide::backups);
   dropButtonIcons(*this);
   auto* const layout = new QVBoxLayout(this);
   for (QWidget* part : std::initializer_list<QWidget*>{question, list_, note, buttons}) {

@@ -3,6 +3,7 @@
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <algorithm>
+#include <array>
 
 #include "desktop/widgets/scale.h"
 
@@ -19,6 +20,35 @@ const QString width_key = QStringLiteral("workspace/%1_width");
 const QString asset_columns_key = QStringLiteral("workspace/asset_columns");
 const QString hides_disposed_key = QStringLiteral("workspace/hides_disposed");
 const QString printer_key = QStringLiteral("print/printer");
+const QString paper_key = QStringLiteral("print/paper");
+const QString reports_landscape_key = QStringLiteral("print/reports_landscape");
+const QString appearance_key = QStringLiteral("view/appearance");
+const QString dismissed_key = QStringLiteral("hints/dismissed");
+const QString samples_key = QStringLiteral("companies/samples");
+
+constexpr std::array appearance_names{"desktop", "light", "dark"};
+constexpr std::array paper_names{"A4", "Letter"};
+constexpr std::array notice_keys{"notices/hints", "notices/recalculation", "notices/undo_disposal"};
+
+/// The place of a name in a table; nothing where it has none.
+template <typename Names>
+std::optional<int> placeOf(const QString& name, const Names& names) {
+  const auto* const found = std::find(names.begin(), names.end(), name);
+  if (found == names.end()) return std::nullopt;
+  return static_cast<int>(found - names.begin());
+}
+
+template <typename Kind, typename Names>
+QString nameOf(Kind kind, const Names& names) {
+  return QLatin1String(names.at(static_cast<std::size_t>(kind)));
+}
+
+/// With `text` once more, as the last one; no more of them than `most`.
+QStringList with(QStringList texts, const QString& text, int most) {
+  texts.removeAll(text);
+  texts.append(text);
+  return texts.mid(std::max(0, static_cast<int>(texts.size()) - most));
+}
 
 const QString import_headers_key = QStringLiteral("import/headers");
 const QString import_columns_key = QStringLiteral("import/columns_%1");
@@ -96,5 +126,54 @@ void Settings::setImportColumns(const QStringList& header, const QStringList& us
 
 QString Settings::printer() const { return store_.value(printer_key).toString(); }
 void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }
+
+std::optional<PaperSize> Settings::paperSize() const {
+  const auto place = placeOf(store_.value(paper_key).toString(), paper_names);
+  return place ? std::optional(static_cast<PaperSize>(*place)) : std::nullopt;
+}
+void Settings::setPaperSize(PaperSize size) {
+  store_.setValue(paper_key, nameOf(size, paper_names));
+}
+
+bool Settings::reportsLandscape() const {
+  return store_.value(reports_landscape_key, true).toBool();
+}
+void Settings::setReportsLandscape(bool landscape) {
+  store_.setValue(reports_landscape_key, landscape);
+}
+
+Appearance Settings::appearance() const {
+  const auto place = placeOf(store_.value(appearance_key).toString(), appearance_names);
+  return static_cast<Appearance>(place.value_or(0));
+}
+void Settings::setAppearance(Appearance appearance) {
+  store_.setValue(appearance_key, nameOf(appearance, appearance_names));
+}
+
+bool Settings::gives(Notice notice) const {
+  return store_.value(nameOf(notice, notice_keys), true).toBool();
+}
+void Settings::setGives(Notice notice, bool on) {
+  store_.setValue(nameOf(notice, notice_keys), on);
+}
+
+bool Settings::isDismissed(const QString& hint) const {
+  return store_.value(dismissed_key).toStringList().contains(hint);
+}
+void Settings::dismiss(const QString& hint) {
+  constexpr int most_hints = 100;
+  store_.setValue(dismissed_key,
+                  with(store_.value(dismissed_key).toStringList(), hint, most_hints));
+}
+void Settings::forgetDismissed() { store_.remove(dismissed_key); }
+bool Settings::hasDismissed() const { return store_.contains(dismissed_key); }
+
+bool Settings::isSample(const QString& path) const {
+  return store_.value(samples_key).toStringList().contains(path);
+}
+void Settings::addSample(const QString& path) {
+  constexpr int most_samples = 20;
+  store_.setValue(samples_key, with(store_.value(samples_key).toStringList(), path, most_samples));
+}
 
 }  // namespace depcalc::desktop

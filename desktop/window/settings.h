@@ -6,7 +6,20 @@
 #include <QStringList>
 #include <optional>
 
+#include "desktop/printing/pdf_printer.h"
+
 namespace depcalc::desktop {
+
+/// The colours that the program is to be shown in.
+enum class Appearance { desktop, light, dark };
+
+/// What the window says or asks without need: whoever knows it may have it left out, for nothing
+/// can be lost by it.
+enum class Notice {
+  hints,          ///< what to do next
+  recalculation,  ///< the offer after another fiscal year was chosen
+  undo_disposal,  ///< whether an asset is to be put back in service
+};
 
 class Settings {
  public:
@@ -53,6 +66,28 @@ class Settings {
 
   [[nodiscard]] QString printer() const;
   void setPrinter(const QString& name);
+  /// The size chosen last; nothing for who has never chosen one.
+  [[nodiscard]] std::optional<PaperSize> paperSize() const;
+  void setPaperSize(PaperSize size);
+  /// How reports lie on it.
+  [[nodiscard]] bool reportsLandscape() const;
+  void setReportsLandscape(bool landscape);
+
+  [[nodiscard]] Appearance appearance() const;
+  void setAppearance(Appearance appearance);
+
+  /// Whether it is given, as to anybody who has not refused it.
+  [[nodiscard]] bool gives(Notice notice) const;
+  void setGives(Notice notice, bool on);
+
+  [[nodiscard]] bool isDismissed(const QString& hint) const;
+  void dismiss(const QString& hint);
+  void forgetDismissed();
+  [[nodiscard]] bool hasDismissed() const;
+
+  /// Whether the company of that path was made as a sample.
+  [[nodiscard]] bool isSample(const QString& path) const;
+  void addSample(const QString& path);
 
   /// Writes now what otherwise is written when there is time.
   void write() { store_.sync(); }

@@ -9,7 +9,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "values/display_format.h"
 #include "values/number_text.h"
@@ -51,6 +53,7 @@ UnitsDialog::UnitsDialog(const SavedAsset& asset, int through, const QString& no
   buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  addGuideHelp(*this, guide::units);
   dropButtonIcons(*this);
   makeTable();
   auto* const layout = new QVBoxLayout(this);

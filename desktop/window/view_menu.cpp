@@ -52,6 +52,8 @@ void ViewMenu::makeSteps(QMenu& menu) {
   }
 }
 
+std::span<const int> ViewMenu::steps() { return zoom_steps; }
+
 Scale ViewMenu::scale() const { return Scale(page_.logicalDpiX(), zoom()); }
 
 void ViewMenu::setZoom(int percent) {
@@ -68,9 +70,8 @@ void ViewMenu::setFitWidth(bool on) {
 int ViewMenu::zoom() const {
   if (!settings_.fitWidth()) return settings_.zoom();
   const double pixels_per_twip = page_.logicalDpiX() / static_cast<double>(twips_per_inch);
-  return fittingZoom({page_.maximumViewportSize(),
-                      page_.style()->pixelMetric(QStyle::PM_ScrollBarExtent), pixels_per_twip,
-                      page_.shownPlace(), page_.shownPlaceWithHelp()});
+  return fittingZoom({page_.room(), page_.style()->pixelMetric(QStyle::PM_ScrollBarExtent),
+                      pixels_per_twip, page_.shownPlace(), page_.shownPlaceWithHelp()});
 }
 
 void ViewMenu::apply() {

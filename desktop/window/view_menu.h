@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenu>
+#include <span>
 
 #include "desktop/widgets/page.h"
 #include "desktop/window/settings.h"
@@ -17,6 +18,9 @@ class ViewMenu : public QObject {
  public:
   /// All of them live longer than this.
   ViewMenu(QMenu& menu, Settings& settings, Page& page);
+
+  /// The steps of the zoom, in percent.
+  [[nodiscard]] static std::span<const int> steps();
 
   [[nodiscard]] Scale scale() const;
   /// Brought within its bounds; ends fitting the width.

@@ -44,14 +44,15 @@ TEST_F(StartPage, ComesBackWhereACompanyGivenAtTheStartCannotBeOpened) {
   });
   look.start(10);
   fresh.show();
-  const auto offered = ElementsAre("&New Company…", "&Open Company…", "two", "saw && sons");
+  const auto offered = ElementsAre("&New Company…", "&Open Company…", "Open the &Sample Company",
+                                   "two", "saw && sons");
   ASSERT_TRUE(QTest::qWaitFor([&] { return !behind_the_box.empty(); }));
   EXPECT_EQ(behind_the_box, "No company open");
   EXPECT_THAT(buttons_behind_it, offered);
   look.stop();
   boxes.answering = true;
   EXPECT_THAT(buttons(fresh), offered);
-  QTest::mouseClick(fresh.page().findChildren<QPushButton*>().at(3), Qt::LeftButton);
+  QTest::mouseClick(fresh.page().findChildren<QPushButton*>().at(4), Qt::LeftButton);
   ASSERT_TRUE(QTest::qWaitFor([&] { return fresh.company() != nullptr; }));
   EXPECT_EQ(fresh.company()->path(), path("saw & sons").toStdString());
   EXPECT_NE(fresh.calculator(), nullptr) << "it opens by itself";
@@ -67,10 +68,10 @@ TEST_F(StartPage, SaysWhatOneCanDo) {
 TEST_F(StartPage, OffersTheCompaniesByKeyboard) {
   leaveCompany("one");
   const auto found = window.page().findChildren<QPushButton*>();
-  ASSERT_EQ(found.size(), 3);
-  found[1]->setFocus();
+  ASSERT_EQ(found.size(), 4);
+  found[2]->setFocus();
   key(Qt::Key_Tab);
-  EXPECT_EQ(QApplication::focusWidget(), found[2]);
+  EXPECT_EQ(QApplication::focusWidget(), found[3]);
   key(Qt::Key_Return);
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.company() != nullptr; }));
 }
@@ -81,10 +82,11 @@ TEST_F(StartPage, StaysWhereARecentCompanyCannotBeOpened) {
   leaveCompany("two");
   companies.companies.erase(path("two").toStdString());
   QFile::remove(path("two"));
-  QTest::mouseClick(window.page().findChildren<QPushButton*>().at(2), Qt::LeftButton);
+  QTest::mouseClick(window.page().findChildren<QPushButton*>().at(3), Qt::LeftButton);
   settle();
   EXPECT_EQ(boxes.take().size(), 1U);
-  EXPECT_THAT(buttons(window), ElementsAre("&New Company…", "&Open Company…", "one"));
+  EXPECT_THAT(buttons(window),
+              ElementsAre("&New Company…", "&Open Company…", "Open the &Sample Company", "one"));
 }
 
 }  // namespace

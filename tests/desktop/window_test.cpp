@@ -32,7 +32,7 @@ TEST_F(Window, TheEmptyPageLeadsOnByKeyboard) {
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   boxes.file = path();
   const auto buttons = window.page().findChildren<QPushButton*>();
-  ASSERT_EQ(buttons.size(), 2);
+  ASSERT_EQ(buttons.size(), 3);
   buttons[0]->setFocus();
   key(Qt::Key_Tab);
   EXPECT_EQ(QApplication::focusWidget(), buttons[1]);
@@ -307,6 +307,16 @@ TEST_F(Window, EveryPictureThatIsClickedHasAMnemonicThatNoMenuTakes) {
     EXPECT_FALSE(menu_letters.contains(QChar(control->mnemonic()))) << control->name();
   }
   EXPECT_EQ(pictures, 9);
+  // The buttons of a hint stand in the same window.
+  for (const char* name : {"HintMore", "HintDismiss"}) {
+    const QString letter =
+        window.findChild<QPushButton*>(name)->text().section(u'&', 1).left(1).toUpper();
+    EXPECT_EQ(letter.size(), 1) << name;
+    EXPECT_FALSE(menu_letters.contains(letter)) << name;
+    for (const Control* control : controls) {
+      EXPECT_NE(QString(QChar(control->mnemonic())), letter) << name << ", " << control->name();
+    }
+  }
   for (const Control* control : controls) {
     const auto* label = dynamic_cast<const Label*>(control);
     // The popup's links are in the Help menu, too; F1 clicks the label of a field.
@@ -389,12 +399,12 @@ TEST_F(Window, PreviewsShowEveryScreen) {
     names.push_back(QFileInfo(path).fileName().toStdString());
     EXPECT_GT(QFileInfo(path).size(), 1000) << names.back();
   }
-  EXPECT_THAT(
-      names,
-      ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
-                  "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
-                  "reports-journal.png", "reports-asset.png", "reports-check.png", "entry.png",
-                  "entry-help.png", "comparison.png", "comparison-help.png", "workspace.png"));
+  EXPECT_THAT(names,
+              ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
+                          "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
+                          "reports-journal.png", "reports-asset.png", "reports-check.png",
+                          "preferences.png", "company-info.png", "recalculate.png", "dispose.png",
+                          "entry.png", "entry-help.png", "comparison.png", "comparison-help.png", "workspace.png"));
 }
 
 }  // namespace

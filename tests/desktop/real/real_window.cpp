@@ -46,7 +46,8 @@ RealWindow::~RealWindow() {
 void RealWindow::open() {
   gui([this] {
     window = std::make_unique<desktop::MainWindow>(desktop::MainWindow::Surroundings{
-        *companies, *settings, *backups, today, directory.path().toStdString()});
+        *companies, *settings, *backups, today, directory.path().toStdString(),
+        QStringLiteral(DEPCALC_SHARED), directory.filePath("Documents")});
     window->show();
   });
   EXPECT_TRUE(user.sees([this] { return window->isActiveWindow(); }));
