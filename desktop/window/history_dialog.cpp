@@ -12,7 +12,9 @@
 #include <array>
 
 #include "common/trapped.h"
+#include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/step_names.h"
 
@@ -65,6 +67,7 @@ HistoryDialog::HistoryDialog(std::function<Recorder*()> recorder, Doors doors, Q
       note_(new QLabel(this)) {
   setWindowTitle(tr("History"));
   build();
+  addGuideHelp(*this, guide::history);
   connect(steps_, &QTreeWidget::currentItemChanged, this, &HistoryDialog::showChosen);
   connect(undo_, &QPushButton::clicked, this, [this] {
     doors_.undo();
