@@ -4,6 +4,7 @@
 
 #include "engine/method.h"
 #include "engine/schedule_span.h"
+#include "reports/methods_chart.h"
 #include "reports/proof.h"
 #include "reports/todays_calculation.h"
 #include "values/display_format.h"
@@ -153,12 +154,20 @@ std::string titleOf(const SavedAsset& saved) {
   return title;
 }
 
+void addChart(Report& report, const ReportAsset& asset) {
+  Chart chart = methodsChart(asset);
+  if (chart.series.empty()) return;
+  chart.title = "Every method as a chart, as calculated today";
+  report.chart = std::move(chart);
+}
+
 Report reportOn(const RegisterOfAssets& assets, const ReportAsset& asset) {
   Report report{.title = titleOf(asset.saved()), .covers = coverLine(assets, "")};
   report.tables.push_back(fieldsOf(asset));
   if (asset.disposalYear()) report.tables.push_back(disposalOf(asset));
   report.data_table = report.tables.size();
   report.tables.push_back(scheduleOf(asset));
+  addChart(report, asset);
   if (const auto results = calculatedToday(asset)) {
     report.tables.push_back(methodsOf(asset, *results));
     if (results->rate != Currency()) {

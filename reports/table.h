@@ -5,12 +5,14 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "reports/chart.h"
 #include "values/currency.h"
 #include "values/date.h"
 
@@ -99,6 +101,7 @@ struct Report {
   std::string covers;  ///< "Sample Joinery · April 1, 2025 to March 31, 2026 · …"
   std::vector<Table> tables = {};
   std::size_t data_table = 0;               ///< the one that data files hold
+  std::optional<Chart> chart = {};          ///< below the tables, for people; has series
   std::vector<std::string> notes = {};      ///< what a reader should know besides
   std::vector<std::string> proofs = {};     ///< what every row and total was found to satisfy
   std::vector<std::string> disproofs = {};  ///< where one does not: a defect of the program

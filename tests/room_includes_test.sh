@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper print_module printing_objects"
+window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing charts report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper paper_texts print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -42,18 +42,20 @@ expected() {
     calculator) echo "$calculator" ;;
     recalculation) echo "$store field_rules $1" ;;
     reports) echo "$records $1" ;;
-    report_formats) echo "$records reports $1" ;;
+    charts) echo "$records reports paper paper_texts $1" ;;
+    report_formats) echo "$records reports paper paper_texts charts $1" ;;
     report_xlsx) echo "$records reports $1" ;;
     reports_explaining) echo "$records explain reports $1" ;;
     reports_reading) echo "$store reports $1" ;;
     changes) echo "$store reports reports_reading $1" ;;
     importing) echo "$store reports reports_reading changes field_rules $1" ;;
     guide) echo "$records $1" ;;
-    report_desk) echo "$records reports report_formats report_xlsx $1" ;;
+    report_desk) echo "$records reports paper paper_texts charts report_formats report_xlsx $1" ;;
     paper) echo "$1" ;;
-    report_pages) echo "$records reports paper $1" ;;
+    paper_texts) echo "$ground paper $1" ;;
+    report_pages) echo "$records reports paper paper_texts charts $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes importing paper cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
+    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes charts importing paper paper_texts cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
     desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing desktop_widgets $1" ;;

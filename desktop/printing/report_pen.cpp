@@ -6,28 +6,14 @@
 #include <cmath>
 
 #include "desktop/printing/twip_font.h"
+#include "reports/pages/paper_tones.h"
 
 namespace depcalc::desktop {
 namespace {
 
-constexpr QColor black(26, 26, 26);
-constexpr QColor dark_red(102, 0, 0);
-constexpr QColor grey(96, 96, 96);
-
 constexpr double line_spacing = 1.12;
 
-QColor toneOf(PaperTone tone) {
-  switch (tone) {
-    case PaperTone::heading:
-      return {245, 232, 219};
-    case PaperTone::group:
-      return {250, 246, 240};
-    case PaperTone::accent:
-      return dark_red;
-    default:
-      return {214, 210, 204};
-  }
-}
+QColor qtColour(PaperColour colour) { return {colour.red, colour.green, colour.blue}; }
 
 QString qtText(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -40,13 +26,18 @@ bool isAscii(std::string_view text) {
 
 }  // namespace
 
-ReportPen::ReportPen(const QFont& family) {
-  faces_.push_back(face(family, 15, true, dark_red));  // title
-  faces_.push_back(face(family, 9.5, false, grey));    // lead
-  faces_.push_back(face(family, 8.5, true, black));    // heading
-  faces_.push_back(face(family, 8.5, false, black));   // body
-  faces_.push_back(face(family, 8.5, true, black));    // strong
-  faces_.push_back(face(family, 7.5, false, grey));    // small
+ReportPen::ReportPen(const QFont& family, PaperGround ground) : ground_(ground) {
+  for (int i = 0; i <= static_cast<int>(last_paper_font); ++i) {
+    const auto font = static_cast<PaperFont>(i);
+    const PaperLetters letters = lettersOf(font);
+    const bool dark = ground == PaperGround::dark;
+    faces_.push_back(
+        face(family, letters.points, letters.bold, qtColour(dark ? onDark(font) : onWhite(font))));
+  }
+}
+
+QColor ReportPen::colourOf(PaperTone tone) const {
+  return qtColour(ground_ == PaperGround::dark ? onDark(tone) : onWhite(tone));
 }
 
 ReportPen::Face ReportPen::face(const QFont& family, double points, bool bold,
@@ -123,12 +114,31 @@ void ReportPen::drawTexts(QPainter& painter, const PaperPage& page, PaperFont fo
   run.draw(painter);
 }
 
+void ReportPen::drawStroke(QPainter& painter, const PaperStroke& stroke) const {
+  QPolygonF line;
+  for (const PaperPoint& point : stroke.points) line << QPointF(point.x, point.y);
+  const QColor colour = colourOf(stroke.tone);
+  if (stroke.filled) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawPolygon(line);
+  } else if (stroke.width > 0) {
+    QPen pen(colour, stroke.width, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin);
+    QList<qreal> dashes;
+    for (const double dash : stroke.dashes) dashes << dash / stroke.width;
+    if (!dashes.isEmpty()) pen.setDashPattern(dashes);
+    painter.setPen(pen);
+    painter.drawPolyline(line);
+  }
+}
+
 void ReportPen::draw(QPainter& painter, const PaperPage& page) const {
   painter.save();
   painter.scale(page.scale, page.scale);
   for (const PaperBox& box : page.boxes) {
-    painter.fillRect(QRectF(box.x, box.y, box.width, box.height), toneOf(box.tone));
+    painter.fillRect(QRectF(box.x, box.y, box.width, box.height), colourOf(box.tone));
   }
+  for (const PaperStroke& stroke : page.strokes) drawStroke(painter, stroke);
   for (std::size_t font = 0; font < faces_.size(); ++font) {
     drawTexts(painter, page, static_cast<PaperFont>(font));
   }

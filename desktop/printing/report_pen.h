@@ -6,22 +6,26 @@
 #include <QPainter>
 #include <QRawFont>
 #include <array>
+#include <cstdint>
 #include <vector>
 
 #include "reports/pages/paper.h"
 
 namespace depcalc::desktop {
 
+/// What a page lies on.
+enum class PaperGround : std::uint8_t { white, dark };
+
 /// Measures texts and draws them as large as it measured them. Needs a QGuiApplication.
 class ReportPen final : public PaperMeasures {
  public:
-  explicit ReportPen(const QFont& family);
+  explicit ReportPen(const QFont& family, PaperGround ground = PaperGround::white);
 
   [[nodiscard]] double width(std::string_view text, PaperFont font) const override;
   [[nodiscard]] double lineHeight(PaperFont font) const override;
 
   /// The painter's unit is the twip, its origin the top left corner of the area that can be printed
-  /// on. Paper is white, whatever the desktop's colours.
+  /// on. Paper is white, whatever the desktop's colours; pictures on the screen lie on its ground.
   void draw(QPainter& painter, const PaperPage& page) const;
 
  private:
@@ -43,6 +47,10 @@ class ReportPen final : public PaperMeasures {
   }
   void drawTexts(QPainter& painter, const PaperPage& page, PaperFont font) const;
 
+  void drawStroke(QPainter& painter, const PaperStroke& stroke) const;
+  [[nodiscard]] QColor colourOf(PaperTone tone) const;
+
+  PaperGround ground_;
   std::vector<Face> faces_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "reports/charts/chart_svg.h"
 #include "values/html_text.h"
 #include "values/printable_text.h"
 
@@ -138,6 +139,17 @@ class TableHtml {
   std::vector<std::size_t> shown_;
 };
 
+constexpr PaperArea chart_area{13800, 4500};  // twips
+
+constexpr std::string_view chart_rules = R"(figure { margin: 0 0 1.5rem; }
+.chart { max-width: 100%; height: auto; }
+@media screen and (prefers-color-scheme: dark) {
+)";
+
+void addChart(std::string& out, const Chart& chart) {
+  out += "<figure>\n" + chartSvg(chart, chart_area, SvgUse::in_a_page) + "</figure>\n";
+}
+
 bool isWide(const Report& report) {
   return std::any_of(report.tables.begin(), report.tables.end(), [](const Table& table) {
     return shownColumns(table).size() > columns_upright;
@@ -151,9 +163,11 @@ std::string htmlReport(const Report& report) {
   std::string out;
   out.append(head_before_title).append(title).append(head_after_title);
   if (isWide(report)) out += "@page { size: landscape; }\n";
+  if (report.chart) out.append(chart_rules).append(chartStyleOnDark()).append("}\n");
   out += "</style>\n</head>\n<body>\n";
   out += "<h1>" + title + "</h1>\n<p>" + shown(report.covers) + "</p>\n";
   for (const Table& table : report.tables) TableHtml(table, out).write();
+  if (report.chart) addChart(out, *report.chart);
   for (const std::string& note : report.notes) {
     out += "<p class=\"remark\">" + shown(note) + "</p>\n";
   }

@@ -1,7 +1,9 @@
 #include "reports/pages/page_drawing.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "reports/charts/chart_layout.h"
 #include "reports/pages/broken_lines.h"
 
 namespace depcalc {
@@ -39,6 +41,28 @@ void drawParagraph(PaperPage& page, const PlacedBlock& placed, std::string_view 
   for (std::size_t i = 0; i < placed.lines && placed.first_line + i < lines.size(); ++i) {
     page.texts.push_back({0, y, font, lines[placed.first_line + i]});
     y += measures.lineHeight(font);
+  }
+}
+
+std::optional<std::uint32_t> chartLines(PaperArea area, const PaperMeasures& measures) {
+  const double wanted = area.width < wide_chart.width ? least_chart.height : wide_chart.height;
+  const double line = measures.lineHeight(fontOf(FlowKind::chart));
+  if (area.width < least_chart.width || area.height < wanted + 4 * line) return std::nullopt;
+  return static_cast<std::uint32_t>(std::ceil(wanted / line));
+}
+
+void drawChart(PaperPage& page, const PlacedBlock& placed, const Chart& chart, double width,
+               const PaperMeasures& measures) {
+  const double above = placed.y + paddingOf(placed.block.kind);
+  const double height = placed.height - 2 * paddingOf(placed.block.kind);
+  const ChartLayout layout(chart, {width, height}, measures, {.year = {}, .titled = true});
+  for (PaperText text : layout.page().texts) {
+    text.y += above;
+    page.texts.push_back(std::move(text));
+  }
+  for (PaperStroke stroke : layout.page().strokes) {
+    for (PaperPoint& point : stroke.points) point.y += above;
+    page.strokes.push_back(std::move(stroke));
   }
 }
 

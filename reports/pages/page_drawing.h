@@ -1,10 +1,13 @@
 // Puts the blocks of a report onto a page.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "reports/chart.h"
 #include "reports/pages/page_flow.h"
 #include "reports/pages/paper.h"
 #include "reports/pages/table_columns.h"
@@ -27,6 +30,12 @@ bool isInParts(FlowKind kind);
 /// A text across the page.
 void drawParagraph(PaperPage& page, const PlacedBlock& placed, std::string_view text, double width,
                    const PaperMeasures& measures);
+
+/// How many lines of text a chart across the page is high; none where `area` has no room for one.
+std::optional<std::uint32_t> chartLines(PaperArea area, const PaperMeasures& measures);
+
+void drawChart(PaperPage& page, const PlacedBlock& placed, const Chart& chart, double width,
+               const PaperMeasures& measures);
 
 /// Blocks of one part of a table. All of what it is given outlives it.
 class TableDrawing {

@@ -20,6 +20,7 @@ enum class FlowKind : std::uint8_t {
   row,
   subtotal,
   total,
+  chart,  ///< as high as its lines of text
   note,
   alarm,  ///< what does not add up
 };

@@ -40,6 +40,13 @@ enum class PaperTone : std::uint8_t {
   group,    ///< behind the name of a group
   hairline,
   accent,
+  // In charts.
+  axis,
+  mark,
+  first_line,
+  second_line,
+  third_line,
+  fourth_line,
 };
 
 /// From the area's top left corner, in twips. Lines are low boxes.
@@ -51,19 +58,41 @@ struct PaperBox {
   PaperTone tone = PaperTone::hairline;
 };
 
+/// Which part of a text stays where it is when its letters turn out wider or narrower.
+enum class PaperHold : std::uint8_t { left, middle, right };
+
 /// One line of text; (`x`, `y`) is its top left corner.
 struct PaperText {
   double x = 0;
   double y = 0;
   PaperFont font = PaperFont::body;
   std::string text;
+  PaperHold hold = PaperHold::left;
 };
 
-/// The boxes lie below the texts. All of it is to be drawn `scale` times as large as it says.
+struct PaperPoint {
+  double x = 0;
+  double y = 0;
+};
+
+/// A line through its points, or with `filled` the area that they surround.
+struct PaperStroke {
+  std::vector<PaperPoint> points = {};
+  PaperTone tone = PaperTone::axis;
+  double width = 0;  ///< none: of an area that has no outline
+  std::vector<double> dashes =
+      {};  ///< lengths of a dash, a gap, a dash, …; none: the line is whole
+  bool filled = false;
+  std::string says = {};  ///< what it stands for, to who can ask; also of one that is not seen
+};
+
+/// The boxes lie below the strokes and these below the texts. All of it is to be drawn `scale`
+/// times as large as it says.
 struct PaperPage {
   double scale = 1;
-  std::vector<PaperBox> boxes;
-  std::vector<PaperText> texts;
+  std::vector<PaperBox> boxes = {};
+  std::vector<PaperText> texts = {};
+  std::vector<PaperStroke> strokes = {};
 };
 
 }  // namespace depcalc

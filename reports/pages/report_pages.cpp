@@ -68,6 +68,7 @@ void ReportPages::layOut() {
   flow_.add(block(FlowKind::title, linesOf(FlowKind::title, report_.title)));
   flow_.add(block(FlowKind::lead, linesOf(FlowKind::lead, report_.covers)));
   for (std::size_t table = 0; table < report_.tables.size(); ++table) addTable(table);
+  addChart();
   addParagraphs();
   flow_.finish();
   for (std::size_t band = 0; band < flow_.pages().size(); ++band) {
@@ -114,6 +115,13 @@ void ReportPages::addRow(std::size_t table, std::size_t row, bool glued) {
     }
   }
   flow_.add(block(FlowKind::row, lines, table, row, glued));
+}
+
+void ReportPages::addChart() {
+  const auto lines = report_.chart ? chartLines(area_, measures_) : std::nullopt;
+  if (!lines) return;
+  flow_.add(block(FlowKind::gap, 1));
+  flow_.add(block(FlowKind::chart, *lines));
 }
 
 void ReportPages::addParagraphs() {
@@ -173,10 +181,14 @@ std::string_view ReportPages::textOf(const FlowBlock& block) const {
 
 PaperPage ReportPages::page(std::size_t index) const {
   const auto [band, part] = pages_[index];
-  PaperPage page{scale_, {}, {}};
+  PaperPage page{.scale = scale_};
   for (const PlacedBlock& placed : flow_.pages()[band]) {
     const FlowKind kind = placed.block.kind;
     if (kind == FlowKind::gap) continue;
+    if (kind == FlowKind::chart) {
+      if (part == 0) drawChart(page, placed, *report_.chart, area_.width, measures_);
+      continue;
+    }
     if (!isInParts(kind)) {
       const bool repeats =
           kind == FlowKind::title || kind == FlowKind::lead || kind == FlowKind::tableCaption;

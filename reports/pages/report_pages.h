@@ -47,6 +47,7 @@ class ReportPages {
   void addTable(std::size_t index);
   void addGroup(std::size_t table, std::size_t index);
   void addRow(std::size_t table, std::size_t row, bool glued);
+  void addChart();
   void addParagraphs();
   [[nodiscard]] std::size_t linesOf(FlowKind kind, std::string_view text) const;
   [[nodiscard]] std::size_t captionLines(std::size_t table) const;

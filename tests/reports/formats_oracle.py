@@ -3,7 +3,7 @@
 
 PROGRAM (report_files.cpp) writes reports on random registers. Journals are read by ledger and
 hledger, whose balances must be each year's movements; workbooks by Gnumeric, recalculated, and pages
-by Python's HTML parser, whose tables must be those of the CSV files. They are written where numbers
+by Python's HTML parser, whose tables must be those of the CSV files; charts by Python's XML parser. They are written where numbers
 have a decimal comma.
 With DEPCALC_LONG, LibreOffice recalculates the workbooks and Chromium draws the pages, too.
 """
@@ -18,11 +18,15 @@ import subprocess
 import sys
 import tempfile
 from datetime import date
-from decimal import Decimal
+from decimal import ROUND_HALF_EVEN, Decimal
 from pathlib import Path
+from xml.etree import ElementTree
 
 
 LONG = bool(os.environ.get("DEPCALC_LONG"))
+SVG = "{http://www.w3.org/2000/svg}"
+METHODS = {"SL": "Straight Line", "SYD": "Sum of the Years' Digits",
+           "DDB": "Double Declining Balance", "UOP": "Units of Production"}
 SHEETS = 5  # as many registers have their workbooks opened
 
 
@@ -305,6 +309,29 @@ def check_tables(folder, register, spreadsheets):
     return checked
 
 
+def check_charts(folder, register):
+    """Every figure of the table stands in the picture once, as the title of its mark."""
+    checked = 0
+    for path in sorted(folder.glob(f"{register}-*.svg")):
+        told = sorted(title.text for title in ElementTree.parse(path).iter(f"{SVG}path")
+                      for title in title.iter(f"{SVG}title"))
+        captions, *rows = read_csv(path.with_suffix(".chart"))
+        expected = []
+        for row in rows:
+            for name, value in zip(captions[1:], row[1:]):
+                method = METHODS[name.removesuffix("_book_value")]
+                if value:
+                    expected.append(f"FY{row[0]}, {method}: {shown_money(value)}")
+        assert told == sorted(expected), (path.name, told, expected)
+        checked += len(told)
+    return checked
+
+
+def shown_money(value):
+    cents = Decimal(value).quantize(Decimal("0.01"), ROUND_HALF_EVEN)
+    return f"{cents + 0:,.2f}"
+
+
 def check_json(path, rows):
     told = json.loads(path.read_text())
     expected = [{name: int(value) if name == "n" and value.isdigit() else value
@@ -327,6 +354,8 @@ def main():
                                             for path in sorted(folder.glob(f"{i}-*.xlsx"))])
         programs = [gnumeric_rows] + [libreoffice_rows] * LONG
         tables = sum(check_tables(folder, i, programs if i < SHEETS else []) for i in range(count))
+        figures = sum(check_charts(folder, i) for i in range(count))
+    assert figures > 100 * count, figures
     assert journals > 20 and tables > 5 * count, (journals, tables)
     print(f"{journals} journals and {tables} tables agree")
 

@@ -10,12 +10,14 @@
 #include <string>
 
 #include "reports/asset_card.h"
+#include "reports/charts/chart_svg.h"
 #include "reports/formats/csv.h"
 #include "reports/formats/html.h"
 #include "reports/formats/json.h"
 #include "reports/formats/ledger.h"
 #include "reports/formats/xlsx/xlsx.h"
 #include "reports/journal.h"
+#include "reports/methods_chart.h"
 #include "reports/register_check.h"
 #include "reports/rollforward.h"
 #include "reports/schedule.h"
@@ -60,6 +62,17 @@ void writeRegister(Files& files, const RegisterOfAssets& assets, const std::stri
   if (const auto card = assetReport(assets, 1)) files.write(name + "-asset", *card);
 }
 
+/// The picture of each asset and the same figures as a table.
+void writeCharts(Files& files, const RegisterOfAssets& assets, const std::string& name) {
+  for (const ReportAsset& asset : assets.assets) {
+    const Chart chart = methodsChart(asset);
+    if (chart.series.empty()) continue;
+    const std::string of = name + "-" + std::to_string(asset.saved().number);
+    files.put(of + ".svg", chartSvg(chart, {13500, 6000}, SvgUse::file));
+    files.put(of + ".chart", csvReport(chartReport(chart), CsvFields(true)));
+  }
+}
+
 void writeJournals(Files& files, const RegisterOfAssets& assets, const std::string& name) {
   for (int year = first_year; year <= last_year; ++year) {
     const std::string of = name + "-" + std::to_string(year);
@@ -91,6 +104,7 @@ int main(int argc, char** argv) {
     std::vector<depcalc::SavedAsset> saved;
     const auto assets = depcalc::testing_support::someRegister(random, saved);
     depcalc::writeRegister(files, assets, std::to_string(i));
+    depcalc::writeCharts(files, assets, std::to_string(i));
     depcalc::writeJournals(files, assets, std::to_string(i));
   }
 }

@@ -352,6 +352,48 @@ TEST(ReportPages, AnEmptyTableHasItsCaptionsAndTotal) {
   EXPECT_THAT(wordsOf(pages.page(0)), IsSupersetOf({"ID", "BASIS", "Total", "0.00"}));
 }
 
+Chart someChart() {
+  const std::vector<Currency> falling{Currency::fromTicks(90'000), Currency::fromTicks(10'000)};
+  const std::vector<Currency> even{Currency::fromTicks(50'000), Currency::fromTicks(50'000)};
+  return {.title = "As a chart",
+          .first_year = 2024,
+          .series = {{"SL", "Straight Line", even, even, true},
+                     {"DDB", "Double Declining Balance", falling, falling, false}}};
+}
+
+TEST(ReportPages, AChartStandsWholeOnOnePageInsideIt) {
+  for (const PaperArea& area : papers) {
+    for (int rows = 0; rows < 80; rows += 7) {
+      Table table(std::vector<Column>{{"id", "ID"}});
+      for (int i = 0; i < rows; ++i) table.add({table.text("row")});
+      Report report = oneTable(table);
+      report.chart = someChart();
+      const ReportPages pages(report, area, measures, today);
+      std::size_t seen = 0;
+      for (std::size_t i = 0; i < pages.count(); ++i) {
+        const PaperPage page = pages.page(i);
+        expectInsideAndApart(page, area);
+        for (const PaperStroke& stroke : page.strokes) {
+          for (const PaperPoint& point : stroke.points) {
+            ASSERT_TRUE(point.x >= 0 && point.y >= 0 && point.x * page.scale <= area.width &&
+                        point.y * page.scale <= area.height);
+          }
+        }
+        if (!page.strokes.empty()) ++seen;
+        EXPECT_EQ(wordsOf(page).count("chart"), page.strokes.empty() ? 0U : 1U);
+      }
+      EXPECT_EQ(seen, 1U) << rows << " rows";
+    }
+  }
+}
+
+TEST(ReportPages, PaperThatIsTooSmallHasNoChart) {
+  Report report = oneTable(Table(std::vector<Column>{{"id", "ID"}}));
+  report.chart = someChart();
+  const ReportPages pages(report, {4000, 8000}, measures, today);
+  for (std::size_t i = 0; i < pages.count(); ++i) EXPECT_TRUE(pages.page(i).strokes.empty());
+}
+
 TEST(ReportPages, WhatDoesNotAddUpIsOnPaperToo) {
   Report report = oneTable(Table(std::vector<Column>{{"id", "ID"}}));
   report.disproofs = {"Row 3 does not add up."};
