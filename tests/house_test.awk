@@ -23,7 +23,7 @@ BEGIN {
   may["reports/charts"] = may["reports"] " reports/pages reports/charts"
   may["reports/formats"] = may["reports"] " reports/charts reports/pages reports/formats"
   may["reports/formats/xlsx"] = may["reports"] " reports/formats/xlsx"
-  may["reports/pages"] = may["reports"] " reports/pages"
+  may["reports/pages"] = may["reports"] " reports/charts reports/pages"
   may["reports/explaining"] = may["reports"] " explain reports/explaining"
   may["reports/reading"] = may["reports"] " host DepCalc reports/reading"
   may["changes"] = may["reports/reading"] " host/stored host/history changes"

@@ -60,7 +60,7 @@ expected() {
     workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
     desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing desktop_widgets $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
-    desktop_workspace) echo "$calculator reports desktop_widgets $1" ;;
+    desktop_workspace) echo "$calculator reports paper paper_texts charts report_formats print_module printing_objects desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
     desktop_companies) echo "$window host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;

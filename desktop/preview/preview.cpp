@@ -12,6 +12,7 @@
 #include "desktop/preview/dialog_pictures.h"
 #include "desktop/preview/image_printer.h"
 #include "desktop/printing/page_printer.h"
+#include "desktop/workspace/insight_panel.h"
 #include "entry/dep_calc_ctl.h"
 
 namespace depcalc::desktop {
@@ -20,6 +21,7 @@ namespace {
 constexpr QSize picture_size(940, 640);  // whatever screen there is
 constexpr QSize reports_size(1240, 800);
 constexpr QSize workspace_size(1440, 862);
+constexpr QSize insight_size(1330, 800);
 constexpr int page_dpi = 110;
 constexpr double margin_points = 36;
 
@@ -70,6 +72,7 @@ class Walk {
     grab(QStringLiteral("comparison-help"));
     calculator().surface().handleKey(Qt::Key_Escape, Qt::NoModifier);
     showWorkspace(comparison->DisplayTable);
+    showInsight();
   }
 
   /// All that can stand around the page, with a cell in view.
@@ -123,6 +126,23 @@ class Walk {
     }
     window_.findChild<QWidget*>(QStringLiteral("ReportsWindow"))->close();
     show();
+  }
+
+  /// Beside the comparison, each page.
+  void showInsight() {
+    for (QAction* action : window_.findChildren<QAction*>()) {
+      if (action->text().remove(u'&') == u"Insight" && !action->isChecked()) action->trigger();
+    }
+    window_.resize(insight_size);
+    show();
+    auto* const insight = window_.findChild<InsightPanel*>();
+    if (insight == nullptr) return;
+    for (const auto& [title, name] :
+         {std::pair("Chart", "insight-chart"), std::pair("What if", "insight-what-if")}) {
+      insight->choose(QLatin1String(title));
+      show();
+      grab(QLatin1String(name));
+    }
   }
 
   void printSchedule() {

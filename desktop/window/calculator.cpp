@@ -38,6 +38,10 @@ DepCalcView* Calculator::assetRegister() {
   return dynamic_cast<DepCalcView*>(container_.child("DepCalcView1"));
 }
 
+DepCalcCtl* Calculator::entryForm() {
+  return dynamic_cast<DepCalcCtl*>(container_.visibleScreen());
+}
+
 bool Calculator::entersAnAsset() {
   const UserControl* const screen = container_.visibleScreen();
   return screen != nullptr && screen != assetRegister();

@@ -13,6 +13,7 @@
 #include "desktop/window/edit_help.h"
 #include "desktop/window/help_closer.h"
 #include "desktop/window/screen_turns.h"
+#include "entry/dep_calc_ctl.h"
 #include "register/dep_calc_view.h"
 
 namespace depcalc::desktop {
@@ -55,6 +56,8 @@ class Calculator {
   [[nodiscard]] Stage& stage() { return stage_; }
   [[nodiscard]] DepCalcCont& container() { return container_; }
   [[nodiscard]] DepCalcView* assetRegister();
+  /// Where it shows; else null.
+  [[nodiscard]] DepCalcCtl* entryForm();
   /// Saved assets; nothing before start-up and after a refusal.
   [[nodiscard]] std::optional<int> assetCount();
   /// The number of the saved asset that is shown, or selected in the register.

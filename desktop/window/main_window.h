@@ -32,12 +32,14 @@ class QMenu;
 namespace depcalc {
 class AssetImport;
 class CompanyAssets;
+struct WhatIfRow;
 enum class FiscalYearEnds;
 struct Recalculation;
 }  // namespace depcalc
 
 namespace depcalc::desktop {
 
+struct ChartFile;
 class GuideWindow;
 class HintBar;
 class InsightPanel;
@@ -173,6 +175,13 @@ class MainWindow : public QMainWindow, public GuideReader {
   void makeWorkspace(QMenu& edit, QMenu& view);
   void fillToolbar();
   void fillInsight(InsightPanel& panel);
+
+  // main_window_insight.cpp
+  void addChartPages(InsightPanel& panel);
+  void saveChart(const ChartFile& file);
+  void leadToAsset(std::int32_t number);
+  [[nodiscard]] DepCalcCtl* formWith(const InsightSubject& subject);
+  void useWhatIf(const InsightSubject& subject, const WhatIfRow& row);
   [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);
   [[nodiscard]] std::shared_ptr<RegisterOfAssets> registerAsSaved();
   void selectAsset(std::int32_t number);

@@ -39,7 +39,7 @@ void MainWindow::fillToolbar() {
 }
 
 /// Insight's pages, in the order of their tabs.
-void MainWindow::fillInsight(InsightPanel&) {}
+void MainWindow::fillInsight(InsightPanel& panel) { addChartPages(panel); }
 
 /// The keys stay in the list, for the next choice.
 void MainWindow::selectAsset(std::int32_t number) {
