@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator host_stored history undoing recalculation reports reports_reading changes importing workbook desktop_importing charts report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper paper_texts print_module printing_objects"
+window="$calculator host_stored history undoing recalculation explain reports reports_explaining reports_reading changes importing workbook desktop_importing charts report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper paper_texts print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -60,7 +60,7 @@ expected() {
     workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
     desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing desktop_widgets $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
-    desktop_workspace) echo "$calculator reports paper paper_texts charts report_formats print_module printing_objects desktop_widgets $1" ;;
+    desktop_workspace) echo "$calculator explain reports reports_explaining paper paper_texts charts report_formats print_module printing_objects desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
     desktop_companies) echo "$window host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;

@@ -114,6 +114,7 @@ void GridWidget::apply(Aspect aspect) {
 }
 
 void GridWidget::showStructure() {
+  pointed_row_ = 0;
   const Scale& scale = binding_.scale();
   horizontalHeader()->blockSignals(true);
   setSections(*horizontalHeader(), scale, grid_.columns(),
@@ -179,7 +180,22 @@ void GridWidget::revealCurrent() {
 void GridWidget::clickCell(int row, int column) {
   if (row < 0 || row >= grid_.rows() || column < 0 || column >= grid_.columns()) return;
   binding_.surface().act([&](User& user) { user.clickCell(grid_, row, column); });
+  point(row, column);
+}
+
+/// The cell that the user has gone to, which need not be the current one.
+void GridWidget::point(int row, int column) {
+  pointed_row_ = row;
   emit binding_.surface().cellPointed(grid_, row, column);
+}
+
+/// The comparison takes its current cell back to the captions with every choice; the arrows still
+/// lead on from the row that they led to.
+void GridWidget::pointOn(Direction direction) {
+  const bool kept = grid_.row() != 0;
+  const int down = direction == Direction::down ? 1 : direction == Direction::up ? -1 : 0;
+  const int row = kept ? grid_.row() : pointed_row_ + down;
+  if (row >= 0 && row < grid_.rows()) point(row, grid_.column());
 }
 
 void GridWidget::openCell(int row, int column) {
@@ -192,6 +208,7 @@ void GridWidget::keyPressEvent(QKeyEvent* event) {
   const std::optional<Direction> direction = directionOf(event->key());
   if (direction.has_value()) {
     binding_.surface().act([&](User& user) { user.arrow(*direction); });
+    pointOn(*direction);
     return;
   }
   switch (event->key()) {

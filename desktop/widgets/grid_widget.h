@@ -40,6 +40,8 @@ class GridWidget : public QTableView {
   void showCurrent();
   void showScrollBars();
   void clickCell(int row, int column);
+  void point(int row, int column);
+  void pointOn(Direction direction);
   void openCell(int row, int column);
   [[nodiscard]] QPoint menuPlace(const QContextMenuEvent& event);
   void repaintColumn(int column);
@@ -48,6 +50,7 @@ class GridWidget : public QTableView {
   Grid& grid_;
   GridTable table_;
   int shown_column_ = 0;
+  int pointed_row_ = 0;
   QVector<CaptionStrip*> captions_;
   InputBinding binding_;
 };

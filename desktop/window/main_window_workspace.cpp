@@ -4,6 +4,7 @@
 #include "common/trapped.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/workspace.h"
+#include "desktop/workspace/why_page.h"
 #include "reports/reading/register_reading.h"
 
 namespace depcalc::desktop {
@@ -39,7 +40,10 @@ void MainWindow::fillToolbar() {
 }
 
 /// Insight's pages, in the order of their tabs.
-void MainWindow::fillInsight(InsightPanel& panel) { addChartPages(panel); }
+void MainWindow::fillInsight(InsightPanel& panel) {
+  panel.addPage(new WhyPage(&panel));
+  addChartPages(panel);
+}
 
 /// The keys stay in the list, for the next choice.
 void MainWindow::selectAsset(std::int32_t number) {
