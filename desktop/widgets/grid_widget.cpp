@@ -114,7 +114,7 @@ void GridWidget::apply(Aspect aspect) {
 }
 
 void GridWidget::showStructure() {
-  pointed_row_ = 0;
+  pointed_.reset();
   const Scale& scale = binding_.scale();
   horizontalHeader()->blockSignals(true);
   setSections(*horizontalHeader(), scale, grid_.columns(),
@@ -177,25 +177,41 @@ void GridWidget::revealCurrent() {
   emit binding_.surface().attention(viewport(), visualRect(current).adjusted(-left, -top, 0, 0));
 }
 
+GridWidget::Cell GridWidget::neighbour(const Cell& cell, Direction direction) {
+  const int down = direction == Direction::down ? 1 : direction == Direction::up ? -1 : 0;
+  const int right = direction == Direction::right ? 1 : direction == Direction::left ? -1 : 0;
+  return {cell.row + down, cell.column + right};
+}
+
+bool GridWidget::isInside(const Cell& cell) const {
+  return cell.row >= 0 && cell.row < grid_.rows() && cell.column >= 0 &&
+         cell.column < grid_.columns();
+}
+
 void GridWidget::clickCell(int row, int column) {
-  if (row < 0 || row >= grid_.rows() || column < 0 || column >= grid_.columns()) return;
+  const Cell cell{row, column};
+  if (!isInside(cell)) return;
   binding_.surface().act([&](User& user) { user.clickCell(grid_, row, column); });
-  point(row, column);
+  keeps_current_ = current() == cell;
+  point(cell);
 }
 
 /// The cell that the user has gone to, which need not be the current one.
-void GridWidget::point(int row, int column) {
-  pointed_row_ = row;
-  emit binding_.surface().cellPointed(grid_, row, column);
+void GridWidget::point(const Cell& cell) {
+  pointed_ = cell;
+  emit binding_.surface().cellPointed(grid_, cell.row, cell.column);
 }
 
-/// The comparison takes its current cell back to the captions with every choice; the arrows still
-/// lead on from the row that they led to.
-void GridWidget::pointOn(Direction direction) {
-  const bool kept = grid_.row() != 0;
-  const int down = direction == Direction::down ? 1 : direction == Direction::up ? -1 : 0;
-  const int row = kept ? grid_.row() : pointed_row_ + down;
-  if (row >= 0 && row < grid_.rows()) point(row, grid_.column());
+/// The comparison takes its current cell back to the chosen method with every click; there the
+/// arrows lead on from the cell that they led to.
+void GridWidget::goOn(Direction direction) {
+  const Cell from = current();
+  binding_.surface().act([&](User& user) { user.arrow(direction); });
+  if (const Cell next = neighbour(from, direction); isInside(next)) {
+    keeps_current_ = current() == next;
+  }
+  const Cell at = keeps_current_ ? current() : neighbour(pointed_.value_or(from), direction);
+  if (isInside(at)) point(at);
 }
 
 void GridWidget::openCell(int row, int column) {
@@ -207,8 +223,7 @@ void GridWidget::openCell(int row, int column) {
 void GridWidget::keyPressEvent(QKeyEvent* event) {
   const std::optional<Direction> direction = directionOf(event->key());
   if (direction.has_value()) {
-    binding_.surface().act([&](User& user) { user.arrow(*direction); });
-    pointOn(*direction);
+    goOn(*direction);
     return;
   }
   switch (event->key()) {

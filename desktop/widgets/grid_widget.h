@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QTableView>
+#include <optional>
 
+#include "controls/user.h"
 #include "desktop/widgets/caption_strip.h"
 #include "desktop/widgets/control_binding.h"
 #include "desktop/widgets/grid_table.h"
@@ -35,13 +37,22 @@ class GridWidget : public QTableView {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  struct Cell {
+    int row = 0;
+    int column = 0;
+    bool operator==(const Cell&) const = default;
+  };
+
+  [[nodiscard]] static Cell neighbour(const Cell& cell, Direction direction);
   void apply(Aspect aspect);
   void showStructure();
   void showCurrent();
   void showScrollBars();
   void clickCell(int row, int column);
-  void point(int row, int column);
-  void pointOn(Direction direction);
+  [[nodiscard]] Cell current() const { return {grid_.row(), grid_.column()}; }
+  [[nodiscard]] bool isInside(const Cell& cell) const;
+  void point(const Cell& cell);
+  void goOn(Direction direction);
   void openCell(int row, int column);
   [[nodiscard]] QPoint menuPlace(const QContextMenuEvent& event);
   void repaintColumn(int column);
@@ -50,7 +61,8 @@ class GridWidget : public QTableView {
   Grid& grid_;
   GridTable table_;
   int shown_column_ = 0;
-  int pointed_row_ = 0;
+  std::optional<Cell> pointed_;  ///< last, since the grid was filled
+  bool keeps_current_ = true;    ///< whether a click makes its cell the current one
   QVector<CaptionStrip*> captions_;
   InputBinding binding_;
 };
