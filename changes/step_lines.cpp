@@ -99,7 +99,9 @@ Shown shownOfAsset(const RecordValues& values) {
   Shown shown;
   for (const auto& [name, caption] : captions) {
     std::string text = shownText(name, valueOf(values, name));
-    if (!text.empty()) shown.emplace_back(caption, std::move(text));
+    // Where nothing was entered the form has it as 0.
+    const bool none = text.empty() || (text == "0" && (name == "AProdCap" || name == "ASale"));
+    if (!none) shown.emplace_back(caption, std::move(text));
   }
   addAmounts(values, shown);
   return shown;

@@ -137,8 +137,11 @@ void HistoryDialog::fillSteps(const Recorder& recorder) {
     const bool undone = i >= position;
     const QString state = undone ? tr("undone") : i + 1 == position ? tr("◀ current") : QString();
     auto* const item = new QTreeWidgetItem({stepTime(steps[i]), stepName(steps[i].title), state});
+    // The width of this column is what is left.
+    item->setSizeHint(column_step, QSize(0, fontMetrics().height() * 3 / 2));
     if (undone) {
-      const QBrush grey = palette().brush(QPalette::Disabled, QPalette::Text);
+      QColor grey = palette().color(QPalette::Text);
+      grey.setAlphaF(0.6F);
       for (const int column : {column_time, column_step, column_state}) {
         item->setForeground(column, grey);
       }

@@ -79,10 +79,9 @@ void MainWindow::showHistory() {
 
 void MainWindow::showSaved() {
   const Recorder& recorder = *application_->recorder();
-  const int changes = recorder.changesMade();
+  const auto steps = static_cast<int>(recorder.stepsDone());
   QStringList parts;
-  if (changes > 0)
-    parts << (changes == 1 ? tr("Saved 1 change") : tr("Saved %1 changes").arg(changes));
+  if (steps > 0) parts << (steps == 1 ? tr("Saved 1 change") : tr("Saved %1 changes").arg(steps));
   if (recorder.canUndo()) parts << tr("Undo available");
   if (!recorder.isKept()) parts << tr("Undo ends when the company is closed");
   for (QString& part : parts) part += tr("   ·   ");

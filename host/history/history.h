@@ -13,9 +13,9 @@ namespace depcalc {
 class History {
  public:
   /// The oldest steps go where there are more than this, or where together they take more memory;
-  /// the last one stays.
+  /// the last one stays. Fifty deletions at the top of the longest register fit.
   static constexpr std::size_t most_steps = 200;
-  static constexpr std::size_t most_bytes = std::size_t{64} << 20;
+  static constexpr std::size_t most_bytes = std::size_t{96} << 20;
 
   [[nodiscard]] const std::deque<Step>& steps() const { return steps_; }
   [[nodiscard]] std::size_t position() const { return position_; }

@@ -88,6 +88,7 @@ void Recorder::open() {
   const std::uint64_t known =
       options_.replaced ? digestOfState(*options_.replaced, options_.tables) : state_;
   found_ = log_.read(known, history_);
+  opened_at_ = history_.forgotten() + history_.position();
   if (known != state_) addReplacement();
   options_.replaced.reset();
 }
@@ -219,6 +220,7 @@ void Recorder::settle(std::uint64_t after, const std::function<void()>& done) no
 
 void Recorder::forgetSteps() noexcept {
   history_ = History();
+  opened_at_ = 0;
   log_.startAnew();
 }
 

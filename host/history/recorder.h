@@ -64,6 +64,11 @@ class Recorder final : public HostCompanyFile, private HostUnitOfWork {
   [[nodiscard]] bool isKept() const { return changes_made_ == 0 || log_.isKept(); }
   /// How often something was changed, undone or done again since the company was opened.
   [[nodiscard]] int changesMade() const { return changes_made_; }
+  /// The steps since then that are done.
+  [[nodiscard]] std::uint64_t stepsDone() const {
+    const std::uint64_t now = history_.forgotten() + history_.position();
+    return now > opened_at_ ? now - opened_at_ : 0;
+  }
   /// The company's file is another one from now on, and so is the history's.
   void keepAt(std::string path) { log_.moveTo(history_, std::move(path)); }
 
@@ -121,6 +126,7 @@ class Recorder final : public HostCompanyFile, private HostUnitOfWork {
   std::uint64_t state_ = 0;  ///< the digest of what the company holds
   bool lost_ = false;        ///< and it is not known
   int changes_made_ = 0;
+  std::uint64_t opened_at_ = 0;  ///< the number of steps that were done then
   bool ending_ = false;
   std::optional<StepKind> kind_;
   std::shared_ptr<Unit> unit_;

@@ -60,5 +60,26 @@ TEST(CompanySteps, OfADeletionTakeLittleWhereManyMoveUp) {
   EXPECT_LT(company.recorder().history().bytes() - before, 500U * 50U);
 }
 
+/// So do an import of the whole register and its undoing: value by value what it was.
+TEST(CompanySteps, OfTheLongestRegisterFitAndLeadBack) {
+  TemporaryDirectory directory;
+  UndoableCompany company(directory.path());
+  company.saveNew("FIRST", 5, "SL");
+  const Content first = company.content();
+  company.import(32'765, "IMP-");
+  const Content all = company.content();
+  company.remove(1);
+  const std::size_t deletion = company.recorder().history().steps().back().changes.size();
+  EXPECT_LT(50 * deletion, History::most_bytes);
+  company.recorder().undo();
+  EXPECT_TRUE(same(company.content(), all));
+  company.recorder().undo();
+  EXPECT_TRUE(same(company.content(), first));
+  company.close();
+  company.open();
+  company.recorder().redo();
+  EXPECT_TRUE(same(company.content(), all));
+}
+
 }  // namespace
 }  // namespace depcalc

@@ -54,6 +54,7 @@ TEST_F(UndoInTheWindow, NamesWhatItUndoesAndShowsTheRegisterAfterwards) {
   EXPECT_FALSE(redo().isEnabled());
   EXPECT_EQ(status(saved_label), "Saved 1 change   ·   Undo available   ·   ");
   trigger(undo());
+  EXPECT_EQ(status(saved_label), "");
   EXPECT_EQ(count(), 0);
   EXPECT_FALSE(undo().isEnabled());
   EXPECT_EQ(text(redo()), "Redo Save of TRK-014");
