@@ -43,6 +43,7 @@ struct ChartFile;
 class GuideWindow;
 class HintBar;
 class InsightPanel;
+struct InsightSubject;
 class ReportsWindow;
 class Workspace;
 
@@ -175,6 +176,9 @@ class MainWindow : public QMainWindow, public GuideReader {
   void makeWorkspace(QMenu& edit, QMenu& view);
   void fillToolbar();
   void fillInsight(InsightPanel& panel);
+  [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);
+  [[nodiscard]] std::shared_ptr<RegisterOfAssets> registerAsSaved();
+  void selectAsset(std::int32_t number);
 
   // main_window_insight.cpp
   void addChartPages(InsightPanel& panel);
@@ -182,9 +186,6 @@ class MainWindow : public QMainWindow, public GuideReader {
   void leadToAsset(std::int32_t number);
   [[nodiscard]] DepCalcCtl* formWith(const InsightSubject& subject);
   void useWhatIf(const InsightSubject& subject, const WhatIfRow& row);
-  [[nodiscard]] std::optional<SavedAsset> savedAssetAt(std::int32_t number);
-  [[nodiscard]] std::shared_ptr<RegisterOfAssets> registerAsSaved();
-  void selectAsset(std::int32_t number);
 
   // main_window_recalculation.cpp
   void askCompanyInfo();

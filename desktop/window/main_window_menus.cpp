@@ -16,15 +16,15 @@ void MainWindow::makeMenus() {
                                    .redo = [this] { redo(); },
                                    .history = [this] { showHistory(); }});
   edit_menu_ = new EditMenu(edit, [this] { return calculator(); });
-  edit.addSeparator();
-  addAction(edit, tr("Pr&eferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
-            &MainWindow::askPreferences);
   makeCompanyMenu();
   makeAssetMenu();
   makeReportsMenu();
   QMenu& view = *menuBar()->addMenu(tr("Vie&w"));
   view_menu_ = new ViewMenu(view, around_.settings, *page_);
   makeWorkspace(edit, view);
+  edit.addSeparator();
+  addAction(edit, tr("Pr&eferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+            &MainWindow::askPreferences);
   fillToolbar();
   makeHelpMenu();
   for (QMenu* menu : findChildren<QMenu*>()) menu->setAccessibleName(menu->title().remove(u'&'));

@@ -404,7 +404,8 @@ TEST_F(Window, PreviewsShowEveryScreen) {
                           "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
                           "reports-journal.png", "reports-asset.png", "reports-check.png",
                           "preferences.png", "company-info.png", "recalculate.png", "dispose.png",
-                          "entry.png", "entry-help.png", "comparison.png", "comparison-help.png", "workspace.png"));
+                          "entry.png", "entry-help.png", "comparison.png", "comparison-help.png",
+                          "workspace.png", "insight-chart.png", "insight-what-if.png"));
 }
 
 }  // namespace
