@@ -4,6 +4,7 @@
 #include "desktop/window/main_window.h"
 #include "desktop/window/report_output.h"
 #include "desktop/workspace/chart_page.h"
+#include "desktop/workspace/insight_panel.h"
 #include "desktop/workspace/what_if_page.h"
 #include "desktop/workspace/what_if_typing.h"
 
