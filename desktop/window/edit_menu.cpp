@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QTextEdit>
 
 #include "desktop/widgets/cell_clipboard.h"
 #include "desktop/window/calculator.h"
@@ -14,6 +15,12 @@ namespace {
 QLineEdit* fieldWithSelection() {
   auto* const field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
   return field != nullptr && field->hasSelectedText() ? field : nullptr;
+}
+
+/// Of what stands beside the page to be read.
+QTextEdit* textWithSelection() {
+  auto* const text = qobject_cast<QTextEdit*>(QApplication::focusWidget());
+  return text != nullptr && text->textCursor().hasSelection() ? text : nullptr;
 }
 
 }  // namespace
@@ -33,7 +40,8 @@ EditMenu::EditMenu(QMenu& menu, std::function<Calculator*()> calculator)
 
 void EditMenu::enable() {
   const bool any_table = table() != nullptr;
-  copy_->setEnabled(any_table || fieldWithSelection() != nullptr);
+  copy_->setEnabled(any_table || fieldWithSelection() != nullptr ||
+                    textWithSelection() != nullptr);
   whole_->setEnabled(any_table);
 }
 
@@ -55,6 +63,7 @@ const Grid* EditMenu::table() const {
 
 void EditMenu::copy() {
   if (QLineEdit* const field = fieldWithSelection()) return field->copy();
+  if (QTextEdit* const text = textWithSelection()) return text->copy();
   if (const Grid* const grid = table()) copyCells(markedColumn(*grid));
 }
 

@@ -61,9 +61,9 @@ TEST_F(RealWhy, FollowsTheArrowsOverTheComparisonAndThenTheRegister) {
   user.key("alt+s");
   ASSERT_EQ(shown(), "DepCalcView1");
   clickCell(14, 1);
-  EXPECT_TRUE(seesHeading("Double Declining Balance, FY2026: 5,536.80"));
+  EXPECT_TRUE(seesHeading("Straight Line, FY2026: 6,890.00"));
   user.key("Down");
-  EXPECT_TRUE(seesHeading("Double Declining Balance, FY2027: 3,322.08"));
+  EXPECT_TRUE(seesHeading("Straight Line, FY2027: 6,890.00"));
 }
 
 TEST_F(RealWhy, IsReadAndCopiedByKeys) {
