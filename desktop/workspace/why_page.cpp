@@ -44,7 +44,7 @@ QString tableRow(const WhyRow& row, const Colours& colours) {
 QString htmlOf(const WhyThisAmount& why, const QPalette& palette) {
   const Colours colours(palette);
   QString html =
-      paragraph(why.heading, QStringLiteral("font-weight: bold; color: %1; margin: 0 0 4px 0")
+      paragraph(why.heading, QStringLiteral("font-weight: bold; color: %1; margin: 0 0 8px 0")
                                  .arg(colours.accent().name()));
   html += paragraph(why.warning,
                     QStringLiteral("margin: 4px 0; color: %1").arg(colours.focusRing().name()));
