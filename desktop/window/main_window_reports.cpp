@@ -8,6 +8,7 @@
 #include "desktop/window/main_window.h"
 #include "desktop/window/missing_assets.h"
 #include "desktop/window/reports_window.h"
+#include "desktop/window/workspace.h"
 #include "reports/reading/register_reading.h"
 
 namespace depcalc::desktop {
@@ -40,6 +41,7 @@ void MainWindow::showReports(ReportKind kind) {
       reports_->deleteLater();
       reports_ = nullptr;
     });
+    connect(reports_, &ReportsWindow::amountPointed, workspace_, &Workspace::chooseInReport);
     reports_revision_ = revision();
     reports_path_ = companyPath();
   }

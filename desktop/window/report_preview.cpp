@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
@@ -126,6 +127,21 @@ void ReportPreview::paintEvent(QPaintEvent*) {
   painter.drawRect(QRectF(viewport()->rect()).adjusted(1, 1, -1, -1));
 }
 
+/// Of the whole sheet, in the viewport.
+QPointF ReportPreview::paperCorner() const {
+  const double room = viewport()->width() - paperSize().width() * scale();
+  return {std::max<double>(around, room / 2),
+          static_cast<double>(around - verticalScrollBar()->value())};
+}
+
+void ReportPreview::mousePressEvent(QMouseEvent* event) {
+  QAbstractScrollArea::mousePressEvent(event);
+  if (pages_ == nullptr) return;
+  const QPointF place = (event->position() - paperCorner()) / scale() - printable(paper_).topLeft();
+  const auto cell = pages_->cellAt(static_cast<std::size_t>(page_), place.x(), place.y());
+  if (cell) emit cellPointed(cell->table, cell->row, cell->column);
+}
+
 void ReportPreview::drawPaper(QPainter& painter) const {
   if (pages_ == nullptr) {
     painter.setPen(Qt::white);
@@ -133,8 +149,7 @@ void ReportPreview::drawPaper(QPainter& painter) const {
     return;
   }
   const QSizeF size = paperSize() * scale();
-  const QPointF corner(std::max<double>(around, (viewport()->width() - size.width()) / 2),
-                       around - verticalScrollBar()->value());
+  const QPointF corner = paperCorner();
   painter.fillRect(QRectF(corner + QPointF(shadow, shadow), size), QColor(0, 0, 0, 70));
   painter.fillRect(QRectF(corner, size), Qt::white);
   painter.save();

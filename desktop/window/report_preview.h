@@ -28,9 +28,12 @@ class ReportPreview : public QAbstractScrollArea {
 
  signals:
   void pageShown();
+  /// The user clicked on a cell of the report.
+  void cellPointed(std::size_t table, std::size_t row, std::size_t column);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -41,6 +44,7 @@ class ReportPreview : public QAbstractScrollArea {
   [[nodiscard]] QSizeF paperSize() const;
   void arrange();
   void describe();
+  [[nodiscard]] QPointF paperCorner() const;
   void drawPaper(QPainter& painter) const;
 
   ReportPen pen_;

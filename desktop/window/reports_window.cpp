@@ -22,6 +22,7 @@
 #include <array>
 
 #include "desktop/guide/guide_pages.h"
+#include "desktop/reports/pointed_amount.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/guide_help.h"
@@ -170,6 +171,7 @@ QWidget* ReportsWindow::makeMiddle() {
   row->addWidget(preview_, 1);
   connect(kinds_, &QListWidget::currentRowChanged, this, &ReportsWindow::chooseRow);
   connect(preview_, &ReportPreview::pageShown, this, &ReportsWindow::showPageNumber);
+  connect(preview_, &ReportPreview::cellPointed, this, &ReportsWindow::pointAt);
   return middle;
 }
 
@@ -280,6 +282,14 @@ void ReportsWindow::chooseAsset(int index) {
   if (index < 0) return;
   desk_.chooseAsset(index + 1);
   showReport();
+  emit amountPointed(desk_.asset(), std::nullopt);
+}
+
+void ReportsWindow::pointAt(std::size_t table, std::size_t row, std::size_t column) {
+  const Report* const report = desk_.report();
+  if (report == nullptr) return;
+  const auto pointed = pointedAmount(desk_, *report, table, row, column);
+  if (pointed) emit amountPointed(pointed->asset, pointed->fiscal_year);
 }
 
 PdfPaper ReportsWindow::paper() const {

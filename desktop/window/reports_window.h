@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "desktop/printing/pdf_printer.h"
 #include "desktop/reports/report_desk.h"
@@ -46,6 +47,8 @@ class ReportsWindow : public QWidget {
 
  signals:
   void closed();
+  /// The user looks at an asset, and at its amount of a fiscal year where that is given.
+  void amountPointed(std::int32_t asset, std::optional<int> fiscal_year);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -66,6 +69,7 @@ class ReportsWindow : public QWidget {
   void chooseGrouping(int index);
   void choosePaper(int index);
   void chooseAsset(int index);
+  void pointAt(std::size_t table, std::size_t row, std::size_t column);
 
   void fillChoices();
   void fillKinds();

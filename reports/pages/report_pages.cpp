@@ -205,6 +205,23 @@ PaperPage ReportPages::page(std::size_t index) const {
   return page;
 }
 
+std::optional<ReportPages::TableCell> ReportPages::cellAt(std::size_t index, double x,
+                                                          double y) const {
+  const auto [band, part] = pages_[index];
+  const auto within = [](double at, double from, double to) { return at >= from && at < to; };
+  for (const PlacedBlock& placed : flow_.pages()[band]) {
+    const FlowBlock& block = placed.block;
+    if (block.kind != FlowKind::row || part >= parts_[block.table].size()) continue;
+    if (!within(y / scale_, placed.y, placed.y + placed.height)) continue;
+    for (const PaperColumn& column : parts_[block.table][part]) {
+      if (within(x / scale_, column.x, column.right())) {
+        return TableCell{block.table, block.source, column.column};
+      }
+    }
+  }
+  return std::nullopt;
+}
+
 /// A long company name stands whole at the head of the report, and here as far as there is room.
 void ReportPages::drawFoot(PaperPage& page, std::size_t index) const {
   const double line = measures_.lineHeight(PaperFont::small);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,14 @@ namespace depcalc {
 /// In the foot of every page: the title, what the report covers, the date, page x of y.
 class ReportPages {
  public:
+  /// Numbers from 0.
+  struct TableCell {
+    std::size_t table = 0;
+    std::size_t row = 0;
+    std::size_t column = 0;
+    bool operator==(const TableCell&) const = default;
+  };
+
   /// `report` and `measures` live as long as this does, or longer. `area` is some inches wide and
   /// high at least. `today` is the date in the foot.
   ReportPages(const Report& report, PaperArea area, const PaperMeasures& measures, Date today);
@@ -33,6 +42,9 @@ class ReportPages {
   [[nodiscard]] std::size_t count() const { return pages_.size(); }
   /// The page `index`, from 0.
   [[nodiscard]] PaperPage page(std::size_t index) const;
+  /// The cell that is drawn at a place of page `index`, in twips from the top left corner of the
+  /// printable area; nothing beside the rows of tables.
+  [[nodiscard]] std::optional<TableCell> cellAt(std::size_t index, double x, double y) const;
 
  private:
   ReportPages(const Report& report, const std::vector<TableColumns>& tables, PaperArea area,

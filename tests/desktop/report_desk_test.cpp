@@ -1,6 +1,8 @@
 // What the Reports window decides, without a window.
 #include "desktop/reports/report_desk.h"
 
+#include "desktop/reports/pointed_amount.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -153,6 +155,29 @@ TEST_F(Desk, SaysWhereAmountsAreBeyondAllBounds) {
   desk.chooseYear(2025);
   EXPECT_EQ(desk.report(), nullptr);
   EXPECT_EQ(desk.trouble(), "The amounts of this report are too large to be added up.");
+}
+
+TEST_F(Desk, KnowsTheAssetAndTheYearOfACell) {
+  using Pointed = std::optional<desktop::PointedAmount>;
+  const auto at = [this](std::size_t row, const char* name) {
+    const Report& report = *desk.report();
+    const std::vector<Column>& columns = report.tables[report.data_table].columns();
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [name](const Column& column) { return column.name == name; });
+    return desktop::pointedAmount(desk, report, report.data_table, row,
+                                  static_cast<std::size_t>(found - columns.begin()));
+  };
+  using desktop::PointedAmount;
+  EXPECT_EQ(at(0, "depreciation"), Pointed(PointedAmount{1, 2024}));
+  EXPECT_EQ(at(0, "name"), Pointed(PointedAmount{1, {}}));
+  desk.choose(ReportKind::years);
+  EXPECT_EQ(at(1, "FY2025"), Pointed(PointedAmount{2, 2025}));
+  EXPECT_EQ(at(1, "total"), Pointed(PointedAmount{2, {}}));
+  desk.choose(ReportKind::asset);
+  desk.chooseAsset(2);
+  EXPECT_EQ(at(1, "depreciation"), Pointed(PointedAmount{2, 2026}));
+  desk.choose(ReportKind::rollforward);
+  EXPECT_EQ(at(0, "depreciation"), Pointed()) << "of all of them";
 }
 
 }  // namespace

@@ -406,5 +406,31 @@ TEST(ReportPages, WhatDoesNotAddUpIsOnPaperToo) {
               IsSupersetOf({"Row 3 does not add up.", "Proof: a = b", "Proof: c = d", "A note."}));
 }
 
+/// Whatever stands in a row is found again where it is drawn.
+TEST(ReportPagesOfRandomReports, FindTheCellOfAWordWhereItIsDrawn) {
+  int found = 0;
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    SCOPED_TRACE(seed);
+    const RandomReport random(seed);
+    const ReportPages pages(random.report, papers[seed % 4], measures, today);
+    for (std::size_t index = 0; index < pages.count(); ++index) {
+      const PaperPage page = pages.page(index);
+      for (const PaperText& text : page.texts) {
+        const Box box = boxOf(text);
+        const auto cell = pages.cellAt(index, (box.left + 1) * page.scale,
+                                       (box.top + box.bottom) / 2 * page.scale);
+        if (!cell) continue;
+        const Table& table = random.report.tables[cell->table];
+        const std::string whole =
+            shownText(table.row(cell->row)[cell->column], table.columns()[cell->column]);
+        EXPECT_NE(whole.find(text.text), std::string::npos) << whole << " is not " << text.text;
+        ++found;
+      }
+      EXPECT_EQ(pages.cellAt(index, -1, -1), std::nullopt);
+    }
+  }
+  EXPECT_GT(found, 1000);
+}
+
 }  // namespace
 }  // namespace depcalc
