@@ -29,7 +29,7 @@ BEGIN {
   may["changes"] = may["reports/reading"] " host/stored host/history changes"
   may["importing"] = may["changes"] " entry importing"
   may["importing/workbook"] = may["importing"] " importing/workbook"
-  may["desktop/importing"] = may["importing"] " desktop desktop/importing"
+  may["desktop/importing"] = may["importing"] " desktop/guide desktop desktop/importing"
   may["desktop/reports"] = may["reports"] " reports/formats reports/formats/xlsx desktop/reports"
   may["desktop/guide"] = may["engine"] " desktop/guide"
   may["desktop/workspace"] = may["DepCalc"] " explain reports reports/explaining reports/pages reports/formats reports/charts desktop desktop/workspace"

@@ -58,7 +58,7 @@ expected() {
     cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes charts importing paper paper_texts cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
     desktop_widgets) echo "$screens $1" ;;
     workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
-    desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing desktop_widgets $1" ;;
+    desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing guide desktop_widgets $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_workspace) echo "$calculator explain reports reports_explaining paper paper_texts charts report_formats print_module printing_objects desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;

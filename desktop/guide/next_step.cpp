@@ -21,7 +21,8 @@ constexpr std::array steps{
              "and salvage value are needed. Then press Calculate.",
              "entering-assets.html"},
     NextStep{Hint::first_asset_register, "first_asset_register",
-             "This company has no assets yet. Press New to enter the first one.",
+             "This company has no assets yet. Press New to enter the first one, or choose File > "
+             "Import to bring in a list.",
              "entering-assets.html"},
     NextStep{Hint::compare_first, "compare_first",
              "Press Calculate to see the methods side by side. Save keeps the asset without a "

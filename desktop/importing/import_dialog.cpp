@@ -16,12 +16,14 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/guide/guide_pages.h"
 #include "desktop/importing/amounts_model.h"
 #include "desktop/importing/columns_model.h"
 #include "desktop/importing/import_captions.h"
 #include "desktop/importing/import_options.h"
 #include "desktop/importing/preview_model.h"
 #include "desktop/widgets/dialog_looks.h"
+#include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
@@ -186,6 +188,7 @@ void ImportDialog::addNotes(QVBoxLayout& layout) {
   buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  addGuideHelp(*this, guide::importing);
   dropButtonIcons(*this);
   QFont bold = summary_->font();
   bold.setBold(true);
