@@ -23,7 +23,6 @@
 #include "desktop/window/settings.h"
 #include "desktop/window/undo_menu.h"
 #include "desktop/window/view_menu.h"
-#include "importing/header_words.h"
 
 class QAction;
 class QLabel;
@@ -220,8 +219,6 @@ class MainWindow : public QMainWindow, public GuideReader {
   void askImport();
   [[nodiscard]] std::unique_ptr<AssetImport> readFileToImport(const QString& path);
   void saveImported(const AssetImport& import);
-  [[nodiscard]] std::optional<std::vector<ColumnUse>> rememberedUses(
-      const std::vector<std::string>& header) const;
 
   // main_window_backups.cpp
   void askBackup();

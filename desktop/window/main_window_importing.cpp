@@ -28,6 +28,18 @@ QStringList qtTexts(const std::vector<std::string>& texts) {
   return all;
 }
 
+/// What the columns of a file with this header were taken as when it was imported last.
+std::optional<std::vector<ColumnUse>> rememberedUses(const Settings& settings,
+                                                     const std::vector<std::string>& header) {
+  const QStringList names = settings.importColumns(qtTexts(header));
+  if (names.isEmpty()) return std::nullopt;
+  std::vector<ColumnUse> uses;
+  for (const QString& name : names) {
+    uses.push_back(useNamed(name.toStdString()).value_or(ColumnUse()));
+  }
+  return uses;
+}
+
 /// The one file that is dragged over the window; "" where it is none, or more than one.
 QString draggedFile(const QMimeData& data) {
   const QList<QUrl> urls = data.urls();
@@ -68,7 +80,7 @@ std::unique_ptr<AssetImport> MainWindow::readFileToImport(const QString& path) {
   CompanyAssets assets(application_->CompanyFile(), around_.today());
   std::unique_ptr<AssetImport> import;
   const auto recall = [this](const std::vector<std::string>& header) {
-    return rememberedUses(header);
+    return rememberedUses(around_.settings, header);
   };
   const bool read = trapped("DepCalcDesktop::importFile", [&] {
     const ImportingCompany into{around_.today(), assets.fiscalYearEnd(),
@@ -119,17 +131,6 @@ void MainWindow::saveImported(const AssetImport& import) {
   } else if (!told_) {
     tell(tr("Nothing was imported. %1").arg(problem));
   }
-}
-
-std::optional<std::vector<ColumnUse>> MainWindow::rememberedUses(
-    const std::vector<std::string>& header) const {
-  const QStringList names = around_.settings.importColumns(qtTexts(header));
-  if (names.isEmpty()) return std::nullopt;
-  std::vector<ColumnUse> uses;
-  for (const QString& name : names) {
-    uses.push_back(useNamed(name.toStdString()).value_or(ColumnUse()));
-  }
-  return uses;
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
