@@ -1,5 +1,6 @@
 // Insight's chart: which year is read off it, keys, pointer, copies, looks, files.
 #include "desktop/workspace/chart_page.h"
+#include "desktop/workspace/insight_panel.h"
 
 #include <QAccessible>
 #include <QClipboard>
