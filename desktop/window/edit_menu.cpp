@@ -40,8 +40,7 @@ EditMenu::EditMenu(QMenu& menu, std::function<Calculator*()> calculator)
 
 void EditMenu::enable() {
   const bool any_table = table() != nullptr;
-  copy_->setEnabled(any_table || fieldWithSelection() != nullptr ||
-                    textWithSelection() != nullptr);
+  copy_->setEnabled(any_table || fieldWithSelection() != nullptr || textWithSelection() != nullptr);
   whole_->setEnabled(any_table);
 }
 
