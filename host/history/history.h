@@ -32,6 +32,13 @@ class History {
   void add(Step step);
   /// `position` is at most the number of steps.
   void moveTo(std::size_t position) { position_ = position; }
+  /// Forgets everything; a new history would ask for memory.
+  void clear() noexcept {
+    steps_.clear();
+    position_ = 0;
+    forgotten_ = 0;
+    bytes_ = 0;
+  }
 
  private:
   std::deque<Step> steps_;

@@ -219,7 +219,7 @@ void Recorder::settle(std::uint64_t after, const std::function<void()>& done) no
 }
 
 void Recorder::forgetSteps() noexcept {
-  history_ = History();
+  history_.clear();
   opened_at_ = 0;
   log_.startAnew();
 }

@@ -198,8 +198,11 @@ TEST_F(AssetsBeside, AreReachedFromThePageAndBackByF6) {
 }
 
 TEST_F(AssetsBeside, AreFoundWhateverTheirLettersAreCapitalOrNot) {
-  click(assets().NewButton.normal);
+  if (shown() != "DepCalcCtl1") key(Qt::Key_N, Qt::AltModifier);
+  enterAsset(
+      {"COOL-1", "x", "", "Shop", "9/15/2023", "April", "5", "Half Year", "1000", "0", "100"});
   goTo("NameText");
+  key(Qt::Key_A, Qt::ControlModifier);
   QApplication::clipboard()->setText(QStringLiteral("Kühlanlage ÖL"));
   key(Qt::Key_V, Qt::ControlModifier);
   key(Qt::Key_S, Qt::AltModifier);

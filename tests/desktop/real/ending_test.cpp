@@ -40,7 +40,7 @@ struct Ending : ::testing::Test {
     QStringList found;
     const QDir root(data() + "/depcalc/backups");
     for (const QString& folder : root.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-      found += QDir(root.filePath(folder)).entryList(QDir::Files);
+      found += QDir(root.filePath(folder)).entryList({"*.company", "opening-*"}, QDir::Files);
     }
     return found;
   }
