@@ -10,7 +10,8 @@
 namespace depcalc::desktop {
 namespace {
 
-constexpr int line_characters = 78;
+constexpr int line_characters = 88;
+constexpr int picture_width = 580;  // as the pages have it, for all that are larger
 constexpr double text_size = 1.08;  // of the program's own
 
 const QString light_mark = QStringLiteral("-light.");
@@ -34,13 +35,20 @@ GuideView::GuideView(QWidget* parent) : QTextBrowser(parent) {
 
 QVariant GuideView::loadResource(int type, const QUrl& name) {
   if (type == QTextDocument::StyleSheetResource) return styleSheetOfPages();
-  if (type == QTextDocument::ImageResource && Colours(palette()).dark()) {
-    QUrl dark = name;
-    dark.setPath(name.path().replace(light_mark, dark_mark));
-    const QVariant picture = QTextBrowser::loadResource(type, dark);
-    if (picture.isValid()) return picture;
-  }
+  if (type == QTextDocument::ImageResource) return picture(name);
   return QTextBrowser::loadResource(type, name);
+}
+
+/// Drawn into its place the toolkit would leave out pixels; so it comes in that size.
+QImage GuideView::picture(const QUrl& name) {
+  QUrl shown = name;
+  if (Colours(palette()).dark()) shown.setPath(name.path().replace(light_mark, dark_mark));
+  QImage image = QImage::fromData(
+      QTextBrowser::loadResource(QTextDocument::ImageResource, shown).toByteArray());
+  const int pixels = static_cast<int>(picture_width * devicePixelRatioF());
+  if (image.width() <= pixels) return image;
+  return image.convertToFormat(QImage::Format_RGB32)
+      .scaledToWidth(pixels, Qt::SmoothTransformation);
 }
 
 QString GuideView::styleSheetOfPages() const {
@@ -62,7 +70,8 @@ QString GuideView::styleSheetOfPages() const {
              ".note { background-color: %3; }"
              ".caption { font-size: small; }"
              ".total td { font-weight: bold; }")
-      .arg(colours.accent().name(), colours.caption().name(), colours.paper().name());
+      .arg(colours.accent().name(), palette().color(QPalette::Window).name(),
+           colours.paper().name());
 }
 
 void GuideView::recolour() {

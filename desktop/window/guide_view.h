@@ -1,6 +1,7 @@
 // A page of the guide.
 #pragma once
 
+#include <QImage>
 #include <QTextBrowser>
 
 namespace depcalc::desktop {
@@ -23,6 +24,7 @@ class GuideView : public QTextBrowser {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  [[nodiscard]] QImage picture(const QUrl& name);
   [[nodiscard]] QString styleSheetOfPages() const;
 };
 

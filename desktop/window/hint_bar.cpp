@@ -14,8 +14,8 @@ namespace depcalc::desktop {
 HintBar::HintBar(QWidget* parent)
     : QFrame(parent),
       text_(new QLabel(this)),
-      more_(new QPushButton(tr("Te&ll Me More"), this)),
-      dismiss_(new QPushButton(tr("&Got It"), this)) {
+      more_(new QPushButton(tr("Loo&k It Up"), this)),
+      dismiss_(new QPushButton(tr("Oka&y"), this)) {
   setObjectName(QStringLiteral("HintBar"));
   setAccessibleName(tr("Hint"));
   text_->setObjectName(QStringLiteral("Hint"));

@@ -170,6 +170,28 @@ TEST_F(FirstDay, AHintTakesNeitherFocusNorWidthFromTheCalculator) {
   EXPECT_THAT(boxes.take(), IsEmpty());
 }
 
+/// With all that can stand around the page, no letter clicks two buttons.
+TEST_F(FirstDay, TheLettersOfAHintBelongToItAlone) {
+  other->resize(1700, 900);
+  other->openSampleCompany();
+  for (const char* part : {"assets", "insight"}) {
+    auto* const item = other->findChild<QAction*>(part);
+    ASSERT_NE(item, nullptr) << part;
+    if (!item->isChecked()) item->trigger();
+  }
+  for (int i = 0; i < 5; ++i) QApplication::processEvents();
+  const auto letterOf = [](const QString& text) { return text.section(u'&', 1).left(1).toUpper(); };
+  QString letters;
+  for (const QAction* menu : other->menuBar()->actions()) letters += letterOf(menu->text());
+  for (const auto* button : other->findChildren<QAbstractButton*>()) {
+    if (button->window() == other.get()) letters += letterOf(button->text());
+  }
+  for (const char* name : {"HintMore", "HintDismiss"}) {
+    const QString letter = letterOf(find<QPushButton>(name).text());
+    EXPECT_EQ(letters.count(letter), 1) << letter.toStdString() << " of " << letters.toStdString();
+  }
+}
+
 // Preferences -----------------------------------------------------------------------------------
 
 TEST_F(FirstDay, PreferencesCountAtOnceAndAreRemembered) {
