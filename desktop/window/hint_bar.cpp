@@ -15,7 +15,7 @@ HintBar::HintBar(QWidget* parent)
     : QFrame(parent),
       text_(new QLabel(this)),
       more_(new QPushButton(tr("Loo&k It Up"), this)),
-      dismiss_(new QPushButton(tr("Oka&y"), this)) {
+      dismiss_(new QPushButton(tr("Okay"), this)) {
   setObjectName(QStringLiteral("HintBar"));
   setAccessibleName(tr("Hint"));
   text_->setObjectName(QStringLiteral("Hint"));
