@@ -53,7 +53,7 @@ WhatIfPage::WhatIfPage(QWidget* parent)
           &WhatIfPage::enable);
   connect(table_, &QTableView::doubleClicked, this, &WhatIfPage::use);
   connect(use_, &QPushButton::clicked, this, &WhatIfPage::use);
-  follow({});
+  WhatIfPage::follow({});
 }
 
 /// The row that was chosen stays so where there still is one.

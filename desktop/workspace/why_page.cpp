@@ -70,7 +70,7 @@ WhyPage::WhyPage(QWidget* parent) : InsightPage(parent), text_(new QTextBrowser(
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(8, 8, 8, 8);
   column->addWidget(text_);
-  follow({});
+  WhyPage::follow({});
 }
 
 void WhyPage::follow(const InsightSubject& subject) {

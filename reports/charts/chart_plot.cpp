@@ -25,7 +25,7 @@ void addLine(PaperPage& page, PaperPoint from, PaperPoint to, PaperTone tone, do
 
 }  // namespace
 
-ChartPlot::ChartPlot(const Chart& chart, ChartFigures figures, PlotPlace place,
+ChartPlot::ChartPlot(const Chart& chart, ChartFigures figures, const PlotPlace& place,
                      const PaperMeasures& measures)
     : chart_(chart), figures_(figures), place_(place), measures_(measures) {
   Currency least;

@@ -25,7 +25,7 @@ struct PlotPlace {
 class ChartPlot {
  public:
   /// All but `place` and `figures` lives as long as this does, or longer.
-  ChartPlot(const Chart& chart, ChartFigures figures, PlotPlace place,
+  ChartPlot(const Chart& chart, ChartFigures figures, const PlotPlace& place,
             const PaperMeasures& measures);
 
   /// Twips that the amounts beside the axis take up.

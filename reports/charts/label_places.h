@@ -24,7 +24,7 @@ struct Covered {
 /// several the one with the fewest lines through it.
 class LabelPlaces {
  public:
-  explicit LabelPlaces(Covered bounds) : bounds_(bounds) {}
+  explicit LabelPlaces(const Covered& bounds) : bounds_(bounds) {}
 
   void addLine(std::vector<PaperPoint> points) { lines_.push_back(std::move(points)); }
   void take(const Covered& covered) { taken_.push_back(covered); }
