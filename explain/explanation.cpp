@@ -255,7 +255,7 @@ Explanation explainYear(const ExplainedAsset& asset, std::string_view method, in
   Explainer explainer(asset, code);
   std::vector<Explanation> all = explainedBy(explainer, code);
   for (Explanation& one : all) {
-    if (one.fiscal_year == fiscal_year) return std::move(one);
+    if (one.fiscal_year == fiscal_year) return Explanation(std::move(one));
   }
   return explainer.nothingIn(fiscal_year, all);
 }
