@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <random>
 
 #include "tests/changes/undoable_company.h"
@@ -27,7 +28,7 @@ void put(const std::string& path, const std::string& bytes) {
 
 class Model {
  public:
-  explicit Model(unsigned seed) : random_(seed) { states_.push_back(company_.content()); }
+  explicit Model(unsigned seed) : random_(seed) { add(company_.content()); }
 
   void step() {
     const std::string company_before = bytesOf(company_.path());
@@ -53,13 +54,16 @@ class Model {
   int changes = 0;
 
  private:
+  void add(Content state) { states_.push_back(std::make_shared<const Content>(std::move(state))); }
   int number(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
   std::string name() { return std::string(1, static_cast<char>('A' + number(26))); }
   int anyAsset() { return 1 + number(company_.count()); }
 
   /// Returns whether the process could have died in it and leave one of two states.
   bool change() {
-    const int kind = company_.count() == 0 ? 0 : number(14);
+    int kind = company_.count() == 0 ? 0 : number(14);
+    constexpr int deletion = 6;
+    if (company_.count() > 60 && number(2) == 0) kind = deletion;
     bool kept = true;
     if (kind <= 2) {
       company_.saveNew(name(), 1 + number(8), number(3) == 0 ? "UOP" : "SL");
@@ -99,10 +103,10 @@ class Model {
 
   void note() {
     Content now = company_.content();
-    if (same(now, states_[at_])) return;
+    if (same(now, *states_[at_])) return;
     ++changes;
     states_.erase(states_.begin() + static_cast<std::ptrdiff_t>(at_) + 1, states_.end());
-    states_.push_back(std::move(now));
+    add(std::move(now));
     if (states_.size() > History::most_steps + 1) states_.pop_front();
     at_ = states_.size() - 1;
   }
@@ -144,7 +148,7 @@ class Model {
   }
 
   void check() {
-    ASSERT_TRUE(same(company_.content(), states_[at_]));
+    ASSERT_TRUE(same(company_.content(), *states_[at_]));
     ASSERT_EQ(company_.recorder().history().position(), at_);
     ASSERT_EQ(company_.recorder().history().steps().size(), states_.size() - 1);
     ASSERT_EQ(company_.recorder().canUndo(), at_ > 0);
@@ -155,7 +159,7 @@ class Model {
   TemporaryDirectory directory_;
   UndoableCompany company_{directory_.path()};
   std::string backup_;
-  std::deque<Content> states_;  ///< that undo and redo lead to
+  std::deque<std::shared_ptr<const Content>> states_;  ///< that undo and redo lead to
   std::size_t at_ = 0;
 };
 
