@@ -30,8 +30,8 @@ class RecordEnds {
 
 /// How much of a text is handed out at a time.
 struct BlockSizes {
-  std::size_t usual = 65'536;       ///< bytes, at least, but for the last
-  std::size_t largest = 1'048'576;  ///< a record longer than this is left to whoever reads it
+  std::size_t usual = 65'536;     ///< bytes, at least, but for the last
+  std::size_t largest = 262'144;  ///< a record longer than this is left to whoever reads it
 };
 
 /// Hands out a text in blocks of whole records.
