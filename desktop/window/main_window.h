@@ -182,7 +182,6 @@ class MainWindow : public QMainWindow, public GuideReader {
   // main_window_insight.cpp
   void addChartPages(InsightPanel& panel);
   void saveChart(const ChartFile& file);
-  void leadToAsset(std::int32_t number);
   [[nodiscard]] DepCalcCtl* formWith(const InsightSubject& subject);
   void useWhatIf(const InsightSubject& subject, const WhatIfRow& row);
 

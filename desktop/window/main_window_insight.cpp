@@ -27,29 +27,13 @@ void MainWindow::saveChart(const ChartFile& file) {
                file.content, this);
 }
 
-/// As the register's tab and then Asset > Edit lead there: the form asks about unsaved changes
-/// first.
-void MainWindow::leadToAsset(std::int32_t number) {
-  if (!calculator_->validateField()) return;
-  DepCalcCont& container = calculator_->container();
-  if (container.visibleScreen() != nullptr &&
-      container.visibleScreen() != calculator_->assetRegister()) {
-    auto* const tab = dynamic_cast<Label*>(container.visibleScreen()->child("ViewAllLabel"));
-    if (tab == nullptr) return;
-    calculator_->surface().act([tab](User& user) { user.click(*tab); });
-    calculator_->stage().pumpPaint();
-  }
-  calculator_->selectAsset(number);
-  if (calculator_->currentAsset() == number) asset_menu_->item("edit")->trigger();
-}
-
 /// The form with the asset of `subject`; null where the user would rather not go there.
 DepCalcCtl* MainWindow::formWith(const InsightSubject& subject) {
   if (calculator_ == nullptr) return nullptr;
   if (subject.place == InsightPlace::comparison) {
     asset_menu_->item("edit")->trigger();
   } else if (subject.place != InsightPlace::entry) {
-    leadToAsset(subject.asset.number);
+    editAsset(subject.asset.number);
     if (calculator_->currentAsset() != subject.asset.number) return nullptr;
   }
   calculator_->stage().pumpPaint();
