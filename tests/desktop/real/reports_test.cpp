@@ -3,9 +3,14 @@
 #include <QFile>
 #include <QLabel>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
+#include <QTextBrowser>
+#include <map>
+#include <utility>
 
 #include "desktop/window/report_preview.h"
+#include "desktop/window/reports_window.h"
 #include "tests/desktop/real/real_window.h"
 
 namespace depcalc::testing {
@@ -93,6 +98,65 @@ TEST_F(RealReports, FollowWhatIsSavedInTheMainWindow) {
   EXPECT_TRUE(user.sees([&] {
     return preview->viewport()->accessibleDescription().contains(QStringLiteral("A1-new"));
   }));
+}
+
+/// Where on the page each amount of an asset and a fiscal year is. Every few dots are tried.
+using AmountPlaces = std::map<std::pair<int, int>, QPoint>;
+
+AmountPlaces amountPlaces(desktop::ReportsWindow& reports) {
+  constexpr int step = 4;
+  AmountPlaces places;
+  QPoint place;
+  QObject context;
+  QObject::connect(&reports, &desktop::ReportsWindow::amountPointed, &context,
+                   [&](std::int32_t asset, std::optional<int> year) {
+                     if (year) places.try_emplace({asset, *year}, place + QPoint(step, step));
+                   });
+  QWidget* const sheet = reports.findChild<desktop::ReportPreview*>("ReportPreview")->viewport();
+  for (place.ry() = 0; place.y() < sheet->height(); place.ry() += step) {
+    for (place.rx() = 0; place.x() < sheet->width(); place.rx() += step) {
+      QMouseEvent press(QEvent::MouseButtonPress, place, sheet->mapToGlobal(place), Qt::LeftButton,
+                        Qt::LeftButton, Qt::NoModifier);
+      QApplication::sendEvent(sheet, &press);
+    }
+  }
+  return places;
+}
+
+TEST_F(RealReports, LeadInsightToTheAmountThatIsClicked) {
+  const auto heading = [this] {
+    auto* const text = window->findChild<QTextBrowser*>("WhyText");
+    return text != nullptr && text->isVisible() ? text->accessibleDescription() : QString();
+  };
+  if (!gui([this] {
+        auto* const text = window->findChild<QTextBrowser*>("WhyText");
+        return text != nullptr && text->isVisible();
+      })) {
+    menu("Insight");
+  }
+  user.keys({"alt+r", "d"});
+  ASSERT_TRUE(seesReports());
+  user.key("Down");
+  ASSERT_THAT(page(), HasSubstr("All fiscal years"));
+  auto* const open = qobject_cast<desktop::ReportsWindow*>(reports());
+  ASSERT_NE(open, nullptr);
+  const AmountPlaces places = gui([open] { return amountPlaces(*open); });
+  QWidget* const sheet =
+      gui([open] { return open->findChild<desktop::ReportPreview*>("ReportPreview")->viewport(); });
+  const struct {
+    int asset;
+    int year;
+    const char* heading;
+  } clicks[] = {{1, 2024, "Straight Line, FY2024: 200.00"},
+                {2, 2025, "Sum of the Years' Digits, FY2025: 400.00"},
+                {2, 2024, "Sum of the Years' Digits, FY2024: 500.00"}};
+  for (const auto& click : clicks) {
+    const auto place = places.find({click.asset, click.year});
+    ASSERT_NE(place, places.end()) << click.heading;
+    user.clicks(sheet, place->second);
+    EXPECT_TRUE(user.sees([&] { return heading() == QString::fromUtf8(click.heading); }))
+        << click.heading << " but " << gui(heading).toStdString();
+  }
 }
 
 }  // namespace
