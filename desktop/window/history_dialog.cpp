@@ -192,10 +192,9 @@ void HistoryDialog::showChosen() {
   }
   changes_->setModel(new LinesModel(shown_.lines, changes_));
   for (int column = 0; column < 4; ++column) {
-    changes_->horizontalHeader()->setSectionResizeMode(column, QHeaderView::Interactive);
+    changes_->horizontalHeader()->setSectionResizeMode(
+        column, column < 2 ? QHeaderView::ResizeToContents : QHeaderView::Stretch);
   }
-  changes_->resizeColumnsToContents();
-  changes_->horizontalHeader()->setStretchLastSection(true);
   changes_label_->setText(
       shown_.left_out == 0
           ? tr("C&hanged values:")

@@ -3,13 +3,13 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "desktop/guide/guide_pages.h"
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/guide_help.h"
+#include "desktop/window/step_names.h"
 
 namespace depcalc::desktop {
 
@@ -31,9 +31,7 @@ RestoreDialog::RestoreDialog(QVector<Backup> backups, const QVector<std::optiona
   list_->setObjectName(QStringLiteral("Backups"));
   list_->setAccessibleName(question->text());
   for (qsizetype i = 0; i < backups_.size(); ++i) {
-    const QString made =
-        QLocale::c().toString(backups_[i].made, QStringLiteral("d MMMM yyyy, HH:mm:ss"));
-    list_->addItem(tr("%1   ·   %2").arg(made, inWords(assets[i])));
+    list_->addItem(tr("%1   ·   %2").arg(timeInWords(backups_[i].made), inWords(assets[i])));
   }
   list_->setCurrentRow(0);
   auto* const note = new QLabel(tr("The company as it is now is also kept as a backup."), this);

@@ -53,9 +53,10 @@ QString stepName(const StepTitle& title) {
                           : QObject::tr("%1 of %L2 Assets").arg(name).arg(title.count);
 }
 
-QString stepTime(const Step& step) {
-  return QLocale::c().toString(QDateTime::fromSecsSinceEpoch(step.when),
-                               QStringLiteral("d MMMM yyyy, HH:mm:ss"));
+QString timeInWords(const QDateTime& time) {
+  return QLocale::c().toString(time, QStringLiteral("MMMM d, yyyy, HH:mm:ss"));
 }
+
+QString stepTime(const Step& step) { return timeInWords(QDateTime::fromSecsSinceEpoch(step.when)); }
 
 }  // namespace depcalc::desktop

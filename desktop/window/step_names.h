@@ -1,6 +1,7 @@
 // What the user reads of a step.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include "host/history/step.h"
@@ -13,7 +14,10 @@ QString stepName(const StepTitle& title);
 /// "Deletion"
 QString shortStepName(const StepTitle& title);
 
-/// "22 November 2026, 10:15:30", in the user's time zone.
+/// "November 22, 2026, 10:15:30"
+QString timeInWords(const QDateTime& time);
+
+/// The same of a step, in the user's time zone.
 QString stepTime(const Step& step);
 
 }  // namespace depcalc::desktop

@@ -169,7 +169,7 @@ TEST_F(Promises, ABackupIsRestoredByKeyboard) {
            [](QDialog& dialog) {
              auto* const list = dialog.findChild<QListWidget*>();
              ASSERT_EQ(list->count(), 2);
-             EXPECT_TRUE(list->item(1)->text().startsWith("1 January 2024, 08:00:00"));
+             EXPECT_TRUE(list->item(1)->text().startsWith("January 1, 2024, 08:00:00"));
              list->setFocus();
              QTest::keyClick(list, Qt::Key_Down);
              QTest::keyClick(list, Qt::Key_Return);
