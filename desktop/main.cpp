@@ -91,10 +91,14 @@ int preview(CompanyFiles& files, MainWindow& window, const Options& options,
 
 /// Pictures are the same on any day where the environment gives one (SOURCE_DATE_EPOCH, seconds
 /// since 1970, as reproducible builds have it).
-Date todayForPictures() {
+std::int64_t nowForPictures() {
   const QByteArray given = qgetenv("SOURCE_DATE_EPOCH");
-  if (given.isEmpty()) return todayByClock();
-  const QDate day = QDateTime::fromSecsSinceEpoch(given.toLongLong(), Qt::UTC).date();
+  return given.isEmpty() ? secondsByClock() : given.toLongLong();
+}
+
+Date todayForPictures() {
+  if (qEnvironmentVariableIsEmpty("SOURCE_DATE_EPOCH")) return todayByClock();
+  const QDate day = QDateTime::fromSecsSinceEpoch(nowForPictures(), Qt::UTC).date();
   return Date::strict(day.year(), day.month(), day.day());
 }
 
@@ -111,7 +115,8 @@ int run(const Options& options) {
   Backups backups(data + QStringLiteral("/backups"), sameCompany);
   MainWindow window({files, settings, backups, today, QDir::currentPath().toStdString(),
                      sharedFolder(),
-                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)});
+                     QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                     previews ? nowForPictures : secondsByClock});
   if (previews) return preview(files, window, options, scratch.path());
   SystemEnd end(window, SystemEnd::usual_patience, [] { std::_Exit(success); });
   // A system may send SIGHUP behind SIGTERM at once.

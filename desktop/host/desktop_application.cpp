@@ -16,7 +16,8 @@ std::shared_ptr<Company> stillOpen(const std::weak_ptr<Company>& company) {
 }
 
 std::shared_ptr<Recorder> recorded(const std::shared_ptr<Company>& company,
-                                   DesktopApplication::Past past) {
+                                   DesktopApplication::Past past,
+                                   const DesktopApplication::Now& now) {
   const std::weak_ptr<Company> own = company;
   return std::make_shared<Recorder>(
       company->file(),
@@ -25,12 +26,14 @@ std::shared_ptr<Recorder> recorded(const std::shared_ptr<Company>& company,
           .info = {.read = [own] { return stillOpen(own)->info(); },
                    .write = [own](const CompanyInfo& info) { stillOpen(own)->setInfo(info); }},
           .path = std::move(past.history),
-          .now = [] { return static_cast<std::int64_t>(std::time(nullptr)); },
+          .now = now,
           .name = stepTitle,
           .replaced = std::move(past.replaced)});
 }
 
 }  // namespace
+
+std::int64_t secondsByClock() { return std::time(nullptr); }
 
 DesktopApplication::~DesktopApplication() {
   if (company_ != nullptr) company_->close();
@@ -39,7 +42,7 @@ DesktopApplication::~DesktopApplication() {
 void DesktopApplication::setCompany(std::unique_ptr<Company> company, Past past) {
   if (company_ != nullptr) company_->close();
   company_ = std::move(company);
-  recorder_ = company_ == nullptr ? nullptr : recorded(company_, std::move(past));
+  recorder_ = company_ == nullptr ? nullptr : recorded(company_, std::move(past), now_);
   file_ = company_ == nullptr ? nullptr : std::make_shared<UnitsFollowing>(recorder_);
   if (company_ != nullptr) listeners_.raise(&HostApplicationEvents::CompanyFileOpened);
 }

@@ -1,6 +1,7 @@
 // The host application that the calculator sees.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,11 +15,17 @@
 
 namespace depcalc::desktop {
 
+/// Since the beginning of 1970, in UTC.
+[[nodiscard]] std::int64_t secondsByClock();
+
 /// Has at most one company open.
 class DesktopApplication final : public HostApplication {
  public:
-  explicit DesktopApplication(std::string start_directory)
-      : start_directory_(std::move(start_directory)) {}
+  /// When a step is taken, in seconds since the beginning of 1970.
+  using Now = std::function<std::int64_t()>;
+
+  explicit DesktopApplication(std::string start_directory, Now now = secondsByClock)
+      : start_directory_(std::move(start_directory)), now_(std::move(now)) {}
   ~DesktopApplication() override;
 
   [[nodiscard]] Company* company() const { return company_.get(); }
@@ -49,6 +56,7 @@ class DesktopApplication final : public HostApplication {
 
  private:
   std::string start_directory_;
+  Now now_;
   std::shared_ptr<Company> company_;
   std::shared_ptr<Recorder> recorder_;
   std::shared_ptr<UnitsFollowing> file_;  ///< the company's, for the calculator

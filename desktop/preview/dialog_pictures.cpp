@@ -1,12 +1,10 @@
 #include "desktop/preview/dialog_pictures.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QDialog>
-#include <QTimer>
 #include <utility>
 
 #include "changes/disposing.h"
+#include "desktop/preview/modal_picture.h"
 #include "desktop/window/guide_window.h"
 #include "engine/method.h"
 
@@ -14,8 +12,6 @@ namespace depcalc::desktop {
 namespace {
 
 constexpr QSize guide_size(1000, 700);
-constexpr int look_ms = 20;
-constexpr int settling_rounds = 5;
 
 class Pictures {
  public:
@@ -33,14 +29,8 @@ class Pictures {
   }
 
  private:
-  static void settle() {
-    for (int i = 0; i < settling_rounds; ++i) QApplication::processEvents();
-  }
-
-  void take(QWidget& widget, const char* name) {
-    settle();
-    const QString path = directory_ + u'/' + QLatin1String(name) + QStringLiteral(".png");
-    if (widget.grab().save(path)) paths_ << path;
+  QString path(const char* name) const {
+    return directory_ + u'/' + QLatin1String(name) + QStringLiteral(".png");
   }
 
   QAction* item(const char* text) {
@@ -50,20 +40,10 @@ class Pictures {
     return nullptr;
   }
 
-  /// A dialog waits for its user; who looks at it closes it as well.
   void drawDialog(const char* text, const char* name) {
     QAction* const action = item(text);
     if (action == nullptr || !action->isEnabled()) return;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, [&] {
-      auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      if (dialog == nullptr || !dialog->isVisible()) return;
-      timer.stop();
-      take(*dialog, name);
-      dialog->reject();
-    });
-    timer.start(look_ms);
-    action->trigger();
+    paths_ << drawModal(path(name), [action] { action->trigger(); });
     settle();
   }
 
@@ -86,7 +66,8 @@ class Pictures {
     auto* const guide = window_.findChild<GuideWindow*>();
     if (guide == nullptr || !guide->isVisible()) return;
     guide->resize(guide_size);
-    take(*guide, "guide");
+    settle();
+    if (guide->grab().save(path("guide"))) paths_ << path("guide");
     guide->close();
   }
 

@@ -11,6 +11,8 @@
 #include "compare/dep_calc_display_ctl.h"
 #include "desktop/preview/dialog_pictures.h"
 #include "desktop/preview/image_printer.h"
+#include "desktop/preview/modal_picture.h"
+#include "desktop/preview/step_pictures.h"
 #include "desktop/printing/page_printer.h"
 #include "desktop/workspace/insight_panel.h"
 #include "entry/dep_calc_ctl.h"
@@ -30,7 +32,7 @@ class Walk {
   Walk(MainWindow& window, QString directory) : window_(window), directory_(std::move(directory)) {}
 
   QStringList run() {
-    show();
+    settle();
     DepCalcView* view = calculator().assetRegister();
     if (view != nullptr && view->isShown()) {
       grab(QStringLiteral("register"));
@@ -44,6 +46,7 @@ class Walk {
       user([view](User& user) { user.click(view->EditButton.normal); });
     }
     showEntry();
+    paths_ << drawSteps(window_, directory_);
     return paths_;
   }
 
@@ -82,20 +85,16 @@ class Walk {
       auto* const item = window_.findChild<QAction*>(QLatin1String(part));
       if (item != nullptr && !item->isChecked()) item->trigger();
     }
-    show();
+    settle();
     emit calculator().surface().cellPointed(amounts, 2, 2);
-    show();
+    settle();
     grab(QStringLiteral("workspace"));
   }
 
   template <typename Action>
   void user(Action action) {
     calculator().surface().act(action);
-    show();
-  }
-
-  void show() {
-    for (int i = 0; i < 3; ++i) QApplication::processEvents();
+    settle();
   }
 
   void grab(const QString& name) {
@@ -120,12 +119,12 @@ class Walk {
       if (auto* const by = reports->findChild<QComboBox*>(QStringLiteral("Grouping"))) {
         by->setCurrentIndex(kind == ReportKind::years ? 0 : 1);
       }
-      show();
+      settle();
       const QString path = directory_ + u'/' + QLatin1String(name) + QStringLiteral(".png");
       if (reports->grab().save(path)) paths_ << path;
     }
     window_.findChild<QWidget*>(QStringLiteral("ReportsWindow"))->close();
-    show();
+    settle();
   }
 
   /// Beside the comparison, each page.
@@ -134,13 +133,13 @@ class Walk {
       if (action->text().remove(u'&') == u"Insight" && !action->isChecked()) action->trigger();
     }
     window_.resize(insight_size);
-    show();
+    settle();
     auto* const insight = window_.findChild<InsightPanel*>();
     if (insight == nullptr) return;
     for (const auto& [title, name] :
          {std::pair("Chart", "insight-chart"), std::pair("What if", "insight-what-if")}) {
       insight->choose(QLatin1String(title));
-      show();
+      settle();
       grab(QLatin1String(name));
     }
   }
@@ -175,7 +174,7 @@ class Walk {
 QStringList renderStartPage(MainWindow& window, const QString& directory) {
   window.resize(picture_size);
   window.show();
-  QApplication::processEvents();
+  settle();  // the page comes after the first paint
   const QString path = directory + QStringLiteral("/start.png");
   return window.grab().save(path) ? QStringList{path} : QStringList();
 }

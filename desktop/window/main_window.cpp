@@ -32,7 +32,7 @@ QSize firstSize(const QSize& screen) {
 
 MainWindow::MainWindow(Surroundings surroundings)
     : around_(std::move(surroundings)),
-      application_(std::make_shared<DesktopApplication>(around_.start_directory)),
+      application_(std::make_shared<DesktopApplication>(around_.start_directory, around_.now)),
       report_hook_([this](const ErrorReport& report) { noteFailure(report); }),
       page_(new Page(this)),
       hints_(new HintBar(this)),

@@ -59,6 +59,7 @@ class MainWindow : public QMainWindow, public GuideReader {
     std::string start_directory;
     QString shared = {};     ///< the folder with the guide and the sample company
     QString documents = {};  ///< where the user keeps documents; "" for the home directory
+    DesktopApplication::Now now = secondsByClock;
   };
 
   explicit MainWindow(Surroundings surroundings);

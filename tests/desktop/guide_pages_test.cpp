@@ -5,12 +5,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QLocale>
 #include <QMap>
 #include <QRegularExpression>
 #include <QSet>
 #include <QXmlStreamReader>
 #include <functional>
+#include <set>
 
 #include "desktop/guide/guide_pages.h"
 #include "desktop/guide/next_step.h"
@@ -176,6 +178,17 @@ TEST(GuidePages, AreAllReachedFromTheFirst) {
   }
 }
 
+/// Text and frames have many, for their edges are smoothed; an empty page has one.
+std::size_t colorsInTheMiddle(const QImage& picture) {
+  std::set<QRgb> colors;
+  for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
+    for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
+      colors.insert(picture.pixel(x, y));
+    }
+  }
+  return colors.size();
+}
+
 TEST(GuidePages, HavePicturesInLightAndDarkWithWordsForThem) {
   QSet<QString> used;
   onEvery([&](const QString& file, const Element& element) {
@@ -194,6 +207,8 @@ TEST(GuidePages, HavePicturesInLightAndDarkWithWordsForThem) {
   qint64 bytes = 0;
   for (const QFileInfo& picture : QDir(folder + "/images").entryInfoList(QDir::Files)) {
     EXPECT_TRUE(used.contains(picture.fileName())) << picture.fileName().toStdString();
+    EXPECT_GT(colorsInTheMiddle(QImage(picture.filePath())), 10U)
+        << picture.fileName().toStdString() << " shows nothing";
     bytes += picture.size();
   }
   EXPECT_LT(bytes, 3'000'000);
