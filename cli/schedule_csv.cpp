@@ -1,49 +1,71 @@
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "cli/schedule_writer.h"
+#include "values/digit_text.h"
 
 namespace depcalc {
 namespace {
 
+/// A text before the rest of a row, copied in steps of a fixed size, whatever its length. That
+/// takes no call, and no decision that a processor could guess wrongly.
+template <std::size_t step>
+class Beginning {
+ public:
+  explicit Beginning(std::string_view text = "") { assign(text); }
+
+  void assign(std::string_view text) {
+    size_ = text.size();
+    padded_.assign(text).append(step, ' ');
+  }
+  /// Room that its copy needs.
+  [[nodiscard]] std::size_t room() const { return padded_.size(); }
+  char* write(char* at) const {
+    for (std::size_t i = 0; i < size_; i += step) std::copy_n(&padded_[i], step, at + i);
+    return at + size_;
+  }
+
+ private:
+  std::size_t size_ = 0;
+  std::string padded_;
+};
+
 class CsvWriter final : public ScheduleWriter {
  public:
-  CsvWriter(Output& out, CsvFields fields) : out_(out), fields_(fields) {}
+  CsvWriter(Output& out, CsvFields fields)
+      : out_(out), fields_(fields), rate_method_(methodField(method_units_of_production)) {
+    std::transform(
+        scheduled_methods.begin(), scheduled_methods.end(), methods_.begin(),
+        [](const ScheduledMethod& scheduled) { return methodField(scheduled.method.code); });
+  }
 
   void begin() override { out_.write("id,method,fiscal_year,amount\n"); }
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
-    id_ = fields_.text(asset.AssetID());
-    for (const ScheduledMethod& scheduled : scheduled_methods) {
-      prefix_.assign(id_).append(",").append(scheduled.method.code).append(",");
-      year_ = std::to_string(10'000 + schedules.first_fiscal_year).substr(1);
-      for (const Currency amount : schedules.*scheduled.amounts) writeYear(amount);
+    id_.assign(fields_.text(asset.AssetID()));
+    for (std::size_t i = 0; i < methods_.size(); ++i) {
+      auto year = static_cast<std::uint32_t>(schedules.first_fiscal_year);
+      for (const Currency amount : schedules.*scheduled_methods[i].amounts) {
+        endRow(writeFour(beginRow(methods_[i]), year++), amount);
+      }
     }
-    prefix_.assign(id_).append(",").append(method_units_of_production).append(",");
-    writeRate(schedules.rate);
+    endRow(beginRow(rate_method_), schedules.rate);
   }
 
   void end() override {}
 
  private:
-  /// Most of what a row has behind its prefix.
-  static constexpr std::size_t row_size = 16 + Currency::fixed4_size;
-
-  void writeYear(Currency amount) {
-    endRow(std::copy_n(year_.data(), year_.size(), beginRow()), amount);
-    nextYear();
+  using MethodField = Beginning<8>;
+  static MethodField methodField(std::string_view code) {
+    return MethodField("," + std::string(code) + ",");
   }
-  /// Counted as it is written: most years differ from the one before in their last digit alone.
-  void nextYear() {
-    for (auto digit = year_.rbegin(); digit != year_.rend(); ++digit) {
-      if (*digit != '9') return void(++*digit);
-      *digit = '0';
-    }
-  }
-  void writeRate(Currency rate) { endRow(beginRow(), rate); }
 
-  char* beginRow() {
-    return std::copy(prefix_.begin(), prefix_.end(), out_.reserve(prefix_.size() + row_size));
+  /// Most of what a row has behind its method.
+  static constexpr std::size_t rest_size = 8 + Currency::fixed4_size;
+
+  char* beginRow(const MethodField& method) {
+    return method.write(id_.write(out_.reserve(id_.room() + method.room() + rest_size)));
   }
   void endRow(char* at, Currency amount) {
     *at++ = ',';
@@ -54,9 +76,9 @@ class CsvWriter final : public ScheduleWriter {
 
   Output& out_;
   CsvFields fields_;
-  std::string id_;
-  std::string prefix_;
-  std::string year_;
+  Beginning<16> id_;
+  std::array<MethodField, scheduled_methods.size()> methods_;
+  MethodField rate_method_;
 };
 
 }  // namespace

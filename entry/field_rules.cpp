@@ -7,6 +7,7 @@
 #include "values/number_text.h"
 #include "values/rounding.h"
 #include "values/text.h"
+#include "values/written_number.h"
 
 namespace depcalc {
 namespace {
@@ -43,44 +44,46 @@ std::string withSlashesInserted(std::string_view text, Date today) {
   return s;
 }
 
-Accepted<Currency> acceptedAmount(std::string_view text) {
-  if (text.empty()) return {Currency(), true};
-  return {moneyAsShown(text)};
+Accepted<Currency> acceptedAmount(const WrittenNumber& amount) {
+  if (amount.isEmpty()) return {Currency(), true};
+  return {amount.asShown()};
 }
 
-std::optional<FieldMessage> lifeRefused(std::string_view text) {
-  const auto years = tryNumberFromText(text);
+std::optional<FieldMessage> lifeRefused(const WrittenNumber& life) {
+  const auto years = life.tryValue();
   if (!years) return FieldMessage::life_not_numeric;
   if (*years < shortest_life) return FieldMessage::life_not_positive;
   if (*years > longest_life) return FieldMessage::life_too_long;
   return std::nullopt;
 }
 
-std::optional<FieldMessage> basisRefused(std::string_view text, std::string_view salvage_text) {
-  const auto basis = tryNumberFromText(text);
+std::optional<FieldMessage> basisRefused(const WrittenNumber& written,
+                                         std::string_view salvage_text) {
+  const auto basis = written.tryValue();
   if (!basis) return FieldMessage::basis_not_numeric;
   if (*basis < 0) return FieldMessage::basis_negative;
   if (*basis == 0) return FieldMessage::basis_zero;
   if (*basis > largest_amount) return FieldMessage::basis_too_large;
-  if (!salvage_text.empty() && Currency::fromText(text) < Currency::fromText(salvage_text)) {
+  if (!salvage_text.empty() && written.exact() < Currency::fromText(salvage_text)) {
     return FieldMessage::basis_below_salvage;
   }
   return std::nullopt;
 }
 
-std::optional<FieldMessage> salvageRefused(std::string_view text, std::string_view basis_text) {
-  const auto salvage = tryNumberFromText(text);
+std::optional<FieldMessage> salvageRefused(const WrittenNumber& written,
+                                           std::string_view basis_text) {
+  const auto salvage = written.tryValue();
   if (!salvage) return FieldMessage::salvage_not_numeric;
   if (*salvage < 0) return FieldMessage::salvage_negative;
   if (*salvage > largest_amount) return FieldMessage::salvage_too_large;
-  if (!basis_text.empty() && Currency::fromText(text) > Currency::fromText(basis_text)) {
+  if (!basis_text.empty() && written.exact() > Currency::fromText(basis_text)) {
     return FieldMessage::salvage_above_basis;
   }
   return std::nullopt;
 }
 
-std::optional<FieldMessage> capacityRefused(std::string_view text) {
-  const auto units = tryNumberFromText(text);
+std::optional<FieldMessage> capacityRefused(const WrittenNumber& capacity) {
+  const auto units = capacity.tryValue();
   if (!units) return FieldMessage::capacity_not_numeric;
   if (*units < 0) return FieldMessage::capacity_negative;
   return std::nullopt;
@@ -143,37 +146,37 @@ std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view 
 }
 
 Checked<double> usefulLifeRule(FieldInput field) {
+  const WrittenNumber life(field.text);
   if (mustCheck(field)) {
-    if (const auto refusal = lifeRefused(field.text)) return Rejected{*refusal};
+    if (const auto refusal = lifeRefused(life)) return Rejected{*refusal};
   }
   if (field.text.empty()) return Accepted<double>{0, true};
-  return Accepted<double>{nearestEven(numberFromText(field.text))};
+  return Accepted<double>{nearestEven(life.value())};
 }
 
 Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text) {
+  const WrittenNumber basis(field.text);
   if (mustCheck(field)) {
-    if (const auto refusal = basisRefused(field.text, salvage_text)) {
-      return Rejected{*refusal};
-    }
+    if (const auto refusal = basisRefused(basis, salvage_text)) return Rejected{*refusal};
   }
-  return acceptedAmount(field.text);
+  return acceptedAmount(basis);
 }
 
 Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text) {
+  const WrittenNumber salvage(field.text);
   if (mustCheck(field)) {
-    if (const auto refusal = salvageRefused(field.text, basis_text)) {
-      return Rejected{*refusal};
-    }
+    if (const auto refusal = salvageRefused(salvage, basis_text)) return Rejected{*refusal};
   }
-  return acceptedAmount(field.text);
+  return acceptedAmount(salvage);
 }
 
 Checked<std::string> productionCapacityRule(FieldInput field) {
   if (field.text.empty()) return Accepted<std::string>{field.changed ? "" : "0", true};
+  const WrittenNumber capacity(field.text);
   if (field.changed) {
-    if (const auto refusal = capacityRefused(field.text)) return Rejected{*refusal};
+    if (const auto refusal = capacityRefused(capacity)) return Rejected{*refusal};
   }
-  return Accepted<std::string>{formatWhole(numberFromText(field.text))};
+  return Accepted<std::string>{formatWhole(capacity.value())};
 }
 
 KeyAnswer limitedKey(std::string_view text, char32_t character) {

@@ -4,10 +4,9 @@
 #include <array>
 #include <charconv>
 
-#include "values/decimal_digits.h"
+#include "values/digit_text.h"
 #include "values/en_us.h"
-#include "values/number_text.h"
-#include "values/plain_decimal.h"
+#include "values/written_number.h"
 
 namespace depcalc {
 namespace {
@@ -15,29 +14,6 @@ namespace {
 std::uint64_t magnitude(std::int64_t ticks) {
   return ticks < 0 ? std::uint64_t{0} - static_cast<std::uint64_t>(ticks)
                    : static_cast<std::uint64_t>(ticks);
-}
-
-/// "00" to "99", one behind the other.
-constexpr auto digit_pairs = [] {
-  std::array<char, 200> pairs{};
-  for (std::size_t i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}();
-
-/// Four digits, zeros in front.
-char* writeFour(char* out, std::uint32_t number) {
-  std::copy_n(&digit_pairs[2 * (number / 100)], 2, out);
-  return std::copy_n(&digit_pairs[2 * (number % 100)], 2, out + 2);
-}
-
-/// Most amounts have fewer digits than a number of 32 bits.
-char* writeWhole(char* out, std::uint64_t number) {
-  const auto small = static_cast<std::uint32_t>(number);
-  return small == number ? std::to_chars(out, out + 10, small).ptr
-                         : std::to_chars(out, out + 20, number).ptr;
 }
 
 }  // namespace
@@ -51,29 +27,7 @@ Currency Currency::fromLargeTicks(double ticks) {
   return Currency(static_cast<std::int64_t>(whole));
 }
 
-Currency Currency::fromText(std::string_view text) {
-  if (const auto plain = plainDecimal(text); plain && plain->decimals <= 4) {
-    std::int64_t ticks = 0;
-    if (__builtin_mul_overflow(plain->mantissa, powerOfTen(4 - plain->decimals), &ticks)) {
-      throw RuntimeError::overflow();
-    }
-    return Currency(ticks);
-  }
-  const auto written = DecimalDigits::ofText(text);
-  if (!written || !isNumeric(text)) throw RuntimeError::typeMismatch();
-  const DecimalDigits number = written->roundedHalfEven(4);
-  if (number.digits.empty()) return {};
-  constexpr int most_digits = 19;  // of an int64
-  if (number.point + 4 > most_digits) throw RuntimeError::overflow();
-  std::string ticks = number.negative ? "-" : "";
-  ticks.append(number.digits);
-  ticks.append(static_cast<std::size_t>(number.point + 4) - number.digits.size(), '0');
-  std::int64_t count = 0;
-  if (std::from_chars(ticks.data(), ticks.data() + ticks.size(), count).ec != std::errc()) {
-    throw RuntimeError::overflow();
-  }
-  return Currency(count);
-}
+Currency Currency::fromText(std::string_view text) { return WrittenNumber(text).exact(); }
 
 std::string Currency::toText() const {
   std::string text = toFixed4();

@@ -1,5 +1,7 @@
 #include "values/data_text.h"
 
+#include <algorithm>
+
 #include "values/number_text.h"
 
 namespace depcalc {
@@ -7,15 +9,18 @@ namespace {
 
 /// Whether it begins with a character that makes a formula, behind any number of apostrophes.
 bool wantsGuard(std::string_view text) {
-  constexpr std::string_view formula_beginnings = "=+-@\t\r";
-  const std::size_t at = text.find_first_not_of('\'');
-  return at != std::string_view::npos &&
-         formula_beginnings.find(text[at]) != std::string_view::npos;
+  while (text.starts_with('\'')) text.remove_prefix(1);
+  if (text.empty()) return false;
+  const char c = text.front();
+  return c == '=' || c == '+' || c == '-' || c == '@' || c == '\t' || c == '\r';
 }
 
-/// Between quotes where it holds one of the characters `special`.
-std::string quotedWith(std::string_view text, std::string_view special) {
-  if (text.find_first_of(special) == std::string_view::npos) return std::string(text);
+/// Between quotes where it holds a quote, a line end or the `separator`.
+std::string quotedWith(std::string_view text, char separator) {
+  const auto is_special = [separator](char c) {
+    return c == separator || c == '"' || c == '\r' || c == '\n';
+  };
+  if (std::none_of(text.begin(), text.end(), is_special)) return std::string(text);
   std::string field = "\"";
   for (const char c : text) field.append(c == '"' ? 2 : 1, c);
   return field + '"';
@@ -23,9 +28,9 @@ std::string quotedWith(std::string_view text, std::string_view special) {
 
 }  // namespace
 
-std::string csvField(std::string_view text) { return quotedWith(text, ",\"\r\n"); }
+std::string csvField(std::string_view text) { return quotedWith(text, ','); }
 
-std::string tabbedField(std::string_view text) { return quotedWith(text, "\t\"\r\n"); }
+std::string tabbedField(std::string_view text) { return quotedWith(text, '\t'); }
 
 std::string guardedText(std::string_view text) {
   return (wantsGuard(text) ? "'" : "") + std::string(text);

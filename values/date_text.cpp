@@ -151,9 +151,18 @@ std::optional<Date> dateOfParts(const Parts& parts, Date today) {
   return existing(year, smallNumber(first, 2), smallNumber(second, 2));
 }
 
+/// The short way for what data files hold: "yyyy-mm-dd", a day that there is. Nothing for every
+/// other text, a date or not.
+std::optional<Date> dateOfDataFile(std::string_view text) {
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
+  return existing(yearNumber(text.substr(0, 4)), smallNumber(text.substr(5, 2), 2),
+                  smallNumber(text.substr(8, 2), 2));
+}
+
 }  // namespace
 
 std::optional<Date> Date::tryFromText(std::string_view text, Date today) {
+  if (const auto date = dateOfDataFile(text)) return date;
   const auto parts = split(withoutTime(trimmed(text)));
   return parts ? dateOfParts(*parts, today) : std::nullopt;
 }

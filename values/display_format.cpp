@@ -9,6 +9,7 @@
 #include "values/en_us.h"
 #include "values/number_text.h"
 #include "values/plain_decimal.h"
+#include "values/written_number.h"
 
 namespace depcalc {
 namespace {
@@ -87,12 +88,7 @@ std::string formatExactMoney(Currency value) {
   return grouped(value, ticks % 100 == 0 ? 2 : ticks % 10 == 0 ? 3 : 4);
 }
 
-Currency moneyAsShown(std::string_view text) {
-  if (const auto plain = plainDecimal(text); plain && plain->decimals <= 2) {
-    return Currency::fromText(text);
-  }
-  return Currency::fromText(formatMoney(numberFromText(text)));
-}
+Currency moneyAsShown(std::string_view text) { return WrittenNumber(text).asShown(); }
 
 std::string formatRate(Currency value) { return grouped(value, 4); }
 

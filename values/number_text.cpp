@@ -6,8 +6,8 @@
 
 #include "values/decimal_digits.h"
 #include "values/en_us.h"
-#include "values/plain_decimal.h"
 #include "values/runtime_error.h"
+#include "values/written_number.h"
 
 namespace depcalc {
 namespace {
@@ -40,37 +40,15 @@ std::string scientificText(const DecimalDigits& number, char decimal_point) {
   return text.append(magnitude);
 }
 
-/// A double from exact decimal digits, correctly rounded; empty when it is too large.
-std::optional<double> toDouble(const DecimalDigits& number) {
-  if (number.digits.empty()) return number.negative ? -0.0 : 0.0;
-  std::string text = number.negative ? "-0." : "0.";
-  text.append(number.digits).append("e").append(std::to_string(number.point));
-  double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ec == std::errc::result_out_of_range) {
-    if (number.point > 0) return std::nullopt;
-    return number.negative ? -0.0 : 0.0;  // too small for a double is zero
-  }
-  return value;
-}
-
 }  // namespace
 
 std::optional<double> tryNumberFromText(std::string_view text) {
-  if (const auto plain = plainDecimal(text)) {
-    return static_cast<double>(plain->mantissa) / static_cast<double>(powerOfTen(plain->decimals));
-  }
-  const auto number = DecimalDigits::ofText(text);
-  return number ? toDouble(*number) : std::nullopt;
+  return WrittenNumber(text).tryValue();
 }
 
 bool isNumeric(std::string_view text) { return tryNumberFromText(text).has_value(); }
 
-double numberFromText(std::string_view text) {
-  const auto value = tryNumberFromText(text);
-  if (!value) throw RuntimeError::typeMismatch();
-  return *value;
-}
+double numberFromText(std::string_view text) { return WrittenNumber(text).value(); }
 
 std::string numberToText(double value) {
   const DecimalDigits number = DecimalDigits::of(value);

@@ -1,9 +1,13 @@
 // The short way for numbers as people write them.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string_view>
+
+#include "values/en_us.h"
+#include "values/text.h"
 
 namespace depcalc {
 
@@ -11,15 +15,26 @@ namespace depcalc {
 /// Both are whole numbers that a double holds, and 15 digits survive the way through a double,
 /// so what follows from a PlainDecimal is what follows from DecimalDigits, only faster.
 struct PlainDecimal {
+  static constexpr std::int64_t most_digits = 15;
+
   std::int64_t mantissa = 0;
-  int decimals = 0;
+  std::int64_t decimals = -1;  ///< below 0 there is no number
+
+  constexpr explicit operator bool() const { return decimals >= 0; }
 };
 
-/// Empty for every text that is not numeric, and for numeric texts that need the long way:
-/// more digits, an exponent, a negative zero.
-std::optional<PlainDecimal> plainDecimal(std::string_view text);
-
 /// 10^`exponent` for 0 to 15.
-std::int64_t powerOfTen(int exponent);
+constexpr std::int64_t powerOfTen(std::int64_t exponent) {
+  constexpr auto powers = [] {
+    std::array<std::int64_t, PlainDecimal::most_digits + 1> table{1};
+    for (std::size_t i = 1; i < table.size(); ++i) table[i] = table[i - 1] * 10;
+    return table;
+  }();
+  return powers[static_cast<std::size_t>(exponent)];
+}
+
+/// None for every text that is not numeric, and for numeric texts that need the long way: more
+/// digits, more than 18 characters, an exponent, a negative zero.
+PlainDecimal plainDecimal(std::string_view text);
 
 }  // namespace depcalc

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "tests/support/error_of.h"
 #include "values/stored_value.h"
 
@@ -166,6 +168,36 @@ TEST(DateText, RefusesWhatIsNoDate) {
     EXPECT_FALSE(Date::isDate(text, today)) << text;
     EXPECT_EQ(errorOf([&] { Date::fromText(text, today); }), 13) << text;
   }
+}
+
+/// "2024-02-29", or nearly so.
+std::string nearlyDateOfDataFile(std::mt19937& random) {
+  static constexpr std::string_view others = "0123456789-/ x.";
+  const auto number = [&](unsigned least, unsigned most) {
+    return std::to_string(10'000 + least + random() % (most - least + 1));
+  };
+  std::string text =
+      number(0, 9'999).substr(1) + '-' + number(0, 13).substr(3) + '-' + number(0, 32).substr(3);
+  for (auto changes = random() % 3; changes > 0; --changes) {
+    text[random() % text.size()] = others[random() % others.size()];
+  }
+  if (random() % 8 == 0) text.erase(random() % text.size(), 1);
+  return text;
+}
+
+TEST(DateText, IsReadTheShortWayAsTheLongWay) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  int dates = 0;
+  for (int i = 0; i < 300'000; ++i) {
+    const std::string text = nearlyDateOfDataFile(random);
+    const auto date = Date::tryFromText(text, today);
+    // With a time of day, which is dropped, there is no short way.
+    ASSERT_EQ(date, Date::tryFromText(text + " 10:30", today)) << text;
+    dates += date.has_value() ? 1 : 0;
+  }
+  EXPECT_GT(dates, 50'000);
 }
 
 TEST(DateText, WritesAndReadsBackEveryDayOfACentury) {

@@ -29,14 +29,15 @@ TEST(PlainDecimal, TakesNumbersAsPeopleWriteThem) {
   for (const auto& c : cases) {
     const auto number = plainDecimal(c.text);
     ASSERT_TRUE(number) << c.text;
-    EXPECT_EQ(number->mantissa, c.mantissa) << c.text;
-    EXPECT_EQ(number->decimals, c.decimals) << c.text;
+    EXPECT_EQ(number.mantissa, c.mantissa) << c.text;
+    EXPECT_EQ(number.decimals, c.decimals) << c.text;
   }
 }
 
 TEST(PlainDecimal, LeavesTheRestToTheLongWay) {
-  for (const std::string text : {"", " ", "-", ".", ",", "-0", "-0.00", "1e3", "1.2.3", "1.2,3",
-                                 "5a", "- 5", "--5", "5-", "1234567890123456"}) {
+  for (const std::string text :
+       {"", " ", "-", ".", ",", "-0", "-0.00", "1e3", "1.2.3", "1.2,3", "5a", "- 5", "--5", "5-",
+        "1234567890123456", "1,2,3,4,5,6,7,8,9,0"}) {
     EXPECT_FALSE(plainDecimal(text)) << text;
   }
 }
