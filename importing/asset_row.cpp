@@ -1,6 +1,7 @@
 #include "importing/asset_row.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
@@ -81,10 +82,10 @@ class RowReading {
 
   /// The accepted value of a rule; a refusal becomes a problem and gives nothing.
   template <typename Value>
-  std::optional<Value> take(AssetColumn column, Checked<Value> checked) {
-    if (auto* accepted = std::get_if<Accepted<Value>>(&checked)) return std::move(accepted->value);
+  const Value* take(AssetColumn column, const Checked<Value>& checked) {
+    if (const auto* accepted = std::get_if<Accepted<Value>>(&checked)) return &accepted->value;
     refuse(column, messageOf(std::get<Rejected>(checked).message).text);
-    return std::nullopt;
+    return nullptr;
   }
 
   std::string limitedText(AssetColumn column) {
@@ -108,7 +109,7 @@ class RowReading {
     const auto date = looksLikeFileDate(date_text)
                           ? placedInServiceRule({date_text}, rules_.today, rules_.date_limit)
                           : Checked<Date>(Rejected{FieldMessage::date_not_valid});
-    const auto accepted = take(column, date);
+    const Date* accepted = take(column, date);
     if (!accepted) return false;
     // Day 0 is no date, and is saved as today.
     if (rules_.as_saved && accepted->isNone()) {
@@ -139,9 +140,10 @@ class RowReading {
       asset_.DepRecovery(0);
       return true;
     }
-    const auto life = take(AssetColumn::life, usefulLifeRule({text(AssetColumn::life)}));
-    if (life) asset_.DepRecovery(*life);
-    return life.has_value();
+    const auto checked = usefulLifeRule({text(AssetColumn::life)});
+    const double* life = take(AssetColumn::life, checked);
+    if (life != nullptr) asset_.DepRecovery(*life);
+    return life != nullptr;
   }
 
   void readConvention() {
@@ -165,24 +167,25 @@ class RowReading {
       asset_.AssetBasis(Currency());
       return {};
     }
-    const auto basis = take(AssetColumn::basis, basisRule({basis_text}, ""));
-    if (!basis) return {};
+    const auto checked = basisRule({basis_text}, "");
+    const Currency* basis = take(AssetColumn::basis, checked);
+    if (basis == nullptr) return {};
     asset_.AssetBasis(*basis);
     return basis_text;
   }
 
   void readSalvage(std::string_view basis_text) {
     if (refusedForComma(AssetColumn::salvage)) return;
-    const auto salvage =
-        take(AssetColumn::salvage, salvageRule({text(AssetColumn::salvage)}, basis_text));
-    if (salvage) asset_.AssetSalvage(*salvage);
+    const auto checked = salvageRule({text(AssetColumn::salvage)}, basis_text);
+    if (const Currency* salvage = take(AssetColumn::salvage, checked))
+      asset_.AssetSalvage(*salvage);
   }
 
   void readCapacity() {
     if (refusedForComma(AssetColumn::capacity)) return;
-    const auto capacity =
-        take(AssetColumn::capacity, productionCapacityRule({text(AssetColumn::capacity)}));
-    if (capacity) asset_.AssetProdCap(*capacity);
+    const auto checked = productionCapacityRule({text(AssetColumn::capacity)});
+    if (const std::string* capacity = take(AssetColumn::capacity, checked))
+      asset_.AssetProdCap(*capacity);
   }
 
   void readMethod() {
@@ -198,10 +201,10 @@ class RowReading {
 
   /// Both or the date alone: what was obtained for an asset says that it is gone.
   void readDisposal(bool dated) {
-    readProceeds();
+    const bool anything_obtained = readProceeds();
     const std::string_view day = trimmed(text(AssetColumn::disposed));
     if (day.empty()) {
-      if (asset_.ASalePrice() == "0") return;
+      if (!anything_obtained) return;
       return refuse(AssetColumn::proceeds, "Please enter the date of the disposal, too.");
     }
     const auto date = looksLikeFileDate(day) ? Date::tryFromText(day, rules_.today) : std::nullopt;
@@ -215,14 +218,19 @@ class RowReading {
     asset_.AssetEndDate(*date);
   }
 
-  void readProceeds() {
+  /// Whether there are any.
+  bool readProceeds() {
     asset_.ASalePrice("0");
-    if (refusedForComma(AssetColumn::proceeds)) return;
-    const auto proceeds = proceedsFrom(trimmed(text(AssetColumn::proceeds)));
+    const std::string_view written = trimmed(text(AssetColumn::proceeds));
+    if (written.empty() || refusedForComma(AssetColumn::proceeds)) return false;
+    const auto proceeds = proceedsFrom(written);
     if (const auto* refusal = std::get_if<std::string>(&proceeds)) {
-      return refuse(AssetColumn::proceeds, *refusal);
+      refuse(AssetColumn::proceeds, *refusal);
+      return false;
     }
-    asset_.ASalePrice(std::get<Currency>(proceeds).toText());
+    const Currency amount = std::get<Currency>(proceeds);
+    asset_.ASalePrice(amount.toText());
+    return amount != Currency();
   }
 
   /// Only without the limit of fifty years can a schedule reach the end of the calendar, where
@@ -244,7 +252,9 @@ class RowReading {
 std::optional<Date> fiscalYearEndFromText(std::string_view text) {
   if (!hasShape(text, "99-99")) return std::nullopt;
   // Any leap year will do, so that 02-29 exists.
-  return Date::tryFromText("2000-" + std::string(text), Date());
+  std::array<char, 10> dated{'2', '0', '0', '0', '-'};
+  std::copy(text.begin(), text.end(), dated.begin() + 5);
+  return Date::tryFromText({dated.data(), dated.size()}, Date());
 }
 
 std::optional<Date> fiscalYearEndFromFile(std::string_view text) {

@@ -14,15 +14,6 @@ constexpr std::string_view not_utf8 = "The text is not UTF-8; please save it as 
 constexpr std::size_t buffer_size = 65'536;
 constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 
-/// Bytes that stand for one character each and mean nothing more, in a field quoted or not.
-std::array<bool, 256> plainBytes(char separator) {
-  std::array<bool, 256> plain{};
-  for (std::size_t byte = 0x20; byte < 0x80; ++byte) {
-    plain[byte] = static_cast<char>(byte) != separator && byte != '"';
-  }
-  return plain;
-}
-
 struct EncodingMark {
   std::string_view mark;
   std::string_view encoding;
@@ -60,10 +51,7 @@ std::string grouped(std::size_t count) {
 }  // namespace
 
 CsvReader::CsvReader(ByteSource& source, const CsvForm& form)
-    : source_(source),
-      form_(form),
-      is_plain_(plainBytes(form.separator)),
-      buffer_(std::make_unique<char[]>(buffer_size)) {}
+    : source_(source), form_(form), plain_(form), buffer_(std::make_unique<char[]>(buffer_size)) {}
 
 CsvReader::CsvReader(ByteSource& source, const CsvForm& form, std::size_t line)
     : CsvReader(source, form) {
@@ -125,6 +113,8 @@ CsvReader::Outcome CsvReader::next() {
   if (!std::exchange(begun_, true) && !beginText()) return Outcome::problem;
   skipEmptyLines();
   if (peek() == end_of_text) return unreadable_ ? Outcome::unreadable : Outcome::end;
+  if (readPlainRecord()) return Outcome::record;
+  if (readPlainRecord()) return Outcome::record;
   do {
     readField();
   } while (takeSeparator());
@@ -149,6 +139,15 @@ bool CsvReader::beginText() {
 
 void CsvReader::skipEmptyLines() {
   while (peek() == '\n' || peek() == '\r') take();
+}
+
+bool CsvReader::readPlainRecord() {
+  if (!utf8_.atBoundary()) return false;
+  const std::size_t taken = plain_.read({&buffer_[at_], filled_ - at_}, place_, fields_);
+  if (taken == 0) return false;
+  at_ += taken;
+  place_ = {place_.line + 1, 1};
+  return true;
 }
 
 void CsvReader::readField() {
@@ -201,7 +200,7 @@ void CsvReader::readQuoted() {
 void CsvReader::keepPlainRun() {
   if (!utf8_.atBoundary()) return;
   const std::size_t begin = at_;
-  while (at_ < filled_ && is_plain_[static_cast<unsigned char>(buffer_[at_])]) ++at_;
+  while (at_ < filled_ && plain_.isPlain(buffer_[at_])) ++at_;
   place_.column += at_ - begin;
   keep({&buffer_[begin], at_ - begin});
 }

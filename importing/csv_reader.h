@@ -1,7 +1,6 @@
 // Comma-separated values, read record by record.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -9,39 +8,11 @@
 #include <vector>
 
 #include "importing/byte_source.h"
+#include "importing/csv_record.h"
+#include "importing/plain_records.h"
 #include "values/utf8.h"
 
 namespace depcalc {
-
-/// A place in the text, both counted from 1. Columns count characters, not bytes.
-struct CsvPlace {
-  std::size_t line = 1;
-  std::size_t column = 1;
-  friend bool operator==(const CsvPlace&, const CsvPlace&) = default;
-};
-
-struct CsvField {
-  std::string_view text;  ///< valid until the next record is read
-  CsvPlace place;         ///< of the field's first character, its quote included
-};
-
-struct CsvProblem {
-  CsvPlace place;
-  std::string message;
-};
-
-/// What one record may take; more is a problem, and memory stays bounded.
-struct CsvLimits {
-  std::size_t field_bytes = 65'536;
-  std::size_t record_bytes = 1'048'576;
-  std::size_t fields = 1'024;
-};
-
-/// How a text is to be read.
-struct CsvForm {
-  char separator = ',';  ///< one byte that is neither a quote nor a line end
-  CsvLimits limits{};
-};
 
 /// Reads RFC 4180: fields parted by commas (or another separator), quoted where they hold commas,
 /// line ends or quotes (doubled). Lines end with LF, CRLF or CR, mixed at will; the last may have
@@ -98,6 +69,7 @@ class CsvReader {
 
   bool beginText();
   void skipEmptyLines();
+  bool readPlainRecord();
   void readField();
   void readPlain();
   void readQuoted();
@@ -110,7 +82,7 @@ class CsvReader {
 
   ByteSource& source_;
   CsvForm form_;
-  std::array<bool, 256> is_plain_;  ///< bytes that stand for one character and mean nothing more
+  PlainRecords plain_;
   std::unique_ptr<char[]> buffer_;
   std::size_t at_ = 0;
   std::size_t filled_ = 0;

@@ -4,12 +4,15 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <random>
+
 #include "tests/support/text_source.h"
 
 namespace depcalc {
 namespace {
 
 using namespace std::string_literals;
+using namespace std::string_view_literals;
 using Records = std::vector<std::vector<std::string>>;
 using testing::ElementsAre;
 using Outcome = CsvReader::Outcome;
@@ -190,6 +193,66 @@ TEST(CsvReader, NeverTakesACutOffRecordForAWholeOne) {
     }
     EXPECT_EQ(outcome, Outcome::unreadable) << text;
   }
+}
+
+/// Everything that is told of `text`, places and texts, by a reader that gets it in such pieces.
+std::vector<std::string> told(std::string_view text, const CsvForm& form, std::size_t piece) {
+  TextSource source(text, piece);
+  CsvReader reader(source, form, 7);
+  std::vector<std::string> lines;
+  for (Outcome outcome = reader.next(); outcome != Outcome::end; outcome = reader.next()) {
+    std::string& line = lines.emplace_back();
+    if (outcome == Outcome::problem)
+      line = shown(reader.problem().place) + ' ' + reader.problem().message;
+    if (outcome == Outcome::record) {
+      for (const CsvField& field : reader.record())
+        line += shown(field.place) + '[' + std::string(field.text) + ']';
+    }
+  }
+  return lines;
+}
+
+std::string mostlyPlainText(std::mt19937& random) {
+  static constexpr std::string_view usual = "abc 12.,;,;,;\n\n";
+  static constexpr std::string_view unusual = "\"\"\"\r\t\x1F\x7F\xC3\xA9\0"sv;
+  std::string text(random() % 80, ' ');
+  for (char& byte : text) {
+    const std::string_view bytes = random() % 16 == 0 ? unusual : usual;
+    byte = bytes[random() % bytes.size()];
+  }
+  return text;
+}
+
+/// Some fields in quotes, as they should be.
+std::string withQuotedFields(std::string text, std::mt19937& random) {
+  for (std::size_t at = text.find_first_of(",;\n"); at < text.size();
+       at = text.find_first_of(",;\n", at + 1)) {
+    if (random() % 4 == 0) text.replace(at, 1, std::string(1, text[at]) + "\"x;,y\"" + text[at]);
+  }
+  return text;
+}
+
+// Byte by byte no record lies in the buffer whole, so that each goes the long way.
+TEST(CsvReader, ReadsPlainRecordsTheShortWayAsTheLongWay) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  int short_ways = 0;
+  for (int i = 0; i < 60'000; ++i) {
+    const std::string text = withQuotedFields(mostlyPlainText(random), random);
+    CsvForm form{.separator = random() % 2 == 0 ? ',' : ';'};
+    if (random() % 2 == 0)
+      form.limits = {
+          .field_bytes = 3 + random() % 6, .record_bytes = 12 + random() % 9, .fields = 4};
+    const std::size_t piece = random() % 2 == 0 ? text.size() + 1 : 2 + random() % 40;
+    ASSERT_EQ(told(text, form, piece), told(text, form, 1))
+        << testing::PrintToString(text) << " in pieces of " << piece << ", separated by "
+        << form.separator << ", fields of " << form.limits.field_bytes << " bytes, records of "
+        << form.limits.record_bytes;
+    std::vector<CsvField> fields;
+    short_ways += PlainRecords(form).read(text, {}, fields) > 1 ? 1 : 0;
+  }
+  EXPECT_GT(short_ways, 15'000);
 }
 
 std::string quoted(const std::string& field) {
