@@ -143,6 +143,15 @@ void AssetStore::setAmounts(HostRecord& record) {
   }
 }
 
+/// "Dep" and the year's number.
+const std::string& AssetStore::amountName(std::int32_t year) {
+  const auto at = static_cast<std::size_t>(year);
+  while (amount_names_.size() <= at) {
+    amount_names_.push_back("Dep" + std::to_string(amount_names_.size()));
+  }
+  return amount_names_[at];
+}
+
 void AssetStore::DeleteRecord(const std::vector<CalculateDepPtr>& myCalcDep, std::int16_t myIndex) {
   procedure("DepCalc::DeleteRecord", [&] {
     const Table table = openTable();

@@ -104,6 +104,8 @@ class AssetStore {
   void setProperties(HostRecord& record, std::int16_t index, Date placed_in_service);
   void setAmounts(HostRecord& record);
 
+  [[nodiscard]] const std::string& amountName(std::int32_t year);
+
   void deleteSlot(HostTable& table, std::int16_t index);
 
   // The summary is kept for hosts that can tell whether anything else changed.
@@ -115,6 +117,7 @@ class AssetStore {
 
   StoreState& state_;
   std::function<Date()> today_;
+  std::vector<std::string> amount_names_;  ///< by year, as far as they were needed
   RegisterSummary summary_;
   std::weak_ptr<HostCompanyFile> summary_file_;
   std::uint64_t summary_revision_ = 0;

@@ -1,7 +1,6 @@
 // What the sources of the asset store share.
 #pragma once
 
-#include <charconv>
 #include <string>
 #include <utility>
 
@@ -62,12 +61,6 @@ inline std::int16_t toIndex(std::int32_t index) {
 /// Dates stored as dates mean the same tomorrow; texts may lack a year.
 inline bool lastsBeyondToday(const StoredValue& a, const StoredValue& b) {
   return a.type() == StoredValue::Type::date && b.type() == StoredValue::Type::date;
-}
-
-/// "Dep" and the year's number.
-inline std::string amountName(std::int32_t year) {
-  char text[16] = "Dep";
-  return {text, std::to_chars(text + 3, text + sizeof text, year).ptr};
 }
 
 }  // namespace depcalc

@@ -37,6 +37,11 @@ const StoredValue* RecordValues::find(std::string_view name) const {
   return at < entries_->size() ? &(*entries_)[at].value : nullptr;
 }
 
+StoredValue RecordValues::get(std::string_view name) const {
+  const StoredValue* value = find(name);
+  return value != nullptr ? *value : StoredValue();
+}
+
 void RecordValues::set(std::string_view name, StoredValue value) {
   requireKeepable(name, value);
   const std::size_t at = position(name);
@@ -45,6 +50,12 @@ void RecordValues::set(std::string_view name, StoredValue value) {
   } else {
     own().push_back({std::string(name), std::move(value)});
   }
+}
+
+std::vector<std::string> RecordValues::names() const {
+  std::vector<std::string> names;
+  for (const Entry& entry : entries()) names.push_back(entry.name);
+  return names;
 }
 
 }  // namespace depcalc

@@ -27,6 +27,8 @@ class RecordValues {
     friend bool operator==(const Entry&, const Entry&) = default;
   };
   using Entries = std::vector<Entry>;
+  /// What is kept of a record, where that is its values.
+  using Kept = RecordValues;
 
   RecordValues() : RecordValues(Entries()) {}
   /// The names differ.
@@ -35,10 +37,14 @@ class RecordValues {
 
   /// Null when there is no such value.
   [[nodiscard]] const StoredValue* find(std::string_view name) const;
+  /// The same as a value; Empty when there is none.
+  [[nodiscard]] StoredValue get(std::string_view name) const;
   /// Creates or replaces what requireKeepable lets through.
   void set(std::string_view name, StoredValue value);
 
   [[nodiscard]] const Entries& entries() const { return *entries_; }
+  [[nodiscard]] std::vector<std::string> names() const;
+  [[nodiscard]] const RecordValues& kept() const { return *this; }
 
   friend bool operator==(const RecordValues& a, const RecordValues& b) {
     return a.entries() == b.entries();

@@ -1,5 +1,6 @@
 #include "values/date.h"
 
+#include <array>
 #include <chrono>
 
 #include "values/en_us.h"
@@ -34,6 +35,12 @@ int withCentury(int two_digits) {
 std::string padded(int value, std::size_t width) {
   std::string digits = std::to_string(value);
   return std::string(width - digits.size(), '0') + digits;
+}
+
+char* writeTwo(char* out, int number) {
+  *out++ = static_cast<char>('0' + number / 10);
+  *out++ = static_cast<char>('0' + number % 10);
+  return out;
 }
 
 }  // namespace
@@ -100,9 +107,19 @@ std::string Date::toText() const {
   return padded(month, 2) + '/' + padded(day, 2) + '/' + padded(year, 4);
 }
 
-std::string Date::toIsoText() const {
+char* Date::writeIsoText(char* out) const {
   const auto [year, month, day] = parts();
-  return padded(year, 4) + '-' + padded(month, 2) + '-' + padded(day, 2);
+  out = writeTwo(out, year / 100);
+  out = writeTwo(out, year % 100);
+  *out++ = '-';
+  out = writeTwo(out, month);
+  *out++ = '-';
+  return writeTwo(out, day);
+}
+
+std::string Date::toIsoText() const {
+  std::array<char, iso_size> text;
+  return {text.data(), writeIsoText(text.data())};
 }
 
 std::string Date::monthName() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -62,6 +63,9 @@ class Date {
   [[nodiscard]] std::string toText() const;
   /// "yyyy-mm-dd", the form of data files.
   [[nodiscard]] std::string toIsoText() const;
+  /// The same into a caller's buffer of at least `iso_size`; returns the end of the text.
+  static constexpr std::size_t iso_size = 10;
+  char* writeIsoText(char* out) const;
   /// The month's name in full.
   [[nodiscard]] std::string monthName() const;
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "values/number_text.h"
 #include "values/rounding.h"
@@ -33,7 +34,12 @@ std::string_view StoredValue::typeName() const {
   return names[content_.index()];
 }
 
-std::string StoredValue::asText() const {
+std::string StoredValue::asText() && {
+  auto* const text = std::get_if<std::string>(&content_);
+  return text != nullptr ? std::move(*text) : std::as_const(*this).asText();
+}
+
+std::string StoredValue::asText() const& {
   return std::visit(Overloaded{[](std::monostate) { return std::string(); },
                                [](std::int16_t value) { return std::to_string(value); },
                                [](double value) { return numberToText(value); },

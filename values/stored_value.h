@@ -30,7 +30,8 @@ class StoredValue {
   /// "Empty", "Integer", "Double", "Currency", "Date", "String".
   [[nodiscard]] std::string_view typeName() const;
 
-  [[nodiscard]] std::string asText() const;
+  [[nodiscard]] std::string asText() const&;
+  [[nodiscard]] std::string asText() &&;
   [[nodiscard]] double asDouble() const;
   [[nodiscard]] std::int32_t asLong() const;
   [[nodiscard]] Currency asCurrency() const;

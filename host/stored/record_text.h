@@ -16,4 +16,8 @@ std::string textOfRecord(const RecordValues& values);
 /// The values of a text that `textOfRecord` wrote. Any other text is an error, mostly 13.
 RecordValues recordOfText(std::string_view text);
 
+/// Writes a value as a record's text has it, into at least `valueRoom` bytes; returns its end.
+char* writeValue(const StoredValue& value, char* out);
+std::size_t valueRoom(const StoredValue& value);
+
 }  // namespace depcalc

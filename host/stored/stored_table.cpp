@@ -4,16 +4,14 @@
 #include <numeric>
 #include <utility>
 
+#include "host/storage_table.h"
 #include "host/stored/digest.h"
-#include "host/stored/record_text.h"
+#include "host/stored/record_in_text.h"
 
 namespace depcalc {
-namespace {
-
-/// Changed records beyond this many wait as texts, which take a fraction of the memory.
-constexpr std::size_t most_decoded = 1'024;
-
-}  // namespace
+std::shared_ptr<HostTable> tableOver(std::shared_ptr<TextStorage> storage) {
+  return std::make_shared<StorageTable<RecordInText>>(std::move(storage));
+}
 
 const StoredTable::Slot* StoredTable::find(std::int16_t index) const {
   gate_->requireOpen();
@@ -28,14 +26,10 @@ std::int32_t StoredTable::count() const {
 
 bool StoredTable::has(std::int16_t index) const { return find(index) != nullptr; }
 
-RecordValues StoredTable::load(std::int16_t index) const {
-  const Slot* slot = find(index);
-  return slot->values != nullptr ? *slot->values : recordOfText(slot->text);
-}
+SharedText StoredTable::load(std::int16_t index) const { return find(index)->text; }
 
 std::optional<std::string> StoredTable::text(std::int16_t index) const {
-  const Slot* slot = find(index);
-  return slot->values != nullptr ? textOfRecord(*slot->values) : slot->text;
+  return std::string(find(index)->text.view());
 }
 
 StoredTable::Slot& StoredTable::change(std::int16_t index) {
@@ -49,14 +43,10 @@ StoredTable::Slot& StoredTable::change(std::int16_t index) {
   return slot;
 }
 
-void StoredTable::save(std::int16_t index, RecordValues values) {
-  // What needs memory comes first: without it nothing has changed.
-  if (decoded_ >= most_decoded) encodeWaiting();
-  auto kept = std::make_unique<RecordValues>(std::move(values));
+void StoredTable::save(std::int16_t index, SharedText text) {
   Slot& slot = change(index);
   if (!std::exchange(slot.present, true)) ++count_;
-  if (slot.values == nullptr) ++decoded_;
-  slot.values = std::move(kept);
+  slot.text = std::move(text);
   gate_->afterChange();
 }
 
@@ -64,20 +54,8 @@ void StoredTable::remove(std::int16_t index) {
   Slot& slot = change(index);
   slot.present = false;
   --count_;
-  if (slot.values != nullptr) --decoded_;
-  slot.values.reset();
-  slot.text.clear();
+  slot.text = {};
   gate_->afterChange();
-}
-
-void StoredTable::encodeWaiting() {
-  for (const std::int16_t index : waiting_) {
-    Slot& slot = slots_[static_cast<std::size_t>(index)];
-    if (slot.values == nullptr) continue;
-    slot.text = textOfRecord(*slot.values);
-    slot.values.reset();
-  }
-  decoded_ = 0;
 }
 
 void StoredTable::clear() {
@@ -86,7 +64,6 @@ void StoredTable::clear() {
   count_ = 0;
   tally_ = file_tally_ = 0;
   waiting_.clear();
-  decoded_ = 0;
 }
 
 bool StoredTable::read(std::int16_t index, std::string_view text, std::uint64_t digest) {
@@ -95,7 +72,7 @@ bool StoredTable::read(std::int16_t index, std::string_view text, std::uint64_t 
   Slot& slot = slots_[at];
   slot.present = slot.in_file = true;
   slot.digest = digest;
-  slot.text = text;
+  slot.text = SharedText(text);
   ++count_;
   tally_ = file_tally_ += digest;
   return digest == this->digest(index, text);
@@ -126,16 +103,15 @@ std::vector<std::int16_t> StoredTable::indexes(Extent extent) const {
 }
 
 void StoredTable::write(RecordSink& sink, Extent extent) {
-  encodeWaiting();
   tally_ = file_tally_;
   for (const std::int16_t index : indexes(extent)) {
     Slot& slot = slots_[static_cast<std::size_t>(index)];
     const std::int64_t id = id_ * records_per_table + index;
     if (slot.in_file) tally_ -= slot.digest;
     if (slot.present) {
-      slot.written_digest = digest(index, slot.text);
+      slot.written_digest = digest(index, slot.text.view());
       tally_ += slot.written_digest;
-      sink.put(id, slot.text, slot.written_digest);
+      sink.put(id, slot.text.view(), slot.written_digest);
     } else if (slot.in_file) {
       sink.remove(id);
     }
@@ -148,7 +124,7 @@ void StoredTable::written() noexcept {
     slot.in_file = slot.present;
     slot.digest = slot.written_digest;
     slot.waits = false;
-    slot.file_text.clear();
+    slot.file_text = {};
   }
   file_tally_ = tally_;
   waiting_.clear();
@@ -160,13 +136,10 @@ void StoredTable::undo() noexcept {
     count_ += (slot.in_file ? 1 : 0) - (slot.present ? 1 : 0);
     slot.present = slot.in_file;
     slot.text = std::move(slot.file_text);
-    slot.file_text.clear();
-    slot.values.reset();
     slot.waits = false;
   }
   tally_ = file_tally_;
   waiting_.clear();
-  decoded_ = 0;
 }
 
 }  // namespace depcalc

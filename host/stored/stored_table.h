@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/record_storage.h"
+#include "host/stored/shared_text.h"
 
 namespace depcalc {
 
@@ -38,9 +39,15 @@ class ChangeGate {
   virtual void afterChange() = 0;
 };
 
-/// All records in memory as the texts that the file has, decoded when they are asked for. What
-/// was changed waits until it is written.
-class StoredTable final : public RecordStorage {
+/// A storage of records' texts.
+using TextStorage = RecordStorageOf<SharedText>;
+
+/// The table over `storage`.
+std::shared_ptr<HostTable> tableOver(std::shared_ptr<TextStorage> storage);
+
+/// All records in memory as the texts that the file has. What was changed waits until it is
+/// written.
+class StoredTable final : public TextStorage {
  public:
   /// Whether what waits can be undone without reading the file again. That takes memory for the
   /// texts of both.
@@ -51,9 +58,9 @@ class StoredTable final : public RecordStorage {
 
   [[nodiscard]] std::int32_t count() const override;
   [[nodiscard]] bool has(std::int16_t index) const override;
-  [[nodiscard]] RecordValues load(std::int16_t index) const override;
+  [[nodiscard]] SharedText load(std::int16_t index) const override;
   [[nodiscard]] std::optional<std::string> text(std::int16_t index) const override;
-  void save(std::int16_t index, RecordValues values) override;
+  void save(std::int16_t index, SharedText text) override;
   void remove(std::int16_t index) override;
 
   [[nodiscard]] const std::string& name() const { return name_; }
@@ -89,14 +96,12 @@ class StoredTable final : public RecordStorage {
     bool in_file = false;
     std::uint64_t digest = 0;          ///< of the text in the file
     std::uint64_t written_digest = 0;  ///< of the text that was written last
-    std::string text;
-    std::string file_text;                 ///< of a record that waits, where it can be undone
-    std::unique_ptr<RecordValues> values;  ///< newer than the text
+    SharedText text;
+    SharedText file_text;  ///< of a record that waits, where it can be undone
   };
 
   [[nodiscard]] const Slot* find(std::int16_t index) const;
   Slot& change(std::int16_t index);
-  void encodeWaiting();
   [[nodiscard]] std::vector<std::int16_t> indexes(Extent extent) const;
   [[nodiscard]] std::uint64_t digest(std::int64_t index, std::string_view text) const;
 
@@ -109,7 +114,6 @@ class StoredTable final : public RecordStorage {
   std::uint64_t tally_ = 0;
   std::uint64_t file_tally_ = 0;  ///< that of the file
   std::vector<std::int16_t> waiting_;
-  std::size_t decoded_ = 0;  ///< slots with values
 };
 
 }  // namespace depcalc
