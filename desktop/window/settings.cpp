@@ -62,6 +62,12 @@ QString shortNameOf(const QStringList& header) {
 
 }  // namespace
 
+/// What stays as it is leaves the file alone, and the disk with it. Kept values are texts.
+void Settings::put(const QString& key, const QVariant& value) {
+  QVariant kept = store_.value(key);
+  if (!kept.convert(value.metaType()) || kept != value) store_.setValue(key, value);
+}
+
 QStringList Settings::recent() const {
   QStringList paths = store_.value(recent_key).toStringList();
   erase_if(paths, [](const QString& path) { return !QFileInfo::exists(path); });
@@ -72,43 +78,43 @@ void Settings::addRecent(const QString& path) {
   QStringList paths = store_.value(recent_key).toStringList();
   paths.removeAll(path);
   paths.prepend(path);
-  store_.setValue(recent_key, QStringList(paths.mid(0, most_recent)));
+  put(recent_key, QStringList(paths.mid(0, most_recent)));
 }
 
 QString Settings::lastCompany() const { return store_.value(last_key).toString(); }
-void Settings::setLastCompany(const QString& path) { store_.setValue(last_key, path); }
+void Settings::setLastCompany(const QString& path) { put(last_key, path); }
 
 int Settings::zoom() const {
   return std::clamp(store_.value(zoom_key, 100).toInt(), minimum_zoom, maximum_zoom);
 }
-void Settings::setZoom(int percent) { store_.setValue(zoom_key, percent); }
+void Settings::setZoom(int percent) { put(zoom_key, percent); }
 
 bool Settings::fitWidth() const {
   return store_.value(fit_width_key, !store_.contains(zoom_key)).toBool();
 }
-void Settings::setFitWidth(bool on) { store_.setValue(fit_width_key, on); }
+void Settings::setFitWidth(bool on) { put(fit_width_key, on); }
 
 QByteArray Settings::geometry() const { return store_.value(geometry_key).toByteArray(); }
-void Settings::setGeometry(const QByteArray& geometry) { store_.setValue(geometry_key, geometry); }
+void Settings::setGeometry(const QByteArray& geometry) { put(geometry_key, geometry); }
 
 std::optional<bool> Settings::shown(const QString& part) const {
   const QVariant on = store_.value(shown_key.arg(part));
   return on.isValid() ? std::optional(on.toBool()) : std::nullopt;
 }
-void Settings::setShown(const QString& part, bool on) { store_.setValue(shown_key.arg(part), on); }
+void Settings::setShown(const QString& part, bool on) { put(shown_key.arg(part), on); }
 
 int Settings::width(const QString& part) const { return store_.value(width_key.arg(part)).toInt(); }
 void Settings::setWidth(const QString& part, int width) {
-  store_.setValue(width_key.arg(part), width);
+  put(width_key.arg(part), width);
 }
 
 QByteArray Settings::assetColumns() const { return store_.value(asset_columns_key).toByteArray(); }
 void Settings::setAssetColumns(const QByteArray& columns) {
-  store_.setValue(asset_columns_key, columns);
+  put(asset_columns_key, columns);
 }
 
 bool Settings::hidesDisposed() const { return store_.value(hides_disposed_key).toBool(); }
-void Settings::setHidesDisposed(bool on) { store_.setValue(hides_disposed_key, on); }
+void Settings::setHidesDisposed(bool on) { put(hides_disposed_key, on); }
 
 QStringList Settings::importColumns(const QStringList& header) const {
   return store_.value(import_columns_key.arg(shortNameOf(header))).toStringList();
@@ -120,26 +126,26 @@ void Settings::setImportColumns(const QStringList& header, const QStringList& us
   names.removeAll(name);
   names.prepend(name);
   for (const QString& old : names.mid(most_headers)) store_.remove(import_columns_key.arg(old));
-  store_.setValue(import_headers_key, QStringList(names.mid(0, most_headers)));
-  store_.setValue(import_columns_key.arg(name), uses);
+  put(import_headers_key, QStringList(names.mid(0, most_headers)));
+  put(import_columns_key.arg(name), uses);
 }
 
 QString Settings::printer() const { return store_.value(printer_key).toString(); }
-void Settings::setPrinter(const QString& name) { store_.setValue(printer_key, name); }
+void Settings::setPrinter(const QString& name) { put(printer_key, name); }
 
 std::optional<PaperSize> Settings::paperSize() const {
   const auto place = placeOf(store_.value(paper_key).toString(), paper_names);
   return place ? std::optional(static_cast<PaperSize>(*place)) : std::nullopt;
 }
 void Settings::setPaperSize(PaperSize size) {
-  store_.setValue(paper_key, nameOf(size, paper_names));
+  put(paper_key, nameOf(size, paper_names));
 }
 
 bool Settings::reportsLandscape() const {
   return store_.value(reports_landscape_key, true).toBool();
 }
 void Settings::setReportsLandscape(bool landscape) {
-  store_.setValue(reports_landscape_key, landscape);
+  put(reports_landscape_key, landscape);
 }
 
 Appearance Settings::appearance() const {
@@ -147,14 +153,14 @@ Appearance Settings::appearance() const {
   return static_cast<Appearance>(place.value_or(0));
 }
 void Settings::setAppearance(Appearance appearance) {
-  store_.setValue(appearance_key, nameOf(appearance, appearance_names));
+  put(appearance_key, nameOf(appearance, appearance_names));
 }
 
 bool Settings::gives(Notice notice) const {
   return store_.value(nameOf(notice, notice_keys), true).toBool();
 }
 void Settings::setGives(Notice notice, bool on) {
-  store_.setValue(nameOf(notice, notice_keys), on);
+  put(nameOf(notice, notice_keys), on);
 }
 
 bool Settings::isDismissed(const QString& hint) const {
@@ -162,7 +168,7 @@ bool Settings::isDismissed(const QString& hint) const {
 }
 void Settings::dismiss(const QString& hint) {
   constexpr int most_hints = 100;
-  store_.setValue(dismissed_key,
+  put(dismissed_key,
                   with(store_.value(dismissed_key).toStringList(), hint, most_hints));
 }
 void Settings::forgetDismissed() { store_.remove(dismissed_key); }
@@ -173,7 +179,7 @@ bool Settings::isSample(const QString& path) const {
 }
 void Settings::addSample(const QString& path) {
   constexpr int most_samples = 20;
-  store_.setValue(samples_key, with(store_.value(samples_key).toStringList(), path, most_samples));
+  put(samples_key, with(store_.value(samples_key).toStringList(), path, most_samples));
 }
 
 }  // namespace depcalc::desktop

@@ -93,6 +93,8 @@ class Settings {
   void write() { store_.sync(); }
 
  private:
+  void put(const QString& key, const QVariant& value);
+
   QSettings store_;
 };
 

@@ -17,12 +17,15 @@ using InFile = FailedChange::InFile;
 /// The procedure that reports what goes wrong after something went wrong.
 constexpr std::string_view recovering = "DepCalc::company file";
 
-/// The rows of the file.
+/// The rows of the file. One that stays as it is touches no page, and so what changes nothing, as
+/// when a company is opened, is not written to the disk.
 class RecordRows final : public RecordSink {
  public:
   explicit RecordRows(Database& database)
       : put_(database.prepare(
-            "INSERT OR REPLACE INTO record (id, fields, digest) VALUES (?, ?, ?)")),
+            "INSERT INTO record (id, fields, digest) VALUES (?, ?, ?) ON CONFLICT (id) DO UPDATE"
+            " SET fields = excluded.fields, digest = excluded.digest"
+            " WHERE digest IS NOT excluded.digest OR fields IS NOT excluded.fields")),
         remove_(database.prepare("DELETE FROM record WHERE id = ?")) {}
 
   void put(std::int64_t id, std::string_view text, std::uint64_t digest) override {
@@ -162,7 +165,10 @@ void CompanyContents::writeTable(Database& database, StoredTable& table,
     setForm(database, form);
   }
   Statement put = database.prepare(
-      "INSERT OR REPLACE INTO data_table (id, name, records, tally) VALUES (?, ?, ?, ?)");
+      "INSERT INTO data_table (id, name, records, tally) VALUES (?, ?, ?, ?)"
+      " ON CONFLICT (id) DO UPDATE SET name = excluded.name, records = excluded.records,"
+      " tally = excluded.tally WHERE name IS NOT excluded.name"
+      " OR records IS NOT excluded.records OR tally IS NOT excluded.tally");
   put.bind(1, table.id()).bind(2, std::string_view(table.name())).bind(3, table.records());
   put.bind(4, static_cast<std::int64_t>(table.tally())).run();
 }

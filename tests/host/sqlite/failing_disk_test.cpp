@@ -202,6 +202,7 @@ class RefusingDisk : public FailingDisk {
 
 TEST_F(RefusingDisk, EndsTheOpeningOfTheStore) {
   Session session(openOf(SqliteCompanyFile::open(path_, options(vfs_.name()))));
+  session.change(7, false);  // so that the opening has a fiscal year's end to write
   std::vector<std::string> reports;
   const ErrorReportHook hook([&](const ErrorReport& report) { reports.push_back(report.text()); });
   vfs_.failAt(1, Failure::disk_full, true);
@@ -209,6 +210,17 @@ TEST_F(RefusingDisk, EndsTheOpeningOfTheStore) {
   EXPECT_THAT(reports, testing::Each(HasSubstr("DepCalc::company file")));
   session.file->close();
   vfs_.failAt(0, Failure::disk_full, false);
+}
+
+TEST_F(RefusingDisk, IsNoneOfAnOpeningThatChangesNothing) {
+  openOf(SqliteCompanyFile::open(path_, options()))->close();
+  const std::string before = bytesOf(path_);
+  Session session(openOf(SqliteCompanyFile::open(path_, options(vfs_.name()))));
+  vfs_.failAt(1, Failure::disk_full, true);
+  EXPECT_NO_THROW((void)session.store.open());
+  session.file->close();
+  vfs_.failAt(0, Failure::disk_full, false);
+  EXPECT_EQ(bytesOf(path_), before);
 }
 
 TEST_F(RefusingDisk, LeavesTheStateBeforeOrAfterAndSaysSoWhicheverChangeFails) {
