@@ -30,6 +30,7 @@ class Steps {
 
   QStringList draw() {
     if (window_.calculator() == nullptr) return paths_;
+    saveComparison();
     drawImport("import", list_to_correct, [](QDialog& dialog) { dialog.reject(); });
     drawImport("import-ready", list, [](QDialog& dialog) { dialog.accept(); });
     correctFirstAsset();
@@ -78,6 +79,11 @@ class Steps {
       typeIntoForm(user, *form, salvage);
       user.click(form->CalcButton.normal);
     });
+    saveComparison();
+  }
+
+  /// Where it shows.
+  void saveComparison() {
     auto* const comparison = dynamic_cast<DepCalcDisplayCtl*>(
         window_.calculator()->container().child("DepCalcDisplayCtl1"));
     if (comparison == nullptr || !comparison->isShown()) return;

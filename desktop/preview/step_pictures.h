@@ -8,7 +8,7 @@
 namespace depcalc::desktop {
 
 /// Draws them into `directory` and answers the files. The company that is open, beside which files
-/// may be written, has an asset and nothing unsaved; it is changed.
+/// may be written, has an asset; a comparison that shows is saved first, and more is changed.
 QStringList drawSteps(MainWindow& window, const QString& directory);
 
 }  // namespace depcalc::desktop

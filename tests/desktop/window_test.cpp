@@ -403,7 +403,8 @@ TEST_F(Window, PreviewsShowEveryScreen) {
                           "reports-journal.png", "reports-asset.png", "reports-check.png",
                           "preferences.png", "company-info.png", "recalculate.png", "dispose.png",
                           "entry.png", "entry-help.png", "comparison.png", "comparison-help.png",
-                          "workspace.png", "insight-chart.png", "insight-what-if.png"));
+                          "workspace.png", "insight-chart.png", "insight-what-if.png", "import.png",
+                          "import-ready.png", "history.png"));
 }
 
 }  // namespace
