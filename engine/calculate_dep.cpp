@@ -1,8 +1,11 @@
 #include "engine/calculate_dep.h"
 
+#include <algorithm>
+
 #include "common/trapped.h"
 #include "engine/double_declining_balance.h"
 #include "engine/first_year_fraction.h"
+#include "engine/lanes.h"
 #include "engine/straight_line.h"
 #include "engine/sum_of_years_digits.h"
 #include "engine/units_of_production.h"
@@ -33,7 +36,11 @@ void CalculateDep::DepConvention(std::string_view text) {
 
 void CalculateDep::resizeDepItems() { dep_items_.resize(amountCount(life_)); }
 
-void CalculateDep::recreateDepItems() { dep_items_.assign(amountCount(life_), Currency()); }
+void CalculateDep::recreateDepItems() {
+  const std::size_t count = amountCount(life_);
+  if (dep_items_.size() != count) dep_items_.resize(count);
+  std::fill(dep_items_.begin(), dep_items_.end(), Currency());
+}
 
 Currency CalculateDep::DepItem(std::int16_t myIndex) {
   Currency amount;
@@ -64,30 +71,48 @@ ScheduleInput CalculateDep::scheduleInput() const {
 }
 
 void CalculateDep::computeFirstFiscalYear() {
-  first_year_fraction_ = firstFiscalYearOf(convention_, start_date_, fiscal_year_end_).fraction;
+  Silent nobody;
+  first_year_fraction_ =
+      firstFiscalYearOf(convention_, start_date_, fiscal_year_end_, nobody).fraction;
 }
 
-void CalculateDep::schedule(std::string_view procedure, Rule rule, bool from_first_year,
-                            std::vector<Currency>& result) {
+/// Rules are compiled in place, since they take less time than it takes to get to them.
+template <typename Rule>
+void CalculateDep::schedule(std::string_view procedure, Rule rule, std::vector<Currency>& result) {
   recreateDepItems();
-  result.clear();
-  trapped(procedure, [&] {
-    if (from_first_year) computeFirstFiscalYear();
-    rule(scheduleInput(), Amounts(dep_items_));
+  const auto calculate = [&] {
+    rule(Amounts(dep_items_));
     result = dep_items_;
-  });
+  };
+  trapped(procedure, calculate, [&] { result.clear(); });
 }
 
 void CalculateDep::StraightLine(std::vector<Currency>& result) {
-  schedule("DepCalc::CalcDepSL", straightLine, true, result);
+  const auto rule = [this](Amounts amounts) {
+    computeFirstFiscalYear();
+    unheard(scheduleInput(), amounts, [](const auto& input, auto storage, auto& nobody) {
+      straightLine(input, storage, nobody);
+    });
+  };
+  schedule("DepCalc::CalcDepSL", rule, result);
 }
 
 void CalculateDep::SumofYearsDigits(std::vector<Currency>& result) {
-  schedule("DepCalc::CalcDepSYD", sumOfYearsDigits, false, result);
+  const auto rule = [this](Amounts amounts) {
+    unheard(scheduleInput(), amounts, [](const auto& input, auto storage, auto& nobody) {
+      sumOfYearsDigits(input, storage, nobody);
+    });
+  };
+  schedule("DepCalc::CalcDepSYD", rule, result);
 }
 
 void CalculateDep::DoubleDecliningBalance(std::vector<Currency>& result) {
-  schedule("DepCalc::CalcDepDDB", doubleDecliningBalance, false, result);
+  const auto rule = [this](Amounts amounts) {
+    unheard(scheduleInput(), amounts, [](const auto& input, auto storage, auto& nobody) {
+      doubleDecliningBalance(input, storage, nobody);
+    });
+  };
+  schedule("DepCalc::CalcDepDDB", rule, result);
 }
 
 std::vector<Currency> CalculateDep::StraightLine() {

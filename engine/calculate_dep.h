@@ -127,9 +127,8 @@ class CalculateDep {
   void recreateDepItems();
   void computeFirstFiscalYear();
   [[nodiscard]] ScheduleInput scheduleInput() const;
-  using Rule = void (*)(const ScheduleInput&, Amounts);
-  void schedule(std::string_view procedure, Rule rule, bool from_first_year,
-                std::vector<Currency>& result);
+  template <typename Rule>
+  void schedule(std::string_view procedure, Rule rule, std::vector<Currency>& result);
 
   double first_year_fraction_ = 0;
   std::int32_t rec_index_ = 0;

@@ -1,5 +1,7 @@
 #include "engine/double_declining_balance.h"
 
+#include "engine/lanes.h"
+
 namespace depcalc {
 
 bool fullyDepreciated(Currency basis, Currency salvage, double amount, double accumulated) {
@@ -8,8 +10,9 @@ bool fullyDepreciated(Currency basis, Currency salvage, double amount, double ac
 }
 
 void doubleDecliningBalance(const ScheduleInput& input, Amounts amounts) {
-  Silent nobody;
-  doubleDecliningBalance(input, amounts, nobody);
+  unheard(input, amounts, [](const auto& of, auto into, auto& nobody) {
+    doubleDecliningBalance(of, into, nobody);
+  });
 }
 
 }  // namespace depcalc

@@ -30,7 +30,8 @@ class DecliningBalance {
   using Number = typename L::Number;
   using Money = typename L::Money;
 
-  DecliningBalance(const ScheduleInput& input, L& listener)
+  template <typename Input>
+  DecliningBalance(const Input& input, L& listener)
       : basis_(input.basis),
         salvage_(input.salvage),
         listener_(listener),
@@ -45,11 +46,13 @@ class DecliningBalance {
   /// Begins asset year `number`: the whole amount of the one before, not rounded to cents, leaves
   /// the book.
   void beginAssetYear(std::int32_t number) {
-    const Money taken_off = Money::fromDouble(book_.toDouble() * rate_);
+    const Money taken_off = book_.times(rate_);
     book_ = listener_.tell(RuleStep::book_value, book_ - taken_off, {number});
   }
 
-  void take(const Money& amount) { total_ = listener_.tell(RuleStep::taken, total_ + amount); }
+  void take(const Money& amount) {
+    total_ = listener_.tell(RuleStep::taken, listener_.sum(total_, amount));
+  }
 
   /// What may still be taken down to salvage.
   [[nodiscard]] Money leftToTake() const {
@@ -66,59 +69,72 @@ class DecliningBalance {
 };
 
 /// Fiscal years 1 to `last`, until salvage is reached.
-template <Listener L>
-void decliningBalanceFromSecondYear(const ScheduleInput& input, std::int32_t last,
-                                    DecliningBalance<L>& balance, Amounts amounts, L& listener) {
+template <Listener L, typename Input, typename Years, typename Storage>
+void decliningBalanceFromSecondYear(const Input& input, Years last, DecliningBalance<L>& balance,
+                                    Storage amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
   const Number fraction = listener.recall(RuleStep::first_share, input.first_year_fraction);
-  for (std::int32_t year = 1; year <= last; ++year) {
+  for (const std::int32_t year : listener.years(1, last)) {
     listener.beginYear(year);
     const Number share_left = listener.tell(RuleStep::share_left, 1.0 - fraction);
     const Money rest =
         listener.tell(RuleStep::rest_of_asset_year, balance.amount(share_left), {year});
-    if (const Money left = balance.leftToTake(); left < rest) {
+    const Money left = balance.leftToTake();
+    if (const auto those = listener.where(left < rest)) {
       listener.take(amounts[year], RuleStep::only_what_is_left, left);
-      return;
+      if (listener.done()) return;
     }
     balance.beginAssetYear(year + 1);
     balance.take(rest);
-    if (static_cast<double>(year) == input.life) {
+    if (const auto those = listener.where(input.lasts(year))) {
       listener.take(amounts[year], RuleStep::within_what_is_left, rest);
-      continue;
+      if (listener.done()) return;
     }
     const Money start =
         listener.tell(RuleStep::start_of_asset_year, balance.amount(fraction), {year + 1});
-    if (const Money left = balance.leftToTake(); left < start) {
-      listener.take(amounts[year], RuleStep::rest_and_what_is_left, rest + left);
-      return;
+    const Money left_then = balance.leftToTake();
+    if (const auto those = listener.where(left_then < start)) {
+      listener.take(amounts[year], RuleStep::rest_and_what_is_left, rest + left_then);
+      if (listener.done()) return;
     }
     balance.take(start);
     listener.take(amounts[year], RuleStep::sum_of_shares, rest + start);
   }
 }
 
-/// The same schedule for who listens.
-template <Listener L>
-void doubleDecliningBalance(const ScheduleInput& input, Amounts amounts, L& listener) {
+/// Fiscal years 0 to `last`, until salvage is reached.
+template <Listener L, typename Input, typename Years, typename Storage>
+void decliningBalanceDownToSalvage(const Input& input, Years last, DecliningBalance<L>& balance,
+                                   Storage amounts, L& listener) {
   using Money = typename L::Money;
-  DecliningBalance<L> balance(input, listener);
-  const std::int32_t last = input.fullYear() ? input.lastWholeYear() : input.yearAfterLast();
-
+  [[maybe_unused]] const auto assets = listener.all();
   listener.beginYear(0);
   const Money first = listener.tell(
       RuleStep::start_of_asset_year,
       balance.amount(listener.recall(RuleStep::first_share, input.first_year_fraction)), {1});
-  if (const Money left = balance.leftToTake(); left < first) {
+  const Money left = balance.leftToTake();
+  if (const auto those = listener.where(left < first)) {
     listener.take(amounts[0], RuleStep::only_what_is_left, left);
-  } else {
-    balance.take(listener.take(amounts[0], RuleStep::within_what_is_left, first));
-    decliningBalanceFromSecondYear(input, last, balance, amounts, listener);
+    if (listener.done()) return;
   }
+  balance.take(listener.take(amounts[0], RuleStep::within_what_is_left, first));
+  decliningBalanceFromSecondYear(input, last, balance, amounts, listener);
+}
+
+/// The same schedule for who listens.
+template <Listener L, typename Input, typename Storage>
+void doubleDecliningBalance(const Input& input, Storage amounts, L& listener) {
+  using Money = typename L::Money;
+  DecliningBalance<L> balance(input, listener);
+  const auto last = listener.choose(input.fullYear(), input.lastWholeYear(), input.yearAfterLast());
+  decliningBalanceDownToSalvage(input, last, balance, amounts, listener);
   // Rounding may have gone below salvage; that much is given back. What is left stays untaken.
   listener.beginYear(last);
   const Money rest = balance.leftToTake();
-  if (rest < Money()) listener.take(amounts[last], RuleStep::settled, Money(amounts[last]) + rest);
+  if (const auto those = listener.where(rest < Money())) {
+    listener.take(amounts[last], RuleStep::settled, Money(amounts[last]) + rest);
+  }
 }
 
 }  // namespace depcalc

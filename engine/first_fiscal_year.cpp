@@ -26,9 +26,4 @@ int firstFiscalYearStrict(Date placed_in_service, Date fiscal_year_end) {
   return yearNamed(placed_in_service, Date::strict(placed_in_service.year(), end.month, end.day));
 }
 
-Date firstFiscalYearStart(Date first_fiscal_year_end) {
-  const auto [year, month, day] = first_fiscal_year_end.parts();
-  return Date::carrying(year - 1, month, day + 1);
-}
-
 }  // namespace depcalc

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/told_steps.h"
+#include "values/calendar.h"
 #include "values/date.h"
 
 namespace depcalc {
@@ -21,9 +22,9 @@ Date firstFiscalYearEnd(Date placed_in_service, Date fiscal_year_end, L& listene
   using Number = typename L::Number;
   const auto year_end = fiscal_year_end.parts();
   const int year = placed_in_service.year();
-  const Date this_year = Date::carrying(year, year_end.month, year_end.day);
+  const Date this_year = Calendar::carrying(year, year_end.month, year_end.day);
   const bool over = this_year < placed_in_service;
-  const Date end = over ? this_year.plusYears(1) : this_year;
+  const Date end = over ? Calendar::monthsLater(this_year, 12) : this_year;
   listener.tell(RuleStep::first_fiscal_year, over ? Number(year) + 1.0 : Number(year),
                 {.from = placed_in_service, .to = end});
   return end;
@@ -39,6 +40,9 @@ int firstFiscalYear(Date placed_in_service, Date fiscal_year_end);
 int firstFiscalYearStrict(Date placed_in_service, Date fiscal_year_end);
 
 /// The day after the same date one year earlier.
-Date firstFiscalYearStart(Date first_fiscal_year_end);
+inline Date firstFiscalYearStart(Date first_fiscal_year_end) {
+  const auto [year, month, day] = first_fiscal_year_end.parts();
+  return Calendar::carrying(year - 1, month, day + 1);
+}
 
 }  // namespace depcalc

@@ -9,14 +9,32 @@
 #include "engine/convention.h"
 #include "engine/first_fiscal_year.h"
 #include "engine/told_steps.h"
+#include "values/calendar.h"
 #include "values/date.h"
 #include "values/rounding.h"
 
 namespace depcalc {
 
 /// The day from which the first year's share is counted.
-Date depreciationStart(std::int32_t convention, Date placed_in_service, Date first_year_start,
-                       Date first_year_end);
+inline Date depreciationStart(std::int32_t convention, Date placed_in_service,
+                              Date first_year_start, Date first_year_end) {
+  switch (convention) {
+    case cdepfullyear:
+      return first_year_start;
+    case cdepHalfYear: {
+      const double half = monthsBetween(first_year_start, first_year_end) / 2.0;
+      return Calendar::monthsLater(first_year_start, static_cast<int>(nearestEven(half)));
+    }
+    case cdepFullMonth:
+      return Calendar::firstOfMonth(placed_in_service);
+    case cdepHalfMonth: {
+      const Date first = Calendar::firstOfMonth(placed_in_service);
+      return placed_in_service.day() < 16 ? first : Calendar::monthsLater(first, 1);
+    }
+    default:
+      return placed_in_service;
+  }
+}
 
 /// The share of a year's depreciation that the first fiscal year takes, at most 1: 1 for Full Year
 /// and 0.5 for Half Year; whole months over 12 for Full Month and Half Month; days in service over
@@ -31,7 +49,12 @@ double firstYearFraction(std::int32_t convention, Date depreciation_start, Date 
 
 /// The days that Actual Days counts a fiscal year as: 366 where the one that ends on `year_end`
 /// contains a 29 February, else 365.
-double daysCounted(Date year_end);
+inline double daysCounted(Date year_end) {
+  const bool ends_by_february_28 =
+      year_end.month() < 2 || (year_end.month() == 2 && year_end.day() <= 28);
+  const int year_of_february = ends_by_february_28 ? year_end.year() - 1 : year_end.year();
+  return Calendar::hasLeapDay(year_of_february) ? 366.0 : 365.0;
+}
 
 /// The first fiscal year of an asset, and the share of a year's depreciation that it takes.
 template <typename Number>

@@ -20,11 +20,9 @@ struct ScheduleInput {
   std::int32_t convention = cdepfullyear;
   double first_year_fraction = 0;  ///< share of a year's depreciation in the first fiscal year
 
-  template <Listener L>
-  [[nodiscard]] typename L::Money depreciableBase(L& listener) const {
-    return listener.tell(RuleStep::base, typename L::Money(basis) - typename L::Money(salvage));
-  }
   [[nodiscard]] bool fullYear() const { return convention == cdepfullyear; }
+  /// Exactly so many years.
+  [[nodiscard]] bool lasts(std::int32_t years) const { return static_cast<double>(years) == life; }
 
   /// Index of the last of `life` whole fiscal years, and of the one after it, which takes what
   /// a partial first year left over.
@@ -45,6 +43,9 @@ class Amounts {
     }
     return storage_[static_cast<std::size_t>(index)];
   }
+  [[nodiscard]] bool isTaken(std::int32_t index) const { return (*this)[index] != Currency(); }
+  [[nodiscard]] std::size_t size() const { return storage_.size(); }
+  [[nodiscard]] Currency* data() const { return storage_.data(); }
 
  private:
   std::span<Currency> storage_;
@@ -57,20 +58,27 @@ inline std::size_t amountCount(double life) {
   return static_cast<std::size_t>(upper) + 1;
 }
 
+template <Listener L, typename Input>
+typename L::Money depreciableBase(const Input& input, L& listener) {
+  using Money = typename L::Money;
+  return listener.tell(RuleStep::base, Money(input.basis) - Money(input.salvage));
+}
+
 /// Puts the rounding difference of a schedule that must sum to the depreciable `base` on the last
 /// year that has an amount.
-template <Listener L>
-void settleRest(const ScheduleInput& input, typename L::Money base, typename L::Money total,
-                Amounts amounts, L& listener) {
+template <Listener L, typename Input, typename Storage>
+void settleRest(const Input& input, typename L::Money base, typename L::Money total,
+                Storage amounts, L& listener) {
   using Money = typename L::Money;
   const Money rest = base - total;
-  if (rest == Money()) return;
-  const bool year_after_last = !input.fullYear() && amounts[input.yearAfterLast()] != Currency();
-  const std::int32_t year = year_after_last ? input.yearAfterLast() : input.lastWholeYear();
-  Currency& amount = amounts[year];
-  listener.beginYear(year);
-  listener.take(amount, RuleStep::settled,
-                Money(amount) + listener.tell(RuleStep::difference, rest));
+  if (const auto those = listener.whereNeeded(rest != Money())) {
+    const auto after_last = input.yearAfterLast();
+    const auto ends_there = listener.both(!input.fullYear(), amounts.isTaken(after_last));
+    const auto year = listener.choose(ends_there, after_last, input.lastWholeYear());
+    listener.beginYear(year);
+    listener.take(amounts[year], RuleStep::settled,
+                  Money(amounts[year]) + listener.tell(RuleStep::difference, rest));
+  }
 }
 
 }  // namespace depcalc

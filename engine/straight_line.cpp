@@ -1,10 +1,12 @@
 #include "engine/straight_line.h"
 
+#include "engine/lanes.h"
+
 namespace depcalc {
 
 void straightLine(const ScheduleInput& input, Amounts amounts) {
-  Silent nobody;
-  straightLine(input, amounts, nobody);
+  unheard(input, amounts,
+          [](const auto& of, auto into, auto& nobody) { straightLine(of, into, nobody); });
 }
 
 }  // namespace depcalc

@@ -14,12 +14,12 @@ namespace depcalc {
 void straightLine(const ScheduleInput& input, Amounts amounts);
 
 /// The same for who listens.
-template <Listener L>
-void straightLine(const ScheduleInput& input, Amounts amounts, L& listener) {
+template <Listener L, typename Input, typename Storage>
+void straightLine(const Input& input, Storage amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
   const Number fraction = listener.recall(RuleStep::first_share, input.first_year_fraction);
-  const Money base = input.depreciableBase(listener);
+  const Money base = depreciableBase(input, listener);
   const Number annual =
       listener.tell(RuleStep::annual, divide(base.toDouble(), Number(input.life)));
 
@@ -28,21 +28,22 @@ void straightLine(const ScheduleInput& input, Amounts amounts, L& listener) {
   Money total =
       listener.tell(RuleStep::taken, listener.take(amounts[0], RuleStep::first_year, first));
 
-  const std::int32_t last = input.lastWholeYear();
-  for (std::int32_t year = 1; year <= last; ++year) {
+  for (const std::int32_t year : listener.years(1, input.lastWholeYear())) {
     listener.beginYear(year);
     const Money whole = Money::fromDoubleTo2HalfEven(annual);
-    total = listener.tell(RuleStep::taken,
-                          total + listener.take(amounts[year], RuleStep::whole_year, whole));
+    total = listener.tell(
+        RuleStep::taken,
+        listener.sum(total, listener.take(amounts[year], RuleStep::whole_year, whole)));
   }
-  if (!input.fullYear()) {
+  if (const auto those = listener.where(!input.fullYear())) {
     // Not rounded to cents: settling the rest brings the sum out exactly.
-    const std::int32_t year = input.yearAfterLast();
+    const auto year = input.yearAfterLast();
     listener.beginYear(year);
     const Number share_left = listener.tell(RuleStep::share_left, 1.0 - fraction);
     const Money end = Money::fromDouble(annual * share_left);
-    total = listener.tell(RuleStep::taken,
-                          total + listener.take(amounts[year], RuleStep::end_of_last_year, end));
+    total = listener.tell(
+        RuleStep::taken,
+        listener.sum(total, listener.take(amounts[year], RuleStep::end_of_last_year, end)));
   }
   settleRest(input, base, total, amounts, listener);
 }

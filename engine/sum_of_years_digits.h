@@ -15,15 +15,15 @@ namespace depcalc {
 void sumOfYearsDigits(const ScheduleInput& input, Amounts amounts);
 
 /// The same for who listens.
-template <Listener L>
-void sumOfYearsDigits(const ScheduleInput& input, Amounts amounts, L& listener) {
+template <Listener L, typename Input, typename Storage>
+void sumOfYearsDigits(const Input& input, Storage amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
   const Number life(input.life);
   const Number first_share = listener.recall(RuleStep::first_share, input.first_year_fraction);
   const Number sum = listener.tell(RuleStep::sum_of_digits, (life + 1.0) * life / 2.0);
   const Number digits = listener.tell(RuleStep::whole_digits, Number(toInteger16HalfEven(sum)));
-  const Money base = input.depreciableBase(listener);
+  const Money base = depreciableBase(input, listener);
   const Number money = base.toDouble();
 
   Number asset_year = listener.tell(RuleStep::asset_year, divide(money * life, digits), {1});
@@ -32,8 +32,7 @@ void sumOfYearsDigits(const ScheduleInput& input, Amounts amounts, L& listener) 
   Money total =
       listener.tell(RuleStep::taken, listener.take(amounts[0], RuleStep::first_year, first));
 
-  const std::int32_t last = input.lastWholeYear();
-  for (std::int32_t year = 1; year <= last; ++year) {
+  for (const std::int32_t year : listener.years(1, input.lastWholeYear())) {
     listener.beginYear(year);
     const Number share_left = listener.tell(RuleStep::share_left, 1.0 - first_share);
     const Money rest_of_last = listener.tell(RuleStep::rest_of_asset_year,
@@ -44,17 +43,19 @@ void sumOfYearsDigits(const ScheduleInput& input, Amounts amounts, L& listener) 
     const Money start_of_next = listener.tell(
         RuleStep::start_of_asset_year, Money::fromDouble(asset_year * first_share), {year + 1});
     const Money both = Money::fromDoubleTo2HalfEven((rest_of_last + start_of_next).toDouble());
-    total = listener.tell(RuleStep::taken,
-                          total + listener.take(amounts[year], RuleStep::sum_of_shares, both));
+    total = listener.tell(
+        RuleStep::taken,
+        listener.sum(total, listener.take(amounts[year], RuleStep::sum_of_shares, both)));
   }
-  if (!input.fullYear()) {
+  if (const auto those = listener.where(!input.fullYear())) {
     // Not rounded to cents: settling the rest brings the sum out exactly.
-    const std::int32_t year = input.yearAfterLast();
+    const auto year = input.yearAfterLast();
     listener.beginYear(year);
     const Number share_left = listener.tell(RuleStep::share_left, 1.0 - first_share);
     const Money end = Money::fromDouble(asset_year * share_left);
-    total = listener.tell(RuleStep::taken,
-                          total + listener.take(amounts[year], RuleStep::end_of_last_year, end));
+    total = listener.tell(
+        RuleStep::taken,
+        listener.sum(total, listener.take(amounts[year], RuleStep::end_of_last_year, end)));
   }
   settleRest(input, base, total, amounts, listener);
 }

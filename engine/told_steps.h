@@ -78,11 +78,67 @@ struct StepAbout {
   Date to{};
 };
 
+/// The years from one to another, none where that comes first.
+class YearsInTurn {
+ public:
+  struct End {};
+  class Year {
+   public:
+    constexpr Year(std::int32_t year, std::int32_t last) : year_(year), last_(last) {}
+    constexpr std::int32_t operator*() const { return year_; }
+    constexpr Year& operator++() {
+      ++year_;
+      return *this;
+    }
+    constexpr bool operator!=(End /*end*/) const { return year_ <= last_; }
+
+   private:
+    std::int32_t year_;
+    std::int32_t last_;
+  };
+
+  constexpr YearsInTurn(std::int32_t first, std::int32_t last) : first_(first), last_(last) {}
+  [[nodiscard]] constexpr Year begin() const { return {first_, last_}; }
+  [[nodiscard]] static constexpr End end() { return {}; }
+
+ private:
+  std::int32_t first_;
+  std::int32_t last_;
+};
+
+/// The control flow of a rule where one asset is calculated at a time. A rule says its conditions
+/// and loops by these names, since of several assets side by side each goes its own way.
+struct OneAsset {
+  /// `if (const auto those = listener.where(…))` goes in with the assets for which it holds.
+  static constexpr bool where(bool condition) { return condition; }
+  /// The same for a block that changes nothing where it does not hold.
+  static constexpr bool whereNeeded(bool condition) { return condition; }
+  /// These assets go no further in this function; true where no others are left to return to.
+  static constexpr bool done() { return true; }
+  /// `for (const std::int32_t year : listener.years(1, last))`, each asset up to its last year.
+  static constexpr YearsInTurn years(std::int32_t first, std::int32_t last) {
+    return {first, last};
+  }
+  /// Kept while a function runs in which assets are done.
+  static constexpr bool all() { return true; }
+  static constexpr bool both(bool one, bool other) { return one && other; }
+  template <typename Value>
+  static constexpr Value choose(bool condition, Value yes, Value no) {
+    return condition ? yes : no;
+  }
+  /// `amount` more than `total`.
+  template <typename Money>
+  static constexpr Money sum(const Money& total, const Money& amount) {
+    return total + amount;
+  }
+};
+
 /// Numbers and money to calculate with, by the operators and names that double and Currency have,
-/// and what is told of them. A value that is told is the one to go on with.
+/// and what is told of them. A value that is told is the one to go on with. Control flow goes by
+/// the names of `OneAsset`.
 template <typename T>
-concept Listener = requires(T& listener, Currency& amount, const typename T::Number& number,
-                            const typename T::Money& money) {
+concept Listener = requires(T& listener, typename T::Amount amount,
+                            const typename T::Number& number, const typename T::Money& money) {
   { listener.tell(RuleStep::annual, number, StepAbout{}) } -> std::same_as<typename T::Number>;
   { listener.tell(RuleStep::base, money, StepAbout{}) } -> std::same_as<typename T::Money>;
   { listener.atMost(RuleStep::first_share, number, number) } -> std::same_as<typename T::Number>;
@@ -92,9 +148,11 @@ concept Listener = requires(T& listener, Currency& amount, const typename T::Num
 };
 
 /// Listens to nothing.
-struct Silent {
-  using Number = double;
-  using Money = Currency;
+template <typename NumberType, typename MoneyType>
+struct Nobody : OneAsset {
+  using Number = NumberType;
+  using Money = MoneyType;
+  using Amount = Currency&;
 
   template <typename Value>
   static constexpr Value tell(RuleStep /*step*/, Value value, StepAbout /*about*/ = {}) {
@@ -106,14 +164,18 @@ struct Silent {
     return std::min(value, most);
   }
   /// A value that was told before, and came here on another way.
-  static constexpr double recall(RuleStep /*step*/, double value) { return value; }
+  static constexpr Number recall(RuleStep /*step*/, Number value) { return value; }
   /// Makes `value` the amount of the year.
-  static constexpr Currency take(Currency& amount, RuleStep /*step*/, Currency value) {
-    return amount = value;
+  static constexpr Money take(Currency& amount, RuleStep /*step*/, Money value) {
+    amount = Currency(value);
+    return value;
   }
   /// What is told from now on is about the fiscal year of that index.
   static constexpr void beginYear(std::int32_t /*index*/) {}
 };
+
+/// The numbers as they come, with every check.
+using Silent = Nobody<double, Currency>;
 
 static_assert(Listener<Silent>);
 

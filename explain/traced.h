@@ -88,6 +88,9 @@ class TracedMoney {
 
   [[nodiscard]] Currency value() const { return value_; }
   [[nodiscard]] TracedNumber toDouble() const { return {value_.toDouble(), formula()}; }
+  [[nodiscard]] TracedMoney times(const TracedNumber& factor) const {
+    return fromDouble(toDouble() * factor);
+  }
   /// With the rounding of a sum.
   [[nodiscard]] Formula formula() const {
     return formula_.exact.binding == Binding::sum ? called("currency", formula_) : formula_;

@@ -24,10 +24,11 @@ struct ToldStep {
 
 /// A told step's result is a number from then on: what is calculated with it says the number, and
 /// where it comes from.
-class Tracer {
+class Tracer : public OneAsset {
  public:
   using Number = TracedNumber;
   using Money = TracedMoney;
+  using Amount = Currency&;
 
   Number tell(RuleStep step, const Number& value, StepAbout about = {});
   Money tell(RuleStep step, const Money& value, StepAbout about = {});

@@ -46,6 +46,9 @@ class Currency {
   [[nodiscard]] constexpr std::int64_t ticks() const { return ticks_; }
   [[nodiscard]] double toDouble() const { return static_cast<double>(ticks_) / 10'000.0; }
 
+  /// The amount times `factor`, rounded as `fromDouble` does.
+  [[nodiscard]] Currency times(double factor) const { return fromDouble(toDouble() * factor); }
+
   /// Up to four decimals, trailing zeros dropped, no separators: 1250.5, 0, -0.0001.
   [[nodiscard]] std::string toText() const;
 

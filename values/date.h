@@ -11,7 +11,8 @@
 namespace depcalc {
 
 /// A whole day from 1 January 100 to 31 December 9999, counted from day 0, 30 December 1899.
-/// Day 0 doubles as "no date". A result outside the range is error 5.
+/// Day 0 doubles as "no date". A result outside the range is error 5. A date keeps its parts beside
+/// its number, since the rules of depreciation ask for both again and again.
 class Date {
  public:
   /// Day 0: no date.
@@ -48,10 +49,10 @@ class Date {
     int month;  ///< 1 to 12
     int day;    ///< 1 to 31
   };
-  [[nodiscard]] Parts parts() const;
-  [[nodiscard]] int year() const { return parts().year; }
-  [[nodiscard]] int month() const { return parts().month; }
-  [[nodiscard]] int day() const { return parts().day; }
+  [[nodiscard]] constexpr Parts parts() const { return {year_, month_, day_}; }
+  [[nodiscard]] constexpr int year() const { return year_; }
+  [[nodiscard]] constexpr int month() const { return month_; }
+  [[nodiscard]] constexpr int day() const { return day_; }
 
   [[nodiscard]] Date plusDays(std::int64_t days) const;
   /// Clamped to the month's end: 31 January plus a month is 28 or 29 February. A fractional
@@ -69,17 +70,29 @@ class Date {
   /// The month's name in full.
   [[nodiscard]] std::string monthName() const;
 
-  friend constexpr auto operator<=>(Date, Date) = default;
+  friend constexpr bool operator==(Date a, Date b) { return a.days_ == b.days_; }
+  friend constexpr auto operator<=>(Date a, Date b) { return a.days_ <=> b.days_; }
 
  private:
-  explicit constexpr Date(std::int32_t days) : days_(days) {}
+  constexpr Date(std::int32_t days, int year, int month, int day)
+      : days_(days),
+        year_(static_cast<std::int16_t>(year)),
+        month_(static_cast<std::int8_t>(month)),
+        day_(static_cast<std::int8_t>(day)) {}
+
+  friend struct Calendar;
 
   std::int32_t days_ = 0;
+  std::int16_t year_ = 1899;
+  std::int8_t month_ = 12;
+  std::int8_t day_ = 30;
 };
 
 /// `to` minus `from` in days.
 constexpr std::int32_t daysBetween(Date from, Date to) { return to.dayNumber() - from.dayNumber(); }
 /// Month boundaries crossed from `from` to `to`: 31 January to 1 February is 1.
-int monthsBetween(Date from, Date to);
+constexpr int monthsBetween(Date from, Date to) {
+  return (to.year() - from.year()) * 12 + to.month() - from.month();
+}
 
 }  // namespace depcalc

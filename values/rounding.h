@@ -17,12 +17,14 @@ static_assert(FLT_EVAL_METHOD == 0, "money needs plain IEEE doubles, without exc
 /// Below this magnitude `nearestEvenSmall` holds: 2^51.
 inline constexpr double small_magnitude = 2251799813685248.0;
 
-/// The nearest whole number of an `x` below `small_magnitude`, halves to even. Adding 1.5 × 2^52
-/// leaves no room for a fraction in the sum, and the sum's bits count in whole numbers; so no
-/// library call and no conversion is needed.
+/// 1.5 × 2^52. Added to a number below `small_magnitude`, it leaves no room for a fraction in the
+/// sum.
+inline constexpr double whole_shift = 6755399441055744.0;
+
+/// The nearest whole number of an `x` below `small_magnitude`, halves to even. The bits of its sum
+/// with `whole_shift` count in whole numbers; so no library call and no conversion is needed.
 inline std::int64_t nearestEvenSmall(double x) {
-  constexpr double shift = 6755399441055744.0;
-  return std::bit_cast<std::int64_t>(x + shift) - std::bit_cast<std::int64_t>(shift);
+  return std::bit_cast<std::int64_t>(x + whole_shift) - std::bit_cast<std::int64_t>(whole_shift);
 }
 
 /// The nearest whole number, halves to even; what std::nearbyint gives in the default rounding
@@ -41,8 +43,9 @@ inline std::int16_t toInteger16HalfEven(double x) {
 
 /// A 32-bit integer by rounding, halves to even. Out of range or not a number: error 6.
 inline std::int32_t toLong32HalfEven(double x) {
-  const double whole = nearestEven(x);
-  if (!(whole >= INT32_MIN && whole <= INT32_MAX)) throw RuntimeError::overflow();
+  if (!(std::fabs(x) < small_magnitude)) throw RuntimeError::overflow();
+  const std::int64_t whole = nearestEvenSmall(x);
+  if (whole < INT32_MIN || whole > INT32_MAX) throw RuntimeError::overflow();
   return static_cast<std::int32_t>(whole);
 }
 
