@@ -44,26 +44,32 @@ std::string withSlashesInserted(std::string_view text, Date today) {
   return s;
 }
 
-Accepted<Currency> acceptedAmount(const WrittenNumber& amount) {
-  if (amount.isEmpty()) return {Currency(), true};
-  return {amount.asShown()};
+/// Made where it is to stand: a value and a flag that are copied together right after they were
+/// written make a processor wait.
+template <typename Value>
+Checked<Value> accepted(Value value, bool blank = false) {
+  return Checked<Value>(std::in_place_index<0>, std::move(value), blank);
+}
+
+Checked<Currency> acceptedAmount(const WrittenNumber& amount) {
+  return amount.isEmpty() ? accepted(Currency(), true) : accepted(amount.asShown());
 }
 
 std::optional<FieldMessage> lifeRefused(const WrittenNumber& life) {
-  const auto years = life.tryValue();
-  if (!years) return FieldMessage::life_not_numeric;
-  if (*years < shortest_life) return FieldMessage::life_not_positive;
-  if (*years > longest_life) return FieldMessage::life_too_long;
+  if (!life.isNumeric()) return FieldMessage::life_not_numeric;
+  const double years = life.value();
+  if (years < shortest_life) return FieldMessage::life_not_positive;
+  if (years > longest_life) return FieldMessage::life_too_long;
   return std::nullopt;
 }
 
 std::optional<FieldMessage> basisRefused(const WrittenNumber& written,
                                          std::string_view salvage_text) {
-  const auto basis = written.tryValue();
-  if (!basis) return FieldMessage::basis_not_numeric;
-  if (*basis < 0) return FieldMessage::basis_negative;
-  if (*basis == 0) return FieldMessage::basis_zero;
-  if (*basis > largest_amount) return FieldMessage::basis_too_large;
+  if (!written.isNumeric()) return FieldMessage::basis_not_numeric;
+  const double basis = written.value();
+  if (basis < 0) return FieldMessage::basis_negative;
+  if (basis == 0) return FieldMessage::basis_zero;
+  if (basis > largest_amount) return FieldMessage::basis_too_large;
   if (!salvage_text.empty() && written.exact() < Currency::fromText(salvage_text)) {
     return FieldMessage::basis_below_salvage;
   }
@@ -72,10 +78,10 @@ std::optional<FieldMessage> basisRefused(const WrittenNumber& written,
 
 std::optional<FieldMessage> salvageRefused(const WrittenNumber& written,
                                            std::string_view basis_text) {
-  const auto salvage = written.tryValue();
-  if (!salvage) return FieldMessage::salvage_not_numeric;
-  if (*salvage < 0) return FieldMessage::salvage_negative;
-  if (*salvage > largest_amount) return FieldMessage::salvage_too_large;
+  if (!written.isNumeric()) return FieldMessage::salvage_not_numeric;
+  const double salvage = written.value();
+  if (salvage < 0) return FieldMessage::salvage_negative;
+  if (salvage > largest_amount) return FieldMessage::salvage_too_large;
   if (!basis_text.empty() && written.exact() > Currency::fromText(basis_text)) {
     return FieldMessage::salvage_above_basis;
   }
@@ -83,13 +89,13 @@ std::optional<FieldMessage> salvageRefused(const WrittenNumber& written,
 }
 
 std::optional<FieldMessage> capacityRefused(const WrittenNumber& capacity) {
-  const auto units = capacity.tryValue();
-  if (!units) return FieldMessage::capacity_not_numeric;
-  if (*units < 0) return FieldMessage::capacity_negative;
+  if (!capacity.isNumeric()) return FieldMessage::capacity_not_numeric;
+  const double units = capacity.value();
+  if (units < 0) return FieldMessage::capacity_negative;
   return std::nullopt;
 }
 
-bool mustCheck(FieldInput field) { return field.changed && !field.text.empty(); }
+bool mustCheck(const FieldInput& field) { return field.changed && !field.text.empty(); }
 
 }  // namespace
 
@@ -104,17 +110,17 @@ std::string shownText(const Accepted<Currency>& field) {
 }
 std::string shownText(const Accepted<std::string>& field) { return field.blank ? "" : field.value; }
 
-Checked<std::string> normalisedDateText(FieldInput field, Date today) {
+Checked<std::string> normalisedDateText(const FieldInput& field, Date today) {
   const std::string_view text = field.text;
   const bool dots = contains(text, '.');
   if (!mustCheck(field) || (!dots && Date::isDate(text, today))) {
-    return Accepted<std::string>{std::string(text)};
+    return accepted(std::string(text));
   }
   const std::string candidate =
       dots || contains(text, '/') ? withSlashes(text, today) : withSlashesInserted(text, today);
   const auto date = Date::tryFromText(candidate, today);
   if (!date) return Rejected{FieldMessage::date_not_valid};
-  return Accepted<std::string>{date->toText()};
+  return accepted(date->toText());
 }
 
 std::optional<Rejected> refusedByDateLimit(Date date, Date today) {
@@ -123,7 +129,7 @@ std::optional<Rejected> refusedByDateLimit(Date date, Date today) {
   return std::nullopt;
 }
 
-Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit) {
+Checked<Date> placedInServiceRule(const FieldInput& field, Date today, DateLimit limit) {
   // A date that reads as it stands, the usual case, needs no second look at its text.
   auto date = Date::tryFromText(field.text, today);
   if (!date || contains(field.text, '.')) {
@@ -134,7 +140,7 @@ Checked<Date> placedInServiceRule(FieldInput field, Date today, DateLimit limit)
   if (limit == DateLimit::fifty_years) {
     if (const auto refusal = refusedByDateLimit(*date, today)) return *refusal;
   }
-  return Accepted<Date>{*date};
+  return accepted(*date);
 }
 
 std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view text) {
@@ -145,16 +151,16 @@ std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view 
   return Rejected{messages[static_cast<std::size_t>(field)]};
 }
 
-Checked<double> usefulLifeRule(FieldInput field) {
+Checked<double> usefulLifeRule(const FieldInput& field) {
   const WrittenNumber life(field.text);
   if (mustCheck(field)) {
     if (const auto refusal = lifeRefused(life)) return Rejected{*refusal};
   }
-  if (field.text.empty()) return Accepted<double>{0, true};
-  return Accepted<double>{nearestEven(life.value())};
+  if (field.text.empty()) return accepted(0.0, true);
+  return accepted(nearestEven(life.value()));
 }
 
-Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text) {
+Checked<Currency> basisRule(const FieldInput& field, std::string_view salvage_text) {
   const WrittenNumber basis(field.text);
   if (mustCheck(field)) {
     if (const auto refusal = basisRefused(basis, salvage_text)) return Rejected{*refusal};
@@ -162,7 +168,7 @@ Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text) {
   return acceptedAmount(basis);
 }
 
-Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text) {
+Checked<Currency> salvageRule(const FieldInput& field, std::string_view basis_text) {
   const WrittenNumber salvage(field.text);
   if (mustCheck(field)) {
     if (const auto refusal = salvageRefused(salvage, basis_text)) return Rejected{*refusal};
@@ -170,13 +176,13 @@ Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text) {
   return acceptedAmount(salvage);
 }
 
-Checked<std::string> productionCapacityRule(FieldInput field) {
-  if (field.text.empty()) return Accepted<std::string>{field.changed ? "" : "0", true};
+Checked<std::string> productionCapacityRule(const FieldInput& field) {
+  if (field.text.empty()) return accepted<std::string>(field.changed ? "" : "0", true);
   const WrittenNumber capacity(field.text);
   if (field.changed) {
     if (const auto refusal = capacityRefused(capacity)) return Rejected{*refusal};
   }
-  return Accepted<std::string>{formatWhole(capacity.value())};
+  return accepted(formatWhole(capacity.value()));
 }
 
 KeyAnswer limitedKey(std::string_view text, char32_t character) {

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 #include "entry/messages.h"
@@ -29,8 +30,10 @@ struct FieldInput {
 /// What goes into the record. An empty field stays empty, whatever value stands for it there.
 template <typename Value>
 struct Accepted {
+  explicit Accepted(Value what, bool is_blank = false) : value(std::move(what)), blank(is_blank) {}
+
   Value value;
-  bool blank = false;
+  bool blank;
 };
 
 /// What the field shows from now on: mm/dd/yyyy, a whole number, #,##0.00, the text itself.
@@ -53,7 +56,7 @@ using Checked = std::variant<Accepted<Value>, Rejected>;
 /// Brings a changed text that is no date yet, or has dots in it, into the form mm/dd/yyyy:
 /// 3.15.2020, 3/15 (of this year), 03152020, 0315. Every other text comes back as it is. A text
 /// with a slash or dot that does not fall into three parts is error 9.
-Checked<std::string> normalisedDateText(FieldInput field, Date today);
+Checked<std::string> normalisedDateText(const FieldInput& field, Date today);
 
 /// Refuses a date more than 50 years before or after today; exactly 50 years is accepted.
 std::optional<Rejected> refusedByDateLimit(Date date, Date today);
@@ -62,7 +65,7 @@ enum class DateLimit { fifty_years, none };
 
 /// Both of the above, and the date as mm/dd/yyyy. The limit holds for an unchanged text too. A
 /// text that cannot be read as a date, the empty one included, is error 13.
-Checked<Date> placedInServiceRule(FieldInput field, Date today,
+Checked<Date> placedInServiceRule(const FieldInput& field, Date today,
                                   DateLimit limit = DateLimit::fifty_years);
 
 // --- Useful life, basis, salvage value, production capacity --------------------------------
@@ -75,20 +78,20 @@ std::optional<Rejected> refusedWhileTyping(NumericField field, std::string_view 
 
 /// Whole years from 1 to 50. The range is checked before rounding (halves to even): 50.4 is
 /// refused, 2.5 becomes 2. An empty text is 0.
-Checked<double> usefulLifeRule(FieldInput field);
+Checked<double> usefulLifeRule(const FieldInput& field);
 
 /// Above 0 and up to 9,999,999.99, not below the salvage value (equal is accepted). The value is
 /// the amount as shown, in cents. An empty text is 0.
-Checked<Currency> basisRule(FieldInput field, std::string_view salvage_text);
+Checked<Currency> basisRule(const FieldInput& field, std::string_view salvage_text);
 
 /// From 0 to 9,999,999.99, not above the basis (equal is accepted). As shown, in cents. An empty
 /// text is 0.
-Checked<Currency> salvageRule(FieldInput field, std::string_view basis_text);
+Checked<Currency> salvageRule(const FieldInput& field, std::string_view basis_text);
 
 /// 0 or more, shown as a whole number; the value is the text as shown, thousands separators
 /// included. An empty text is stored as "" where it has just been emptied and as "0" where it
 /// was empty before.
-Checked<std::string> productionCapacityRule(FieldInput field);
+Checked<std::string> productionCapacityRule(const FieldInput& field);
 
 // --- Free texts ----------------------------------------------------------------------------
 

@@ -21,14 +21,20 @@ bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
-std::optional<int> smallNumber(std::string_view digits, std::size_t most_digits) {
-  if (digits.empty() || digits.size() > most_digits) return std::nullopt;
+/// The number of which `text` has the digits and nothing else, or below 0.
+int digitsOnly(std::string_view text) {
   int value = 0;
-  for (const char c : digits) {
-    if (!isDigit(c)) return std::nullopt;
+  for (const char c : text) {
+    if (!isDigit(c)) return -1;
     value = value * 10 + (c - '0');
   }
   return value;
+}
+
+std::optional<int> smallNumber(std::string_view digits, std::size_t most_digits) {
+  if (digits.empty() || digits.size() > most_digits) return std::nullopt;
+  const int value = digitsOnly(digits);
+  return value < 0 ? std::nullopt : std::optional(value);
 }
 
 /// "h:mm" or "h:mm:ss" by the 24-hour clock; by the 12-hour one, with AM or PM behind it, "h" too.
@@ -151,18 +157,28 @@ std::optional<Date> dateOfParts(const Parts& parts, Date today) {
   return existing(year, smallNumber(first, 2), smallNumber(second, 2));
 }
 
-/// The short way for what data files hold: "yyyy-mm-dd", a day that there is. Nothing for every
-/// other text, a date or not.
-std::optional<Date> dateOfDataFile(std::string_view text) {
-  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return std::nullopt;
-  return existing(yearNumber(text.substr(0, 4)), smallNumber(text.substr(5, 2), 2),
-                  smallNumber(text.substr(8, 2), 2));
+struct Numbers {
+  int year = 0;
+  int month = 0;
+  int day = 0;
+};
+
+/// The short way for what data files hold: the numbers in "yyyy-mm-dd". Year 0, which no date has,
+/// for every other text, a date or not, and for a year that is none (see `yearNumber`).
+Numbers numbersOfDataFile(std::string_view text) {
+  if (text.size() != 10 || text[4] != '-' || text[7] != '-') return {};
+  const int year = digitsOnly(text.substr(0, 4));
+  if (year < 100) return {};
+  return {year, digitsOnly(text.substr(5, 2)), digitsOnly(text.substr(8, 2))};
 }
 
 }  // namespace
 
 std::optional<Date> Date::tryFromText(std::string_view text, Date today) {
-  if (const auto date = dateOfDataFile(text)) return date;
+  const Numbers numbers = numbersOfDataFile(text);
+  if (numbers.year != 0 && exists(numbers.year, numbers.month, numbers.day)) {
+    return strict(numbers.year, numbers.month, numbers.day);
+  }
   const auto parts = split(withoutTime(trimmed(text)));
   return parts ? dateOfParts(*parts, today) : std::nullopt;
 }

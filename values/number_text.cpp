@@ -46,7 +46,7 @@ std::optional<double> tryNumberFromText(std::string_view text) {
   return WrittenNumber(text).tryValue();
 }
 
-bool isNumeric(std::string_view text) { return tryNumberFromText(text).has_value(); }
+bool isNumeric(std::string_view text) { return WrittenNumber(text).isNumeric(); }
 
 double numberFromText(std::string_view text) { return WrittenNumber(text).value(); }
 

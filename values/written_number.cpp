@@ -30,6 +30,12 @@ std::optional<double> WrittenNumber::longValue() const {
   return number ? toDouble(*number) : std::nullopt;
 }
 
+double WrittenNumber::requiredLongValue() const {
+  const auto number = longValue();
+  if (!number) throw RuntimeError::typeMismatch();
+  return *number;
+}
+
 Currency WrittenNumber::longAmount() const {
   const auto written = DecimalDigits::ofText(text_);
   if (!written || !toDouble(*written)) throw RuntimeError::typeMismatch();

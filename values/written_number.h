@@ -20,15 +20,11 @@ class WrittenNumber {
 
   /// The number that the text says, correctly rounded; nothing when it is not numeric.
   [[nodiscard]] std::optional<double> tryValue() const {
-    if (!plain_) return longValue();
-    return static_cast<double>(plain_.mantissa) / static_cast<double>(powerOfTen(plain_.decimals));
+    return plain_ ? plainValue() : longValue();
   }
-  /// The same; not numeric: error 13.
-  [[nodiscard]] double value() const {
-    const auto number = tryValue();
-    if (!number) throw RuntimeError::typeMismatch();
-    return *number;
-  }
+  [[nodiscard]] bool isNumeric() const { return plain_ || longValue().has_value(); }
+  /// Not numeric: error 13.
+  [[nodiscard]] double value() const { return plain_ ? plainValue() : requiredLongValue(); }
 
   /// The amount exactly as written, halves to even at the fourth decimal. Not numeric: error 13.
   /// Out of range: error 6.
@@ -47,7 +43,11 @@ class WrittenNumber {
   }
 
  private:
+  [[nodiscard]] double plainValue() const {
+    return static_cast<double>(plain_.mantissa) / static_cast<double>(powerOfTen(plain_.decimals));
+  }
   [[nodiscard]] std::optional<double> longValue() const;
+  [[nodiscard]] double requiredLongValue() const;
   [[nodiscard]] Currency longAmount() const;
   [[nodiscard]] Currency longAsShown() const;
 
