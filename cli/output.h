@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,11 +16,12 @@ class Output {
   /// Most that `reserve` gives.
   static constexpr std::size_t largest_reserve = 4'096;
 
-  /// Where it passes things on to in the place of a file.
-  using Drain = std::function<void(std::string_view)>;
-
   explicit Output(int descriptor);
-  explicit Output(Drain drain);
+  /// Passes nothing on and keeps all that is written, with room for `room` bytes to begin with.
+  struct Kept {
+    std::size_t room;
+  };
+  explicit Output(Kept kept);
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
@@ -30,10 +30,14 @@ class Output {
 
   /// Room for `size` bytes, for texts written in place; `advance` says where they ended.
   char* reserve(std::size_t size) {
-    if (buffer_size - used_ < size) flush();
+    if (room_ - used_ < size) flush();
     return &buffer_[used_];
   }
   void advance(const char* end) { used_ = static_cast<std::size_t>(end - &buffer_[0]); }
+
+  /// What is collected at present: all of it, where it is kept.
+  [[nodiscard]] std::string_view collected() const { return {&buffer_[0], used_}; }
+  void clear() { used_ = 0; }
 
   /// Passes on what was collected. False once anything has failed.
   bool flush();
@@ -51,10 +55,13 @@ class Output {
   [[nodiscard]] const std::string& failure() const { return failure_; }
 
  private:
-  static constexpr std::size_t buffer_size = 262'144;
+  static constexpr int nowhere = -1;
 
-  int descriptor_ = -1;
-  Drain drain_;
+  void grow();
+  void passOn(std::string_view text);
+
+  int descriptor_ = nowhere;
+  std::size_t room_;
   std::size_t used_ = 0;
   std::unique_ptr<char[]> buffer_;
   std::string failure_;

@@ -1,6 +1,6 @@
 #include "cli/schedule_jobs.h"
 
-#include <condition_variable>
+#include <algorithm>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -9,12 +9,15 @@
 #include <thread>
 #include <utility>
 
+#include "cli/in_order.h"
 #include "importing/record_blocks.h"
 
 namespace depcalc {
 namespace {
 
-constexpr std::size_t most_held = 524'288;
+/// So much of a block's output is held at most; an asset's own comes on top.
+constexpr std::size_t most_held = 393'216;
+constexpr std::size_t room_of_asset = 65'536;
 
 /// A block's bytes, and where its last record is open, all that follows.
 class BlockSource final : public ByteSource {
@@ -31,37 +34,6 @@ class BlockSource final : public ByteSource {
  private:
   std::string_view text_;
   ByteSource* rest_;
-};
-
-/// Lets the blocks pass on what they have in their order.
-class Turns {
- public:
-  /// Whether it is now the turn of block `number`; false when nobody is to go on.
-  bool await(std::size_t number) {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [&] { return stopped_ || turn_ == number; });
-    return !stopped_;
-  }
-  void pass() {
-    const std::lock_guard lock(mutex_);
-    ++turn_;
-    changed_.notify_all();
-  }
-  void stop() {
-    const std::lock_guard lock(mutex_);
-    stopped_ = true;
-    changed_.notify_all();
-  }
-  [[nodiscard]] bool stopped() {
-    const std::lock_guard lock(mutex_);
-    return stopped_;
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::size_t turn_ = 0;
-  bool stopped_ = false;
 };
 
 /// Where the rows of a text go. Each answers whether to go on.
@@ -115,18 +87,59 @@ class PlainRows final : public Rows {
   Output& errors_;
 };
 
+/// What became of a block's rows and is not passed on yet.
+struct Part {
+  struct Message {
+    std::size_t place;  // in the document
+    std::string text;
+  };
+
+  Output document{Output::Kept{most_held + room_of_asset}};
+  std::vector<Message> messages;
+  std::size_t held_in_messages = 0;
+  std::string_view between;  // where assets stand before these; empty too once any is passed on
+};
+
+/// Where the parts of all threads end up, one at a time.
+class Document {
+ public:
+  Document(Output& out, Output& errors) : out_(out), errors_(errors) {}
+
+  /// False when nobody wants more.
+  bool pass(Part& part) {
+    const std::string_view text = part.document.collected();
+    if (!text.empty()) {
+      const std::string_view between = std::exchange(part.between, {});
+      if (std::exchange(any_asset, true)) out_.write(between);
+    }
+    if (!part.messages.empty()) all_good = false;
+    std::size_t at = 0;
+    for (const Part::Message& message : part.messages) {
+      out_.write(text.substr(at, message.place - at));
+      errors_.write(message.text);
+      at = message.place;
+    }
+    out_.write(text.substr(at));
+    part.document.clear();
+    part.messages.clear();
+    part.held_in_messages = 0;
+    return !out_.failed();
+  }
+
+  bool all_good = true;
+  bool any_asset = false;
+
+ private:
+  Output& out_;
+  Output& errors_;
+};
+
 /// What the threads share.
 struct Shared {
   const ScheduleRun& run;
   const AssetColumns& columns;
   ByteSource& source;
-  Output& out;
-  Output& errors;
-  Turns turns{};
-
-  // Whose turn it is has these.
-  bool all_good = true;
-  bool any_asset = false;
+  InOrder<Part> parts;
 
   std::mutex input{};  // has these
   RecordBlocks blocks;
@@ -134,101 +147,68 @@ struct Shared {
   bool unreadable = false;
 };
 
-/// The rows of one thread's blocks, one block after the other. They are held until it is the
-/// block's turn.
+/// The rows of one block.
 class BlockRows final : public Rows {
  public:
-  explicit BlockRows(Shared& shared) : shared_(shared) {}
-
-  void begin(std::size_t number) {
-    number_ = number;
-    follows_ = false;
-    writer_ = shared_.run.writer(document_);
+  BlockRows(Shared& shared, std::size_t number, Part& part)
+      : shared_(shared), number_(number), part_(part), writer_(shared.run.writer(part.document)) {
+    part_.between = writer_->between();
     writer_->begin();
-    document_.flush();
-    held_.clear();
+    part_.document.clear();
   }
+
   bool write(CalculateDep& asset, const Schedules& schedules) override {
     writer_->write(asset, schedules);
     return relieve();
   }
   bool refuse(const std::vector<RowProblem>& problems) override {
-    document_.flush();
     for (const RowProblem& problem : problems) {
-      messages_.push_back({held_.size(), shared_.run.message(problem)});
-      held_in_messages_ += sizeof(Message) + messages_.back().text.size();
+      part_.messages.push_back({part_.document.collected().size(), shared_.run.message(problem)});
+      part_.held_in_messages += sizeof(Part::Message) + part_.messages.back().text.size();
     }
     return relieve();
   }
-  /// Passes on what is held as soon as it is the block's turn. False when nobody wants it.
-  bool passOn() {
-    document_.flush();
-    if (!shared_.turns.await(number_)) return false;
-    if (!held_.empty() && !std::exchange(follows_, true)) {
-      if (std::exchange(shared_.any_asset, true)) shared_.out.write(writer_->between());
-    }
-    if (!messages_.empty()) shared_.all_good = false;
-    std::size_t at = 0;
-    for (const Message& message : messages_) {
-      shared_.out.write(std::string_view(held_).substr(at, message.place - at));
-      shared_.errors.write(message.text);
-      at = message.place;
-    }
-    shared_.out.write(std::string_view(held_).substr(at));
-    held_.clear();
-    messages_.clear();
-    held_in_messages_ = 0;
-    return !shared_.out.failed();
-  }
 
  private:
-  struct Message {
-    std::size_t place;  // in what is held
-    std::string text;
-  };
-
   /// With much that is held, waiting is better than going on.
-  bool relieve() { return held_.size() + held_in_messages_ < most_held || passOn(); }
+  bool relieve() {
+    return part_.document.collected().size() + part_.held_in_messages < most_held ||
+           shared_.parts.passSoFar(number_, part_);
+  }
 
   Shared& shared_;
-  std::size_t number_ = 0;
-  bool follows_ = false;  // something of this block was passed on
-  std::string held_;
-  std::vector<Message> messages_;
-  std::size_t held_in_messages_ = 0;
-  Output document_{[this](std::string_view text) { held_ += text; }};
+  std::size_t number_;
+  Part& part_;
   std::unique_ptr<ScheduleWriter> writer_;
 };
 
-/// Takes the next block and passes its rows on. False when there is nothing more to do.
-bool writeBlock(Shared& shared, BlockRows& rows, RecordBlocks::Block& block) {
+/// Takes the next block and hands in what its rows give. False when there is nothing more to do.
+bool writeBlock(Shared& shared, RecordBlocks::Block& block) {
+  auto part = shared.parts.spare();
+  if (part == nullptr) return false;
   std::unique_lock input(shared.input);
-  if (shared.turns.stopped() || !shared.blocks.next(block)) return false;
+  if (!shared.blocks.next(block)) return false;
   const std::size_t number = shared.blocks_taken++;
   if (!block.is_open) input.unlock();  // else the rest of the source is this thread's
   BlockSource source(block.text, block.is_open ? &shared.source : nullptr);
   AssetReader reader(source, shared.columns, shared.run.rules, shared.run.form, block.line);
-  rows.begin(number);
+  BlockRows rows(shared, number, *part);
   const bool read = eachRow(reader, rows) == AssetReader::Outcome::end;
   if (block.is_open) shared.unreadable = !read;
-  if (!rows.passOn() || !(read || block.is_open)) {
-    shared.turns.stop();
-    return false;
-  }
-  shared.turns.pass();
-  return true;
+  if (read || block.is_open) return shared.parts.handIn(number, std::move(part));
+  shared.parts.stop();
+  return false;
 }
 
 /// What went wrong in a thread is the caller's to hear.
 void writeBlocks(Shared& shared, std::exception_ptr& failure) {
   try {
-    BlockRows rows(shared);
     RecordBlocks::Block block;
-    while (writeBlock(shared, rows, block)) {
+    while (writeBlock(shared, block)) {
     }
   } catch (...) {
     failure = std::current_exception();
-    shared.turns.stop();
+    shared.parts.stop();
   }
 }
 
@@ -239,6 +219,13 @@ RowsWritten writeOnOne(const ScheduleRun& run, AssetReader& reader, Output& out,
   const bool to_the_end = eachRow(reader, rows) == AssetReader::Outcome::end;
   if (to_the_end) writer->end();
   return {.all_good = rows.all_good, .to_the_end = to_the_end};
+}
+
+/// One in each thread's hands, and some that wait for the blocks before them.
+std::size_t partsFor(int jobs) {
+  constexpr std::size_t most_waiting = 16;
+  const auto threads = static_cast<std::size_t>(jobs);
+  return threads + std::min(2 * threads, most_waiting);
 }
 
 void runOn(int jobs, Shared& shared) {
@@ -263,17 +250,17 @@ RowsWritten writeRows(const ScheduleRun& run, ByteSource& source, AssetReader& r
   if (jobs == 1 || rest.exhausted) return writeOnOne(run, reader, out, errors);
   const auto writer = run.writer(out);
   writer->begin();
+  Document document(out, errors);
   Shared shared{.run = run,
                 .columns = reader.columns(),
                 .source = source,
-                .out = out,
-                .errors = errors,
+                .parts = {partsFor(jobs), [&document](Part& part) { return document.pass(part); }},
                 .blocks = RecordBlocks(source, run.form.separator, rest.text, rest.line, false)};
   runOn(jobs, shared);
   const bool to_the_end = shared.blocks.ended() && !shared.unreadable && !out.failed();
-  if (shared.any_asset) writer->resume();
+  if (document.any_asset) writer->resume();
   if (to_the_end) writer->end();
-  return {.all_good = shared.all_good, .to_the_end = to_the_end};
+  return {.all_good = document.all_good, .to_the_end = to_the_end};
 }
 
 }  // namespace depcalc

@@ -26,10 +26,11 @@ struct RowsWritten {
 };
 
 /// Writes a document of the rows that follow in `reader`, which has read its header from `source`,
-/// by `jobs` threads: the same bytes in both outputs, in the same order, as by one. A thread holds
-/// a block of rows and at most half a mebibyte of its output; it waits for its turn with more, so
-/// that memory stays bounded however slow the reader of `out` is. A record too long for a block
-/// leaves the rest of the text to the thread that has it.
+/// by `jobs` threads: the same bytes in both outputs, in the same order, as by one. What a thread
+/// made of a block of rows waits until those before it are there. There are a bounded number of
+/// such parts, of three eighths of a mebibyte and an asset's own each, so that memory stays bounded
+/// however slow the reader of `out` is. A record too long for a block leaves the rest of the text
+/// to the thread that has it.
 RowsWritten writeRows(const ScheduleRun& run, ByteSource& source, AssetReader& reader, int jobs,
                       Output& out, Output& errors);
 

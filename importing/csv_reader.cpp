@@ -51,7 +51,7 @@ std::string grouped(std::size_t count) {
 }  // namespace
 
 CsvReader::CsvReader(ByteSource& source, const CsvForm& form)
-    : source_(source), form_(form), plain_(form), buffer_(std::make_unique<char[]>(buffer_size)) {}
+    : source_(source), form_(form), plain_(form), buffer_(std::make_unique_for_overwrite<char[]>(buffer_size)) {}
 
 CsvReader::CsvReader(ByteSource& source, const CsvForm& form, std::size_t line)
     : CsvReader(source, form) {

@@ -22,7 +22,9 @@ class RecordEnds {
 
  private:
   enum class In { beginning, plain, quoted, quote };
-  void take(char byte);
+  [[nodiscard]] bool endsField(char byte) const;
+  std::size_t takeUnquoted(std::string_view text, std::size_t at, std::size_t& whole);
+  std::size_t takeQuoted(std::string_view text, std::size_t at);
 
   char separator_;
   In in_ = In::beginning;
@@ -30,7 +32,7 @@ class RecordEnds {
 
 /// How much of a text is handed out at a time.
 struct BlockSizes {
-  std::size_t usual = 65'536;     ///< bytes, at least, but for the last
+  std::size_t usual = 16'384;     ///< bytes, at least, but for the last
   std::size_t largest = 262'144;  ///< a record longer than this is left to whoever reads it
 };
 
@@ -52,18 +54,22 @@ class RecordBlocks {
   /// ended.
   bool next(Block& block);
   /// Whether the source has come to its end, not failed, and everything of it is handed out.
-  [[nodiscard]] bool ended() const { return exhausted_ && !unreadable_ && held_.empty(); }
+  [[nodiscard]] bool ended() const { return exhausted_ && !unreadable_ && begin_ == held_.size(); }
 
  private:
+  [[nodiscard]] std::string_view fresh() const;
+  [[nodiscard]] bool allLookedAt() const;
+  void look();
   void fill();
   void hand(Block& block, std::size_t size);
 
   ByteSource& source_;
   BlockSizes sizes_;
   RecordEnds ends_;
-  std::string held_;       ///< read, and not handed out
-  std::size_t looked_at_;  ///< of it
-  std::size_t whole_ = 0;  ///< bytes of it that are whole records
+  std::string held_;           ///< what was read
+  std::size_t begin_ = 0;      ///< of what is not handed out in it
+  std::size_t looked_at_ = 0;  ///< bytes behind that
+  std::size_t whole_ = 0;      ///< bytes behind it that are whole records
   std::size_t line_;
   bool exhausted_;
   bool unreadable_ = false;
