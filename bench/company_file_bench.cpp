@@ -1,5 +1,5 @@
-// company_file_bench DIRECTORY: the company file at the register's capacity, each figure beside
-// plain SQLite moving the same bytes there.
+// company_file_bench DIRECTORY [COUNT]: the company file at the register's capacity, or with so
+// many assets, each figure beside plain SQLite moving the same bytes there.
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -181,10 +181,10 @@ double median(std::vector<double> values) {
 
 class Measurement {
  public:
-  explicit Measurement(const std::string& directory)
+  Measurement(const std::string& directory, int count)
       : path_(directory + "/capacity.company"), plain_(directory + "/plain.db") {
     std::mt19937 random(20240601);
-    for (int i = 1; i <= assets_at_capacity; ++i) assets_.push_back(randomAsset(random, i));
+    for (int i = 1; i <= count; ++i) assets_.push_back(randomAsset(random, i));
     plain_.create();
   }
 
@@ -212,7 +212,9 @@ class Measurement {
     std::vector<double> ours;
     std::vector<double> plain;
     for (int i = 0; i < single_saves; ++i) {
-      const auto index = 1 + static_cast<std::size_t>(i) * 1'300;
+      const auto index = 1 + static_cast<std::size_t>(i) * assets_.size() / single_saves;
+      // What stays as it is is not written.
+      records_[index - 1]->ADept("Moved " + std::to_string(i));
       ours.push_back(seconds([&] { session_->store.DepCalcContSaveRecord(records_[index - 1]); }));
       plain.push_back(seconds([&] { plain_.write({texts_[index]}, static_cast<int>(index)); }));
     }
@@ -241,11 +243,12 @@ class Measurement {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: company_file_bench DIRECTORY\n");
+  const int count = argc == 3 ? std::atoi(argv[2]) : assets_at_capacity;
+  if (argc < 2 || argc > 3 || count < 1 || count > assets_at_capacity) {
+    std::fprintf(stderr, "usage: company_file_bench DIRECTORY [COUNT]\n");
     return 2;
   }
-  Measurement measurement(argv[1]);
+  Measurement measurement(argv[1], count);
   measurement.importAll();
   measurement.openAndRead();
   measurement.saveSome();

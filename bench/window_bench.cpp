@@ -72,7 +72,7 @@ void report(const desktop::MainWindow& window) {
   auto& view = dynamic_cast<QTableView&>(*window.calculator()->surface().widget(table));
   QScrollBar& across = *window.page().horizontalScrollBar();
   report("scrolling a page at a time", atSixtyFrames([&](int number) {
-           across.setValue(across.pageStep() * number % across.maximum());
+           across.setValue(across.pageStep() * number % (across.maximum() + 1));
          }));
   report(
       "scrolling from end to end", atSixtyFrames([&](int number) {
