@@ -15,6 +15,7 @@ struct FailedChange {
 
   FileTrouble trouble;
   InFile in_file = InFile::unknown;
+  bool on_server = false;  ///< the company is; the trouble then says what is certain
 };
 
 /// The tables go back to what the file holds, and the error reaches whoever made the change.

@@ -18,7 +18,7 @@ screens="$ground common controls"
 store="$records host store"
 container="$store controls compare_events entry_events help_events register_events container"
 calculator="$container calculator compare entry field_rules help register"
-window="$calculator host_stored history undoing recalculation explain reports reports_explaining reports_reading changes importing workbook desktop_importing charts report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper paper_texts print_module printing_objects"
+window="$calculator host_stored history undoing recalculation server_address explain reports reports_explaining reports_reading changes importing workbook desktop_importing charts report_formats report_xlsx report_pages report_desk guide desktop_site desktop_widgets desktop_workspace desktop_window paper paper_texts print_module printing_objects"
 expected() {
   case $1 in
     values) echo "$ground" ;;
@@ -29,8 +29,10 @@ expected() {
     host_memory | host_failing | host_stored) echo "$ground host $1" ;;
     history) echo "$ground host host_stored $1" ;;
     undoing) echo "$store host_stored history $1" ;;
-    host_sqlite | host_postgresql) echo "$ground common host host_stored $1" ;;
-    host_places) echo "$ground common host host_stored host_postgresql host_sqlite $1" ;;
+    server_address) echo "$ground host $1" ;;
+    host_sqlite) echo "$ground common host host_stored $1" ;;
+    host_postgresql) echo "$ground common host host_stored server_address $1" ;;
+    host_places) echo "$ground common host host_stored host_postgresql host_sqlite server_address $1" ;;
     field_rules) echo "$ground $1" ;;
     compare_events | entry_events | register_events) echo "$records $1" ;;
     help_events) echo "$ground $1" ;;
@@ -55,14 +57,14 @@ expected() {
     paper_texts) echo "$ground paper $1" ;;
     report_pages) echo "$records reports paper paper_texts charts $1" ;;
     print_module) echo "$screens paper $1" ;;
-    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes charts importing paper paper_texts cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events" ;;
+    cli) echo "$store recalculation explain reports reports_explaining reports_reading report_formats report_pages report_xlsx changes charts importing paper paper_texts cli controls field_rules host_places host_postgresql host_sqlite host_stored print_module register register_events server_address" ;;
     desktop_widgets) echo "$screens $1" ;;
     workbook) echo "$store reports reports_reading changes field_rules importing $1" ;;
     desktop_importing) echo "$screens $store reports reports_reading changes field_rules importing guide desktop_widgets $1" ;;
     desktop_site) echo "$screens desktop_widgets $1" ;;
     desktop_workspace) echo "$calculator explain reports reports_explaining paper paper_texts charts report_formats print_module printing_objects desktop_widgets $1" ;;
     desktop_window) echo "$window" ;;
-    desktop_companies) echo "$window host_sqlite host_stored $1" ;;
+    desktop_companies) echo "$window host_places host_postgresql host_sqlite host_stored $1" ;;
     com) echo "$ground $1" ;;
     postgresql) echo "$records $1" ;;
     registration) echo "$1" ;;

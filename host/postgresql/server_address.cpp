@@ -60,18 +60,23 @@ std::string decoded(std::string_view text) {
   return bytes;
 }
 
-bool isPlain(char c) {
-  constexpr std::string_view marks = "-._~!$&'()*+,;=:@/?";
+/// What stands for itself in the name of a company, and in a part of the server's address. A colon
+/// in a user is left to be refused: what stands behind it is a password.
+constexpr std::string_view marks_of_company = "-._~!$&'()*+,;=:@/?";
+constexpr std::string_view marks_of_part = "-._~";
+constexpr std::string_view marks_of_user = "-._~:";
+
+bool isPlain(char c, std::string_view marks) {
   return static_cast<unsigned char>(c) >= 0x80 || (c >= '0' && c <= '9') ||
          (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
          marks.find(c) != std::string_view::npos;
 }
 
-std::string encoded(std::string_view name) {
+std::string encoded(std::string_view name, std::string_view marks) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   std::string text;
   for (const char c : name) {
-    if (isPlain(c)) {
+    if (isPlain(c, marks)) {
       text += c;
       continue;
     }
@@ -123,6 +128,13 @@ void requireName(const std::string& company) {
   }
 }
 
+/// A number of IPv6 is in brackets, to keep its colons from the port's.
+std::string encodedHost(const std::string& host) {
+  const bool number = host.find_first_of("[,") == std::string::npos &&
+                      std::count(host.begin(), host.end(), ':') > 1;
+  return number ? '[' + host + ']' : encoded(host, "-._~[]:,");
+}
+
 }  // namespace
 
 bool isServerAddress(std::string_view text) { return schemeLength(text) > 0; }
@@ -158,8 +170,34 @@ ServerAddress ServerAddress::ofCompany(std::string_view text) {
 ServerAddress ServerAddress::withCompany(std::string_view name) const {
   ServerAddress address{server, std::string(name), server};
   requireName(address.company);
-  if (!name.empty()) address.text += '#' + encoded(name);
+  if (!name.empty()) address.text += '#' + encoded(name, marks_of_company);
   return address;
+}
+
+ServerAddress ServerAddress::ofParts(const ServerParts& parts) {
+  std::string text(schemes.front());
+  if (!parts.user.empty()) text += encoded(parts.user, marks_of_user) + '@';
+  text += encodedHost(parts.host);
+  if (!parts.port.empty()) text += ':' + encoded(parts.port, marks_of_part);
+  return of(text + '/' + encoded(parts.database, marks_of_part));
+}
+
+ServerParts ServerAddress::parts() const {
+  ServerParts parts;
+  std::string_view rest = std::string_view(server).substr(schemeLength(server));
+  rest = rest.substr(0, rest.find('?'));
+  const std::size_t slash = std::min(rest.find('/'), rest.size());
+  std::string_view hosts = rest.substr(0, slash);
+  parts.database = decoded(rest.substr(std::min(slash + 1, rest.size())));
+  if (const std::size_t at = hosts.find('@'); at != std::string_view::npos) {
+    parts.user = decoded(hosts.substr(0, at));
+    hosts.remove_prefix(at + 1);
+  }
+  const std::size_t colon = hosts.find(':', hosts.starts_with('[') ? hosts.find(']') : 0);
+  const bool several = hosts.find(',') != std::string_view::npos;
+  if (!several && colon < hosts.size()) parts.port = hosts.substr(colon + 1);
+  parts.host = decoded(several ? hosts : hosts.substr(0, colon));
+  return parts;
 }
 
 }  // namespace depcalc

@@ -104,7 +104,7 @@ bool ServerContents::isMended() {
 bool ServerContents::mend() {
   while (true) {
     const InFile in_file = transaction_.empty() ? InFile::nothing : InFile::unknown;
-    const FailedChangeAnswer answer = change_failed_({*trouble_, in_file});
+    const FailedChangeAnswer answer = change_failed_({*trouble_, in_file, copy_ == nullptr});
     const auto* copy = std::get_if<GoOnWithCopy>(&answer);
     if (!isOpen()) return false;
     if (copy == nullptr) return std::holds_alternative<TryAgain>(answer);

@@ -79,8 +79,8 @@ void requireServerSchema(Connection& connection, const ServerAddress& address) {
   requireNotNewer(form, address);
   if (form < server_form) {
     throw FileTrouble(Kind::not_found, address.text +
-                                           " has no place for companies yet. Make it "
-                                           "with `depcalc server init`.");
+                                           " has no place for companies yet. Whoever looks "
+                                           "after the server makes it with `depcalc server init`.");
   }
   connection.run(
       "SELECT set_config('search_path', 'pg_catalog', false),"

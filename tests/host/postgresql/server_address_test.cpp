@@ -54,6 +54,50 @@ TEST(ServerAddresses, AreTakenApartAndShownAsTheyCanBeUsedAgain) {
   }
 }
 
+struct InParts {
+  const char* server;
+  ServerParts parts;
+};
+
+TEST(ServerAddresses, AreMadeOfPartsAndTakenIntoThemAgain) {
+  const InParts cases[] = {
+      {"postgresql://office/books", {.host = "office", .database = "books"}},
+      {"postgresql://anna@office:5433/books", {"anna", "office", "5433", "books"}},
+      {"postgresql://%2Frun%2Fpostgresql/my%20books",
+       {.host = "/run/postgresql", .database = "my books"}},
+      {"postgresql://a%40b@[::1]:5433/", {.user = "a@b", .host = "[::1]", .port = "5433"}},
+      {"postgresql:///books", {.database = "books"}},
+      {"postgresql://one:1,two:2/books", {.host = "one:1,two:2", .database = "books"}},
+  };
+  for (const InParts& each : cases) {
+    EXPECT_EQ(ServerAddress::ofParts(each.parts).text, each.server);
+    const ServerParts parts = ServerAddress::of(each.server).parts();
+    EXPECT_EQ(parts.user, each.parts.user) << each.server;
+    EXPECT_EQ(parts.host, each.parts.host) << each.server;
+    EXPECT_EQ(parts.port, each.parts.port) << each.server;
+    EXPECT_EQ(parts.database, each.parts.database) << each.server;
+  }
+  EXPECT_EQ(ServerAddress::ofParts({.host = "::1"}).text, "postgresql://[::1]/");
+  EXPECT_EQ(ServerAddress::of("postgresql://office/books?sslmode=require#A").parts().database,
+            "books");
+}
+
+/// Nothing that is typed into a part becomes another one, and no password is let through.
+TEST(ServerAddresses, RefusePartsThatAreNone) {
+  for (const ServerParts& parts :
+       {ServerParts{.user = "anna:secret", .host = "office"},
+        ServerParts{.host = "office", .port = "secret"}, ServerParts{.host = "office:secret"}}) {
+    try {
+      (void)ServerAddress::ofParts(parts);
+      ADD_FAILURE() << parts.host;
+    } catch (const FileTrouble& trouble) {
+      EXPECT_THAT(trouble.description(), Not(HasSubstr("secret")));
+    }
+  }
+  EXPECT_EQ(ServerAddress::ofParts({.host = "a/b?c#d@e", .database = "f?password=g"}).text,
+            "postgresql://a%2Fb%3Fc%23d%40e/f%3Fpassword%3Dg");
+}
+
 std::string refusal(const std::string& text) {
   try {
     (void)ServerAddress::ofCompany(text);

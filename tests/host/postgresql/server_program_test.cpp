@@ -98,8 +98,8 @@ TEST_F(ServerProgram, MakesRoomListsAndGivesRights) {
   const std::string server = testServer().address("books");
   EXPECT_EQ(depcalc({"server", "list", server}),
             "depcalc: " + server +
-                " has no place for companies yet. Make it with `depcalc server "
-                "init`.\nstatus 3\n");
+                " has no place for companies yet. Whoever looks after the server makes it with "
+                "`depcalc server init`.\nstatus 3\n");
   EXPECT_THAT(depcalc({"server", "init", server}), HasSubstr("status 0"));
   EXPECT_THAT(depcalc({"server", "init", server}), HasSubstr("already"));
   EXPECT_EQ(depcalc({"new", server + "#Nine Oaks"}), "status 0\n");
