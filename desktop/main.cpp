@@ -12,8 +12,9 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "desktop/host/place.h"
 #include "desktop/host/same_company.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/preview/preview.h"
 #include "desktop/widgets/accessible_controls.h"
 #include "desktop/window/dark_palette.h"
@@ -46,8 +47,11 @@ Options parse(const QApplication& application) {
   const QCommandLineOption dark(QStringLiteral("dark"),
                                 QObject::tr("Use the colors of a dark desktop."));
   parser.addOptions({preview, dark});
-  parser.addPositionalArgument(QStringLiteral("FILE"), QObject::tr("The company file to open."),
-                               QStringLiteral("[FILE]"));
+  parser.addPositionalArgument(
+      QStringLiteral("FILE"),
+      QObject::tr("The company file to open, or the address of a company on a "
+                  "server (postgresql://host/database#Company)."),
+      QStringLiteral("[FILE]"));
   parser.process(application);
   const QStringList files = parser.positionalArguments();
   if (files.size() > 1 || (parser.isSet(preview) && files.isEmpty())) parser.showHelp(wrong_usage);
@@ -65,17 +69,21 @@ QString sharedFolder() {
   return QDir::cleanPath(QApplication::applicationDirPath() + QStringLiteral("/../share/depcalc"));
 }
 
-/// On a copy, so that the company stays as it is and may be open elsewhere. What is wrong with it
-/// is told on standard error: nobody could answer a box here.
+/// On a copy, so that the company stays as it is; a file may be open elsewhere. What is wrong with
+/// it is told on standard error: nobody could answer a box here.
 int preview(CompanyFiles& files, MainWindow& window, const Options& options,
             const QString& scratch) {
-  const QString copy = scratch + u'/' + QFileInfo(options.file).fileName();
-  if (!QDir().mkpath(options.preview) || !QFile::copy(options.file, copy)) {
+  const bool on_server = isOnServer(options.file);
+  const QString copy = scratch + u'/' +
+                       (on_server ? fileNameAt(options.file) + QStringLiteral(".company")
+                                  : QFileInfo(options.file).fileName());
+  if (!QDir().mkpath(options.preview) || (!on_server && !QFile::copy(options.file, copy))) {
     std::fprintf(stderr, "depcalc-desktop: cannot read %s or write to %s\n",
                  qPrintable(options.file), qPrintable(options.preview));
     return failed;
   }
   try {
+    if (on_server) files.open(options.file.toStdString())->saveCopy(copy.toStdString());
     files.open(copy.toStdString())->close();
   } catch (const CompanyFileError& error) {
     std::fprintf(stderr, "depcalc-desktop: %s\n", error.what());
@@ -109,7 +117,7 @@ int run(const Options& options) {
   const QString config = previews ? scratch.path() : writable(QStandardPaths::AppConfigLocation);
   const QString data = previews ? scratch.path() : writable(QStandardPaths::AppDataLocation);
   const DesktopSite::Today today = previews ? todayForPictures : todayByClock;
-  SqliteCompanies files(today);
+  StoredCompanies files(today);
   Settings settings(config + QStringLiteral("/depcalc.ini"));
   if (previews) settings.setShown(QStringLiteral("toolbar"), false);
   Backups backups(data + QStringLiteral("/backups"), sameCompany);
@@ -122,7 +130,7 @@ int run(const Options& options) {
   // A system may send SIGHUP behind SIGTERM at once.
   const EndSignals end_signals([&end](int signal) { end.hear(signal != SIGHUP); });
   const QString file = options.file.isEmpty() ? settings.lastCompany() : options.file;
-  if (!file.isEmpty() && (!options.file.isEmpty() || QFileInfo::exists(file))) {
+  if (!file.isEmpty() && (!options.file.isEmpty() || mayBeThere(file))) {
     window.openCompanyWhenPainted(file);
   }
   window.show();

@@ -26,5 +26,5 @@ while IFS= read -r source; do
     "$source" || complain "$source" "a box that leads nowhere"
 done < <(find . -name '*.cpp' | sort)
 echo "$count dialogs and boxes"
-[[ $count -ge 18 ]] || status=1
+[[ $count -ge 19 ]] || status=1
 exit $status

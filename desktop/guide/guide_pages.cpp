@@ -17,6 +17,7 @@ constexpr std::array pages{
     GuidePage{"year-end.html", "The year’s end"},
     GuidePage{"corrections.html", "Corrections, undo and history"},
     GuidePage{"backups.html", "Backups"},
+    GuidePage{"servers.html", "Companies on a server"},
     GuidePage{"methods.html", "Methods and conventions"},
     GuidePage{"refusals.html", "What the calculator refuses, and why"},
     GuidePage{"window.html", "The window, its keys and preferences"},

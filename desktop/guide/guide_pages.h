@@ -29,6 +29,7 @@ inline constexpr std::string_view contents = "index.html";
 inline constexpr std::string_view first_company = "first-company.html";
 inline constexpr std::string_view company_info = "first-company.html#company-info";
 inline constexpr std::string_view open_company = "first-company.html#open";
+inline constexpr std::string_view servers = "servers.html";
 inline constexpr std::string_view importing = "importing-assets.html";
 inline constexpr std::string_view reports = "year-end.html#reports";
 inline constexpr std::string_view printing = "year-end.html#printing";

@@ -11,6 +11,8 @@
 #include <QUuid>
 #include <functional>
 
+#include "desktop/host/place.h"
+
 namespace depcalc::desktop {
 namespace {
 
@@ -66,20 +68,29 @@ bool isDatabase(const QString& path) {
 
 }  // namespace
 
-/// Two companies of one file name have folders of their own.
+/// Two companies of one name have folders of their own.
 QString Backups::folder(const QString& company_path) const {
-  const QFileInfo info(company_path);
-  const QString canonical = info.canonicalFilePath();
-  const QString path = canonical.isEmpty() ? info.absoluteFilePath() : canonical;
+  const QString canonical =
+      isOnServer(company_path) ? QString() : QFileInfo(company_path).canonicalFilePath();
+  const QString path = canonical.isEmpty() ? wholePlace(company_path) : canonical;
   const auto hash = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
-  return root_ + u'/' + QFileInfo(path).completeBaseName() + u'-' + QLatin1String(hash.left(12));
+  return root_ + u'/' + fileNameAt(path) + u'-' + QLatin1String(hash.left(12));
 }
 
 bool Backups::setAside(const QString& company_path) {
+  return isDatabase(company_path) && setAside(company_path, [&company_path](const QString& aside) {
+           return copyFile(company_path, aside).isEmpty();
+         });
+}
+
+bool Backups::setAside(const QString& company_path,
+                       const std::function<bool(const QString&)>& copy) {
   const QString place = folder(company_path);
-  if (!isDatabase(company_path) || !QDir().mkpath(place)) return false;
+  if (!QDir().mkpath(place)) return false;
+  // Who makes the copy may give it to anybody.
+  QFile::setPermissions(place, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   const QString aside = place + u'/' + aside_prefix + QUuid::createUuid().toString(QUuid::Id128);
-  if (!copyFile(company_path, aside).isEmpty()) return false;
+  if (!copy(aside)) return false;
   drop(company_path);
   aside_[place] = aside;
   return true;

@@ -1,4 +1,4 @@
-// Dated copies of company files.
+// Dated copies of companies. A path is a company file's, or the address of one on a server.
 #pragma once
 
 #include <QDateTime>
@@ -15,11 +15,12 @@ struct Backup {
   qint64 bytes = 0;
 };
 
-/// Keeps the last ten copies of each company file in a folder of its own below `root`.
+/// Keeps the last ten copies of each company, as company files, in a folder of its own below
+/// `root`.
 ///
-/// A copy is taken while the file is closed and set aside; it counts from the first change of
-/// the opening that follows, and is dropped if none comes. Copies set aside by other programs that
-/// have the company open, or try to, are left alone.
+/// A copy is taken while the file is closed, or by whoever has the company open, and set aside; it
+/// counts from the first change of the opening that follows, and is dropped if none comes. Copies
+/// set aside by other programs that have the company open, or try to, are left alone.
 class Backups {
  public:
   static constexpr int kept = 10;
@@ -31,6 +32,9 @@ class Backups {
 
   /// Sets a copy of `company_path` aside. The file must not be open. Returns whether it could.
   bool setAside(const QString& company_path);
+  /// The same of a company that only `copy` can reach, which makes a file of this path and returns
+  /// whether it could.
+  bool setAside(const QString& company_path, const std::function<bool(const QString&)>& copy);
   /// The file is open, and nobody else can have it open. A copy that a crash left behind becomes a
   /// backup where the company was changed after it was taken.
   void opened(const QString& company_path);

@@ -1,4 +1,5 @@
-// The company files that the host window opens.
+// The company files that the host window opens. A path is a company file's, or the address of a
+// company on a server, unless it is said to be a file's.
 #pragma once
 
 #include <memory>
@@ -6,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/company_info.h"
 #include "host/failed_change.h"
@@ -38,6 +40,9 @@ class Company {
   [[nodiscard]] virtual CompanyInfo info() const = 0;
   /// Fails with CompanyFileError, and then changes nothing.
   virtual void setInfo(const CompanyInfo& info) = 0;
+  /// Takes over all that the company file of this path holds, in one change: all of it or nothing.
+  /// Fails with CompanyFileError.
+  virtual void become(const std::string& path) = 0;
   /// Until the company is opened again nothing in it can be changed.
   virtual void refuseChanges() = 0;
   /// Why the last write failed, for the user; told once.
@@ -53,7 +58,14 @@ class Company {
   virtual void close() = 0;
 };
 
-/// Makes and opens company files. Both fail with CompanyFileError, as holding one does.
+/// A company as the list of its server has it.
+struct CompanyOnServer {
+  std::string address;
+  std::string name;    ///< that it is filed under
+  std::string in_use;  ///< by whom, as " by anna on OFFICE-3 (…)"; "" where it is free
+};
+
+/// Makes and opens company files. What does not work is a CompanyFileError.
 class CompanyFiles {
  public:
   virtual ~CompanyFiles() = default;
@@ -61,11 +73,13 @@ class CompanyFiles {
   /// A file that is there already is left alone.
   virtual std::unique_ptr<Company> create(const std::string& path, const CompanyInfo& info) = 0;
   virtual std::unique_ptr<Company> open(const std::string& path) = 0;
-  /// Keeps a company file that is not open from everybody else as long as the answer lives; a file
-  /// that is not there is nobody's.
+  /// Keeps a company's file that is not open from everybody else as long as the answer lives; a
+  /// file that is not there is nobody's.
   virtual std::shared_ptr<void> hold(const std::string& path) = 0;
   /// The assets in a company file that is not open; nothing where it cannot be opened.
   virtual std::optional<int> assetsIn(const std::string& path) = 0;
+  /// The companies of the server with this address that the user may see.
+  virtual std::vector<CompanyOnServer> companiesOn(const std::string& server) = 0;
 
   /// Who is asked what becomes of a change of any company that cannot be written; none gives it up.
   void whenChangeFails(FailedChangeHandler handler) { change_failed_ = std::move(handler); }

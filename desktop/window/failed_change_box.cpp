@@ -15,7 +15,13 @@ namespace {
 
 using InFile = FailedChange::InFile;
 
+/// What becomes of a change that the disk did not take is on the disk; a server's trouble says it.
 QString whatFileHas(const FailedChange& change) {
+  if (change.on_server) {
+    return QObject::tr(
+        "The change is kept here until you have decided. Try again once the server "
+        "can be reached, or save all of the company to a file on this computer.");
+  }
   if (change.in_file == InFile::all) {
     return QObject::tr("The change is in the company file, but the disk did not confirm it.");
   }

@@ -1,6 +1,6 @@
 #include "desktop/window/main_window.h"
 
-#include <QFileInfo>
+#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "desktop/guide/guide_pages.h"
+#include "desktop/host/place.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/hint_bar.h"
 #include "desktop/window/start_page.h"
@@ -78,11 +79,11 @@ QString MainWindow::companyPath() const {
 
 QString MainWindow::companyTitle() const {
   const QString name = qtText(company()->info().name);
-  return name.isEmpty() ? QFileInfo(companyPath()).completeBaseName() : name;
+  return titleAt(name.isEmpty() ? nameAt(companyPath()) : name, companyPath());
 }
 
 bool MainWindow::openCompany(const QString& path) {
-  const QString absolute = QFileInfo(path).absoluteFilePath();
+  const QString absolute = wholePlace(path);
   if (isOpen(absolute) && (isLost() || !leaveCompany())) return false;
   bool copied = false;
   try {
@@ -92,6 +93,7 @@ bool MainWindow::openCompany(const QString& path) {
     }
     copied = around_.backups.setAside(absolute);
     auto company = around_.files.open(absolute.toStdString());
+    if (isOnServer(absolute)) copied = setAside(*company);
     around_.backups.opened(absolute);
     // It may be damaged or in use: only now is there a reason to leave the one that is open.
     if (!leaveCompany()) {
@@ -131,11 +133,11 @@ bool MainWindow::isOpen(const QString& path) const {
 
 void MainWindow::openCompanyWhenPainted(const QString& path) {
   awaiting_paint_ = path;
-  company_label_->setText(tr("Opening %1…").arg(QFileInfo(path).completeBaseName()));
+  company_label_->setText(tr("Opening %1…").arg(titleAt(nameAt(path), path)));
 }
 
 bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
-  const QString absolute = QFileInfo(path).absoluteFilePath();
+  const QString absolute = wholePlace(path);
   if (!mayLeave()) return false;
   try {
     auto company = around_.files.create(absolute.toStdString(), info);

@@ -148,6 +148,7 @@ class MainWindow : public QMainWindow, public GuideReader {
   // main_window_dialogs.cpp
   void askNewCompany();
   void askOpenCompany();
+  void askOpenFromServer();
   [[nodiscard]] ScheduleJob jobOf(Calculator& calculator);
   void print();
   void previewPrint();
@@ -221,6 +222,7 @@ class MainWindow : public QMainWindow, public GuideReader {
   void saveImported(const AssetImport& import);
 
   // main_window_backups.cpp
+  bool setAside(Company& company);
   void askBackup();
   void offerBackups(const QString& path);
   void tellNotOpened(const CompanyFileError& error, const QString& path);

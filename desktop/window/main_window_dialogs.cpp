@@ -1,8 +1,9 @@
 #include <QApplication>
-#include <QFileInfo>
+#include <QDir>
 #include <QMessageBox>
 
 #include "desktop/guide/guide_pages.h"
+#include "desktop/host/place.h"
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
@@ -10,6 +11,7 @@
 #include "desktop/window/file_dialogs.h"
 #include "desktop/window/main_window.h"
 #include "desktop/window/new_company_file.h"
+#include "desktop/window/open_from_server_dialog.h"
 #include "desktop/window/printing.h"
 #include "desktop/window/warning_box.h"
 #include "help/help_topics.h"
@@ -24,14 +26,15 @@ void MainWindow::tell(const QString& text) {
 /// Where the user keeps companies.
 QString MainWindow::companyFolder() const {
   const QString last = company() != nullptr ? companyPath() : around_.settings.recent().value(0);
-  return last.isEmpty() ? QString() : QFileInfo(last).absolutePath();
+  if (isOnServer(last)) return around_.documents.isEmpty() ? QDir::homePath() : around_.documents;
+  return last.isEmpty() ? QString() : folderOf(last);
 }
 
 void MainWindow::askNewCompany() {
   const QString path = askNewCompanyFile(this, companyFolder());
   if (path.isEmpty()) return;
   CompanyInfo fresh;
-  fresh.name = QFileInfo(path).completeBaseName().toStdString();
+  fresh.name = nameAt(path).toStdString();
   CompanyInfoDialog dialog(fresh, this);
   if (dialog.exec() == QDialog::Accepted) createCompany(path, dialog.info());
 }
@@ -41,6 +44,23 @@ void MainWindow::askOpenCompany() {
       this,
       {.title = tr("Open Company"), .filter = companyFileFilter(), .proposed = companyFolder()});
   if (!path.isEmpty()) openCompany(path);
+}
+
+void MainWindow::askOpenFromServer() {
+  OpenFromServerDialog dialog(around_.files, around_.settings, companyPath(), this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  if (!dialog.wantsNew()) {
+    openCompany(dialog.company());
+    return;
+  }
+  CompanyInfo fresh;
+  while (fresh.name.empty()) {
+    CompanyInfoDialog info(fresh, this);
+    if (info.exec() != QDialog::Accepted) return;
+    fresh = info.info();
+    if (fresh.name.empty()) tell(tr("Please enter a name. The server files the company under it."));
+  }
+  createCompany(dialog.addressOf(qtText(fresh.name)), fresh);
 }
 
 void MainWindow::showAbout() {

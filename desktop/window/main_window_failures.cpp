@@ -1,11 +1,11 @@
 // What the user is told where a company file fails, and copies of it.
-#include <QFileInfo>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
+#include "desktop/host/place.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/failed_change_box.h"
 #include "desktop/window/file_dialogs.h"
@@ -120,9 +120,7 @@ void MainWindow::endTelling(bool given_up) {
 }
 
 QString MainWindow::askCopyPath() {
-  const QFileInfo company_file(companyPath());
-  const QString proposed =
-      tr("%1/%2 copy").arg(company_file.absolutePath(), company_file.completeBaseName());
+  const QString proposed = tr("%1/%2 copy").arg(companyFolder(), fileNameAt(companyPath()));
   const QString path = askFileToSave(this, {.title = tr("Save a Copy As"),
                                             .filter = tr("Company files (*.company)"),
                                             .proposed = proposed + file_suffix});
@@ -136,7 +134,7 @@ void MainWindow::askCopy() {
 
 bool MainWindow::saveCopy(const QString& path) {
   try {
-    company()->saveCopy(QFileInfo(path).absoluteFilePath().toStdString());
+    company()->saveCopy(wholePlace(path).toStdString());
   } catch (const CompanyFileError& error) {
     tell(qtText(error.what()));
     return false;

@@ -1,7 +1,7 @@
 #include <QApplication>
-#include <QFileInfo>
 #include <QMenuBar>
 
+#include "desktop/host/place.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/main_window.h"
 #include "help/help_topics.h"
@@ -44,6 +44,7 @@ void MainWindow::makeFileMenu() {
       addAction(menu, tr("&New Company…"), QKeySequence::New, &MainWindow::askNewCompany);
   open_company_ =
       addAction(menu, tr("&Open Company…"), QKeySequence::Open, &MainWindow::askOpenCompany);
+  addAction(menu, tr("Open from S&erver…"), {}, &MainWindow::askOpenFromServer);
   recent_menu_ = menu.addMenu(tr("&Recent Companies"));
   connect(recent_menu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
   company_actions_ << addAction(menu, tr("&Close Company"), QKeySequence::Close,
@@ -104,7 +105,7 @@ void MainWindow::fillRecentMenu() {
   recent_menu_->clear();
   int number = 0;
   for (const QString& path : around_.settings.recent()) {
-    const QString name = QFileInfo(path).completeBaseName().replace(u'&', QStringLiteral("&&"));
+    const QString name = titleAt(nameAt(path), path).replace(u'&', QStringLiteral("&&"));
     QAction* const action = recent_menu_->addAction(tr("&%1 %2").arg(++number).arg(name));
     action->setToolTip(toolTipText(path));
     connect(action, &QAction::triggered, this, [this, path] { openCompany(path); });

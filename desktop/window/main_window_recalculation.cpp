@@ -1,8 +1,8 @@
 // The company's fiscal year and the assets' amounts.
-#include <QFile>
 
 #include "DepCalc/recalculation.h"
 #include "common/trapped.h"
+#include "desktop/host/place.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/company_info_dialog.h"
 #include "desktop/window/main_window.h"
@@ -94,7 +94,7 @@ bool MainWindow::keepFreshBackup() {
   if (!openCompany(path)) return false;
   const QString before = newest();
   backup_kept_ = around_.backups.keep(path, QDateTime::currentDateTime());
-  if (backup_kept_ && (!QFile::exists(path) || newest() != before)) return true;
+  if (backup_kept_ && (!mayBeThere(path) || newest() != before)) return true;
   tell(tr("Nothing was changed. No backup could be made in the backup folder."));
   return false;
 }

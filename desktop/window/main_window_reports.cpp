@@ -33,8 +33,9 @@ void MainWindow::showReports(ReportKind kind) {
   if (company() == nullptr) return;
   if (reports_ == nullptr) {
     const bool made = trapped("DepCalcDesktop::showReports", [this] {
-      reports_ = new ReportsWindow(
-          {[this] { return registerForReports(); }, around_.settings, companyPath()}, this);
+      reports_ = new ReportsWindow({[this] { return registerForReports(); }, around_.settings,
+                                    companyPath(), companyFolder()},
+                                   this);
     });
     if (!made) return tell(tr("The assets could not be read for a report."));
     connect(reports_, &ReportsWindow::closed, this, [this] {

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -343,9 +342,8 @@ void ReportsWindow::exportAs(const OfferedFormat& format) {
   if (!trouble.empty())
     return warn(tr("The report could not be made: %1.").arg(qtText(trouble)), this);
   const QString suffix = qtText(format.suffix);
-  const QString folder = QFileInfo(around_.company_path).absolutePath();
   exportReport(
-      {.proposed = folder + u'/' + qtText(desk_.fileName()) + suffix,
+      {.proposed = around_.folder + u'/' + qtText(desk_.fileName()) + suffix,
        .filter = qtText(format.caption).remove(u'&') + QStringLiteral(" (*%1)").arg(suffix),
        .suffix = suffix,
        .taken = around_.company_path},

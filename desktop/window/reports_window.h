@@ -33,6 +33,7 @@ class ReportsWindow : public QWidget {
     std::function<std::shared_ptr<const RegisterOfAssets>()> read;
     Settings& settings;
     QString company_path;
+    QString folder;  ///< for the files that reports become
   };
 
   ReportsWindow(Surroundings surroundings, QWidget* parent);

@@ -1,10 +1,10 @@
 #include "desktop/window/settings.h"
 
 #include <QCryptographicHash>
-#include <QFileInfo>
 #include <algorithm>
 #include <array>
 
+#include "desktop/host/place.h"
 #include "desktop/widgets/scale.h"
 
 namespace depcalc::desktop {
@@ -12,6 +12,7 @@ namespace {
 
 const QString recent_key = QStringLiteral("companies/recent");
 const QString last_key = QStringLiteral("companies/last");
+const QString servers_key = QStringLiteral("companies/servers");
 const QString zoom_key = QStringLiteral("view/zoom");
 const QString fit_width_key = QStringLiteral("view/fit_width");
 const QString geometry_key = QStringLiteral("window/geometry");
@@ -70,7 +71,7 @@ void Settings::put(const QString& key, const QVariant& value) {
 
 QStringList Settings::recent() const {
   QStringList paths = store_.value(recent_key).toStringList();
-  erase_if(paths, [](const QString& path) { return !QFileInfo::exists(path); });
+  erase_if(paths, [](const QString& path) { return !mayBeThere(path); });
   return paths;
 }
 
@@ -79,6 +80,15 @@ void Settings::addRecent(const QString& path) {
   paths.removeAll(path);
   paths.prepend(path);
   put(recent_key, QStringList(paths.mid(0, most_recent)));
+}
+
+QStringList Settings::servers() const { return store_.value(servers_key).toStringList(); }
+
+void Settings::addServer(const QString& address) {
+  QStringList servers = this->servers();
+  servers.removeAll(address);
+  servers.prepend(address);
+  store_.setValue(servers_key, QStringList(servers.mid(0, most_recent)));
 }
 
 QString Settings::lastCompany() const { return store_.value(last_key).toString(); }

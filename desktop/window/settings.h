@@ -28,9 +28,14 @@ class Settings {
   /// Kept in an INI file of this path.
   explicit Settings(const QString& path) : store_(path, QSettings::IniFormat) {}
 
-  /// The companies opened last, the latest first; files that are gone are left out.
+  /// The companies opened last, the latest first; files that are gone are left out. A company on a
+  /// server is its address, which has no password.
   [[nodiscard]] QStringList recent() const;
   void addRecent(const QString& path);
+
+  /// The addresses of the servers whose companies were listed last, the latest first.
+  [[nodiscard]] QStringList servers() const;
+  void addServer(const QString& address);
 
   /// The company that was open at the end of the last run; "" where there was none.
   [[nodiscard]] QString lastCompany() const;

@@ -2,19 +2,20 @@
 
 #include <QAction>
 #include <QDir>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 
+#include "desktop/host/place.h"
 #include "desktop/widgets/text_block.h"
 
 namespace depcalc::desktop {
 namespace {
 
-/// The folder as its owner calls it.
-QString folderOf(const QString& path) {
-  const QString folder = QDir::toNativeSeparators(QFileInfo(path).absolutePath());
+/// The folder as its owner calls it, or the server.
+QString whereIs(const QString& path) {
+  if (isOnServer(path)) return QObject::tr("on %1").arg(serverOf(path));
+  const QString folder = QDir::toNativeSeparators(folderOf(path));
   const QString home = QDir::homePath();
   const bool inside = folder == home || folder.startsWith(home + u'/');
   return inside ? u'~' + folder.mid(home.size()) : folder;
@@ -23,8 +24,8 @@ QString folderOf(const QString& path) {
 QString captionOf(const QString& path, const QFontMetrics& metrics) {
   constexpr int characters = 50;
   const QString folder =
-      metrics.elidedText(folderOf(path), Qt::ElideMiddle, metrics.averageCharWidth() * characters);
-  QString caption = QFileInfo(path).completeBaseName() + QStringLiteral("  –  ") + folder;
+      metrics.elidedText(whereIs(path), Qt::ElideMiddle, metrics.averageCharWidth() * characters);
+  QString caption = nameAt(path) + QStringLiteral("  –  ") + folder;
   return caption.replace(u'&', QStringLiteral("&&"));
 }
 

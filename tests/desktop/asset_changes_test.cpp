@@ -3,7 +3,7 @@
 #include <QTableWidget>
 
 #include "changes/entering_units.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "tests/desktop/modal_steps.h"
 #include "tests/desktop/window_fixture.h"
 

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 
 #include "desktop/host/same_company.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 
 namespace depcalc::testing {
 namespace {
@@ -30,7 +30,7 @@ struct Companies : ::testing::Test {
   }
 
   QTemporaryDir directory;
-  desktop::SqliteCompanies files{[] { return Date::strict(2024, 6, 15); }};
+  desktop::StoredCompanies files{[] { return Date::strict(2024, 6, 15); }};
 };
 
 TEST_F(Companies, KeepWhatCompanyInfoSays) {

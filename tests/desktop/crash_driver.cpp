@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <random>
 
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/window/main_window.h"
 #include "entry/dep_calc_ctl.h"
 
@@ -86,7 +86,7 @@ void answerBoxes() {
 }
 
 int drive(const QString& company, const QString& directory, unsigned seed) {
-  desktop::SqliteCompanies files([] { return Date::strict(2024, 6, 15); });
+  desktop::StoredCompanies files([] { return Date::strict(2024, 6, 15); });
   desktop::Settings settings(directory + QStringLiteral("/settings.ini"));
   desktop::Backups backups(directory + QStringLiteral("/backups"));
   desktop::MainWindow window(

@@ -14,7 +14,7 @@
 
 #include "DepCalc/asset_store.h"
 #include "desktop/host/backups.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "tests/support/company_lock.h"
 
 namespace depcalc::testing {
@@ -131,7 +131,7 @@ class DesktopCrash : public ::testing::Test {
 
   QTemporaryDir directory_;
   QString company_ = directory_.filePath("joinery.company");
-  desktop::SqliteCompanies files_{[] { return Date::strict(2024, 6, 15); }};
+  desktop::StoredCompanies files_{[] { return Date::strict(2024, 6, 15); }};
   QProcess first_;
   QProcess second_;
 };

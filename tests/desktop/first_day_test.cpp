@@ -7,7 +7,7 @@
 #include <QTextBrowser>
 
 #include "desktop/guide/guide_pages.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/widgets/guide_help.h"
 #include "desktop/window/guide_window.h"
 #include "desktop/window/reports_window.h"
@@ -90,7 +90,7 @@ struct FirstDay : WindowTest {
   }
   QString guidePage() { return guide() == nullptr ? QString() : guide()->page(); }
 
-  desktop::SqliteCompanies files{[] { return Date::strict(2025, 12, 15); }};
+  desktop::StoredCompanies files{[] { return Date::strict(2025, 12, 15); }};
   std::unique_ptr<desktop::MainWindow> other;
 };
 

@@ -235,6 +235,7 @@ TEST(GuidePages, HelpWithinTwoClicksWhereOneMayBeStuck) {
       {"register", desktop::guidePageFor({.screen = ShownScreen::assets, .assets = 3})},
       {"Company Info", guide::company_info},
       {"Open Company", guide::open_company},
+      {"Open from Server", guide::servers},
       {"Import", guide::importing},
       {"Reports", guide::reports},
       {"Print", guide::printing},

@@ -38,6 +38,10 @@ class MemoryCompanies : public desktop::CompanyFiles {
     return companies.contains(path) ? std::optional(0) : std::nullopt;
   }
 
+  std::vector<desktop::CompanyOnServer> companiesOn(const std::string& server) override {
+    throw desktop::CompanyFileError(server + ": there is nothing but memory here");
+  }
+
   std::map<std::string, Kept> companies;
 
  private:
@@ -57,6 +61,9 @@ class MemoryCompanies : public desktop::CompanyFiles {
       kept_.info = info;
       kept_.file->fiscalYearStart(firstDay(info));
       kept_.file->multiUser(info.multi_user);
+    }
+    void become(const std::string& path) override {
+      throw desktop::CompanyFileError(path + ": there is nothing but memory here");
     }
     void refuseChanges() override { kept_.changes_refused = true; }
     std::optional<std::string> takeTrouble() override { return std::nullopt; }

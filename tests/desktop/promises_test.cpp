@@ -183,9 +183,9 @@ TEST_F(Promises, ABackupIsRestoredByKeyboard) {
 TEST_F(Promises, MenusHaveWhatTheTextsSayTheyHave) {
   const std::pair<const char*, std::vector<std::string>> menus[] = {
       {"File",
-       {"New Company…", "Open Company…", "Recent Companies", "Close Company", "Save a Copy As…",
-        "Restore Backup…", "Import…", "Switch to Multi-user Mode", "Switch to Single-user Mode",
-        "Print…", "Print Preview…", "Quit"}},
+       {"New Company…", "Open Company…", "Open from Server…", "Recent Companies", "Close Company",
+        "Save a Copy As…", "Restore Backup…", "Import…", "Switch to Multi-user Mode",
+        "Switch to Single-user Mode", "Print…", "Print Preview…", "Quit"}},
       {"Edit",
        {"Undo", "Redo", "History…", "Copy", "Copy Whole Table", "Find Asset", "Preferences…"}},
       {"Company", {"Company Info…", "Recalculate All Assets…", "Depreciation Calculator"}},

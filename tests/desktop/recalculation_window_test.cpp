@@ -4,7 +4,7 @@
 #include <QPushButton>
 
 #include "DepCalc/recalculation.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/window/recalculation_dialog.h"
 #include "tests/desktop/window_fixture.h"
 
@@ -173,7 +173,7 @@ TEST_F(RecalculationWindow, TheMenuListsWhatWouldChangeAndWhatIsLeft) {
 TEST(RecalculationOfAFile, KeepsABackupOfTheCompanyAsItIs) {
   const QTemporaryDir directory;
   const auto today = [] { return Date::strict(2024, 6, 15); };
-  desktop::SqliteCompanies files(today);
+  desktop::StoredCompanies files(today);
   desktop::Settings settings{directory.filePath("settings.ini")};
   desktop::Backups backups{directory.filePath("backups")};
   desktop::MainWindow window({files, settings, backups, today, "/start"});

@@ -6,7 +6,7 @@
 
 #include "DepCalc/register_answers.h"
 #include "common/trapped.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/window/main_window.h"
 #include "register/register_array.h"
 #include "tests/desktop/boxes.h"
@@ -89,7 +89,7 @@ class OpenWindow {
 
   Boxes boxes_;
   QTemporaryDir directory_;
-  desktop::SqliteCompanies companies_{[] { return Date::strict(2024, 6, 1); }};
+  desktop::StoredCompanies companies_{[] { return Date::strict(2024, 6, 1); }};
   desktop::Settings settings_{directory_.filePath("settings.ini")};
   desktop::Backups backups_{directory_.filePath("backups")};
   desktop::MainWindow window_{

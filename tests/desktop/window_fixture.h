@@ -1,4 +1,5 @@
-// The host's window with companies in memory, and a user who answers its boxes.
+// The host's window, with companies in memory unless a test has others, and a user who answers its
+// boxes.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -23,8 +24,10 @@
 
 namespace depcalc::testing {
 
-struct WindowTest : ::testing::Test {
-  WindowTest() {
+/// `Companies` is, or becomes, what the window opens companies by.
+template <typename Companies>
+struct WindowWith : ::testing::Test {
+  WindowWith() {
     window.show();
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -156,12 +159,14 @@ struct WindowTest : ::testing::Test {
   }
 
   QTemporaryDir directory;
-  MemoryCompanies companies;
+  Companies companies;
   desktop::Settings settings{directory.filePath("settings.ini")};
   desktop::Backups backups{directory.filePath("backups")};
   Boxes boxes;
   desktop::MainWindow window{
       {companies, settings, backups, [] { return Date::strict(2024, 6, 15); }, "/start"}};
 };
+
+using WindowTest = WindowWith<MemoryCompanies>;
 
 }  // namespace depcalc::testing

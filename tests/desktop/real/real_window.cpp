@@ -26,7 +26,7 @@ void closeDialogs(RealUser& user) {
 
 RealWindow::RealWindow() {
   gui([this] {
-    companies = std::make_unique<desktop::SqliteCompanies>(today);
+    companies = std::make_unique<desktop::StoredCompanies>(today);
     settings = std::make_unique<desktop::Settings>(directory.filePath("settings.ini"));
     backups = std::make_unique<desktop::Backups>(directory.filePath("backups"));
   });

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "compare/dep_calc_display_ctl.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/window/main_window.h"
 #include "entry/dep_calc_ctl.h"
 #include "register/dep_calc_view.h"
@@ -66,7 +66,7 @@ struct RealWindow : ::testing::Test {
 
   RealUser user;
   QTemporaryDir directory;
-  std::unique_ptr<desktop::SqliteCompanies> companies;
+  std::unique_ptr<desktop::StoredCompanies> companies;
   std::unique_ptr<desktop::Settings> settings;
   std::unique_ptr<desktop::Backups> backups;
   std::unique_ptr<desktop::MainWindow> window;

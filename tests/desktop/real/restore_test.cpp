@@ -89,7 +89,7 @@ TEST_F(Restoring, AsksForTheCompanyWhereNoneIsOpen) {
 TEST_F(Restoring, TakesNothingFromAnotherProgramThatHasTheCompany) {
   const desktop::Backup backup = gui([this] { return backups->of(path()).front(); });
   openCompany(path());
-  desktop::SqliteCompanies others([] { return Date::strict(2024, 6, 15); });
+  desktop::StoredCompanies others([] { return Date::strict(2024, 6, 15); });
   EXPECT_THROW((void)others.hold(path().toStdString()), desktop::CompanyFileError);
   gui([this] { window->closeCompany(); });
   EXPECT_NE(others.hold(path().toStdString()), nullptr);
