@@ -106,7 +106,6 @@ void OpenFromServerDialog::makeList() {
   connect(companies_, &QListWidget::currentRowChanged, this, &OpenFromServerDialog::enable);
   connect(companies_, &QListWidget::itemActivated, this, &OpenFromServerDialog::accept);
   note_->setObjectName(QStringLiteral("Note"));
-  note_->setAccessibleName(tr("Message"));
   note_->setTextFormat(Qt::PlainText);
   note_->setWordWrap(true);
   // To be sent to whoever looks after the server.

@@ -51,6 +51,12 @@ QStringList with(QStringList texts, const QString& text, int most) {
   return texts.mid(std::max(0, static_cast<int>(texts.size()) - most));
 }
 
+QStringList latestFirst(QStringList texts, const QString& text) {
+  texts.removeAll(text);
+  texts.prepend(text);
+  return texts.mid(0, Settings::most_recent);
+}
+
 const QString import_headers_key = QStringLiteral("import/headers");
 const QString import_columns_key = QStringLiteral("import/columns_%1");
 
@@ -76,19 +82,13 @@ QStringList Settings::recent() const {
 }
 
 void Settings::addRecent(const QString& path) {
-  QStringList paths = store_.value(recent_key).toStringList();
-  paths.removeAll(path);
-  paths.prepend(path);
-  put(recent_key, QStringList(paths.mid(0, most_recent)));
+  put(recent_key, latestFirst(store_.value(recent_key).toStringList(), path));
 }
 
 QStringList Settings::servers() const { return store_.value(servers_key).toStringList(); }
 
 void Settings::addServer(const QString& address) {
-  QStringList servers = this->servers();
-  servers.removeAll(address);
-  servers.prepend(address);
-  store_.setValue(servers_key, QStringList(servers.mid(0, most_recent)));
+  put(servers_key, latestFirst(servers(), address));
 }
 
 QString Settings::lastCompany() const { return store_.value(last_key).toString(); }
