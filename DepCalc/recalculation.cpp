@@ -8,7 +8,7 @@
 #include "DepCalc/saved_types.h"
 #include "common/heard_reports.h"
 #include "common/trapped.h"
-#include "engine/method_results.h"
+#include "engine/method_batch.h"
 #include "entry/field_rules.h"
 #include "host/fiscal_year.h"
 #include "values/number_text.h"
@@ -53,9 +53,10 @@ std::string refusedByForm(const CalculateDep& asset) {
 }
 
 /// Why a calculation failed; empty where it did not.
-std::string failureOfCalculating(CalculateDep& asset) {
+template <typename Calculation>
+std::string failureOf(Calculation calculation) {
   const HeardReports heard;
-  const bool done = trapped("DepCalc::Recalculate", [&] { calculateChosen(asset); });
+  const bool done = trapped("DepCalc::Recalculate", calculation);
   if (heard.ofMemory() || (!done && heard.last().empty())) throw RuntimeError::outOfMemory();
   return heard.last();
 }
@@ -88,36 +89,65 @@ class Calculating {
 
   Recalculation all() {
     const std::int32_t count = assets_.assetCount();
-    for (std::int32_t i = 1; i <= count; ++i) look(i);
+    for (std::int32_t i = 1; i <= count; ++i) {
+      looked_.push_back(look(i));
+      if (looked_.size() == MethodBatch::most || i == count) calculateLookedAt();
+    }
     return std::move(result_);
   }
 
  private:
-  void look(std::int32_t number) {
-    const CalculateDepPtr asset = assets_.asset(number);
-    const auto leave = [&](std::string reason) {
-      result_.left.push_back({number, asset->AssetID(), std::move(reason)});
-    };
+  /// An asset that is ready to be calculated, unless there is a reason to leave it.
+  struct Looked {
+    std::int32_t number = 0;
+    CalculateDepPtr asset;
+    std::string reason{};
+    AmountsByYear before{};
+    bool moves = false;
+  };
+
+  Looked look(std::int32_t number) {
+    Looked looked{.number = number, .asset = assets_.asset(number)};
+    CalculateDep& asset = *looked.asset;
+    looked.reason = reasonToLeave(number, asset);
+    if (!looked.reason.empty()) return looked;
+    looked.before = amountsOf(asset);
+    looked.moves =
+        ends_ == FiscalYearEnds::company && !isSameDayOfYear(asset.FYEnd(), company_end_);
+    if (looked.moves) asset.FYEnd(company_end_);
+    return looked;
+  }
+
+  [[nodiscard]] std::string reasonToLeave(std::int32_t number, const CalculateDep& asset) const {
     const auto wrong = wrongTypesIn(*table_, static_cast<std::int16_t>(number));
-    if (!wrong.empty()) return leave(wrong.front());
-    if (asset->RecIndex() != std::to_string(number)) {
-      return leave("Its record has the number " + asset->RecIndex() + " instead of " +
-                   std::to_string(number) + ".");
+    if (!wrong.empty()) return wrong.front();
+    if (asset.RecIndex() != std::to_string(number)) {
+      return "Its record has the number " + asset.RecIndex() + " instead of " +
+             std::to_string(number) + ".";
     }
-    const bool has_method = !asset->DepMethod().empty();
-    if (std::string refusal = has_method ? refusedByForm(*asset) : ""; !refusal.empty()) {
-      return leave(std::move(refusal));
+    return asset.DepMethod().empty() ? "" : refusedByForm(asset);
+  }
+
+  void calculateLookedAt() {
+    std::vector<CalculateDep*> together;
+    for (const Looked& looked : looked_) together.push_back(looked.asset.get());
+    batch_.calculate(together);
+    for (std::size_t i = 0; i < looked_.size(); ++i) calculate(i, looked_[i]);
+    looked_.clear();
+  }
+
+  void calculate(std::size_t index, const Looked& looked) {
+    std::string reason = looked.reason;
+    if (reason.empty()) reason = failureOf([&] { batch_.giveChosen(index); });
+    if (!reason.empty()) {
+      result_.left.push_back({looked.number, looked.asset->AssetID(), std::move(reason)});
+      return;
     }
-    const AmountsByYear before = amountsOf(*asset);
-    const bool moves =
-        ends_ == FiscalYearEnds::company && !isSameDayOfYear(asset->FYEnd(), company_end_);
-    if (moves) asset->FYEnd(company_end_);
-    if (std::string failure = failureOfCalculating(*asset); !failure.empty()) {
-      return leave(std::move(failure));
+    ++(looked.asset->DepMethod().empty() ? result_.without_method : result_.calculated);
+    if (looked.moves) ++result_.moved;
+    if (addChanges(looked.number, *looked.asset, looked.before) || looked.moves) {
+      result_.to_save.push_back(looked.asset);
     }
-    ++(has_method ? result_.calculated : result_.without_method);
-    if (moves) ++result_.moved;
-    if (addChanges(number, *asset, before) || moves) result_.to_save.push_back(asset);
   }
 
   /// Whether there is any. A year without an amount counts as one with 0.
@@ -138,6 +168,8 @@ class Calculating {
   FiscalYearEnds ends_;
   Date company_end_;
   std::shared_ptr<HostTable> table_;
+  std::vector<Looked> looked_;
+  MethodBatch batch_;
   Recalculation result_;
 };
 

@@ -1,12 +1,15 @@
 // How many assets a second the four methods are calculated for, on one core.
 #include <benchmark/benchmark.h>
 
+#include <ctime>
 #include <memory>
 #include <random>
+#include <span>
 #include <vector>
 
 #include "bench/bare_methods.h"
 #include "engine/calculate_dep.h"
+#include "engine/method_batch.h"
 
 namespace depcalc::bench {
 namespace {
@@ -58,44 +61,117 @@ void countAssets(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(asset_count));
 }
 
-void fourMethods(benchmark::State& state) {
-  const auto assets = someAssets(state);
-  std::vector<Currency> straight_line;
-  std::vector<Currency> sum_of_years_digits;
-  std::vector<Currency> double_declining_balance;
-  while (state.KeepRunning()) {
-    for (const auto& asset : assets) {
-      asset->StraightLine(straight_line);
-      asset->SumofYearsDigits(sum_of_years_digits);
-      asset->DoubleDecliningBalance(double_declining_balance);
-      benchmark::DoNotOptimize(straight_line.data());
-      benchmark::DoNotOptimize(sum_of_years_digits.data());
-      benchmark::DoNotOptimize(double_declining_balance.data());
+/// The assets and all that is needed to calculate them again and again.
+class Work {
+ public:
+  explicit Work(const benchmark::State& state) : assets_(someAssets(state)) {
+    Random random(1);
+    for (const auto& asset : assets_) {
+      bare_.push_back(bare(*asset, random));
+      records_.push_back(asset.get());
+      scheduled_.push_back(asset->scheduled());
+    }
+  }
+
+  /// One record after the other.
+  void one() {
+    for (const auto& asset : assets_) {
+      asset->StraightLine(results_.straight_line);
+      asset->SumofYearsDigits(results_.sum_of_years_digits);
+      asset->DoubleDecliningBalance(results_.double_declining_balance);
+      benchmark::DoNotOptimize(results_.straight_line.data());
+      benchmark::DoNotOptimize(results_.sum_of_years_digits.data());
+      benchmark::DoNotOptimize(results_.double_declining_balance.data());
       benchmark::DoNotOptimize(asset->UnitsofProduction());
       benchmark::ClobberMemory();
     }
   }
-  countAssets(state);
-}
 
-void bareLoop(benchmark::State& state) {
-  Random random(1);
-  std::vector<BareAsset> assets;
-  for (const auto& asset : someAssets(state)) assets.push_back(bare(*asset, random));
-  BareSchedules schedules;
-  while (state.KeepRunning()) {
-    for (const BareAsset& asset : assets) {
-      bareMethods(asset, schedules);
-      benchmark::DoNotOptimize(schedules);
+  /// Side by side, the amounts alone.
+  void many() {
+    for (std::size_t i = 0; i < asset_count; i += MethodBatch::most) {
+      schedules_.calculate(std::span(scheduled_).subspan(i, MethodBatch::most));
+      benchmark::DoNotOptimize(schedules_.of(0));
       benchmark::ClobberMemory();
     }
   }
+
+  /// Side by side, and given to the records.
+  void manyRecords() {
+    for (std::size_t i = 0; i < asset_count; i += MethodBatch::most) {
+      methods_.calculate(std::span(records_).subspan(i, MethodBatch::most));
+      for (std::size_t j = 0; j < MethodBatch::most; ++j) methods_.giveAllMethods(j, results_);
+      benchmark::DoNotOptimize(results_);
+      benchmark::ClobberMemory();
+    }
+  }
+
+  /// The arithmetic alone.
+  void bareLoop() {
+    for (const BareAsset& asset : bare_) {
+      bareMethods(asset, bare_schedules_);
+      benchmark::DoNotOptimize(bare_schedules_);
+      benchmark::ClobberMemory();
+    }
+  }
+
+ private:
+  std::vector<CalculateDepPtr> assets_;
+  std::vector<CalculateDep*> records_;
+  std::vector<ScheduledAsset> scheduled_;
+  std::vector<BareAsset> bare_;
+  MethodResults results_;
+  ScheduleBatch schedules_;
+  MethodBatch methods_;
+  BareSchedules bare_schedules_;
+};
+static_assert(asset_count % MethodBatch::most == 0);
+
+template <void (Work::*calculate)()>
+void assets(benchmark::State& state) {
+  Work work(state);
+  while (state.KeepRunning()) (work.*calculate)();
   countAssets(state);
 }
 
+double processorTime() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+/// Seconds of `rounds` times `calculate`.
+double timeOf(Work& work, void (Work::*calculate)()) {
+  constexpr int rounds = 50;
+  const double begin = processorTime();
+  for (int i = 0; i < rounds; ++i) (work.*calculate)();
+  return processorTime() - begin;
+}
+
+/// How many assets are calculated while the bare loop calculates one: each in its turn, so that
+/// whatever else slows the machine down slows all of them down.
+void besideTheBareLoop(benchmark::State& state) {
+  Work work(state);
+  double bare = 0;
+  double one = 0;
+  double many = 0;
+  double many_records = 0;
+  while (state.KeepRunning()) {
+    bare += timeOf(work, &Work::bareLoop);
+    one += timeOf(work, &Work::one);
+    many += timeOf(work, &Work::many);
+    many_records += timeOf(work, &Work::manyRecords);
+  }
+  state.counters["one"] = bare / one;
+  state.counters["many"] = bare / many;
+  state.counters["many_records"] = bare / many_records;
+}
+
 // Useful lives of 5 years, and of 3 to 10.
-BENCHMARK(fourMethods)->ArgNames({"from", "to"})->Args({5, 5})->Args({3, 10});
-BENCHMARK(bareLoop)->ArgNames({"from", "to"})->Args({5, 5})->Args({3, 10});
+void lives(benchmark::internal::Benchmark* benchmark) {
+  benchmark->ArgNames({"from", "to"})->Args({5, 5})->Args({3, 10});
+}
+BENCHMARK(assets<&Work::one>)->Name("fourMethods")->Apply(lives);
+BENCHMARK(assets<&Work::many>)->Name("manyAtOnce")->Apply(lives);
+BENCHMARK(assets<&Work::manyRecords>)->Name("manyRecordsAtOnce")->Apply(lives);
+BENCHMARK(assets<&Work::bareLoop>)->Name("bareLoop")->Apply(lives);
+BENCHMARK(besideTheBareLoop)->Apply(lives);
 
 }  // namespace
 }  // namespace depcalc::bench

@@ -1,6 +1,7 @@
 #include "cli/schedule_jobs.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <mutex>
 #include <optional>
@@ -10,6 +11,7 @@
 #include <utility>
 
 #include "cli/in_order.h"
+#include "engine/method_batch.h"
 #include "importing/record_blocks.h"
 
 namespace depcalc {
@@ -44,19 +46,50 @@ class Rows {
   virtual bool refuse(const std::vector<RowProblem>& problems) = 0;
 };
 
+/// The assets of some rows, which are calculated together.
+class AssetsOfRows {
+ public:
+  explicit AssetsOfRows(Rows& rows) : rows_(rows) {
+    for (CalculateDep& asset : assets_) places_.push_back(&asset);
+  }
+
+  /// Where the next one is to be read into.
+  CalculateDep& next() { return assets_[count_]; }
+  /// It was read. Answers whether to go on.
+  bool add() { return ++count_ < assets_.size() || write(); }
+  /// Writes those that were read. Answers whether to go on.
+  bool write() {
+    batch_.calculate(std::span(places_).first(count_));
+    bool goes_on = true;
+    for (std::size_t i = 0; i < count_ && goes_on; ++i) {
+      calculateSchedules(batch_, i, assets_[i], schedules_);
+      goes_on = rows_.write(assets_[i], schedules_);
+    }
+    count_ = 0;
+    return goes_on;
+  }
+
+ private:
+  Rows& rows_;
+  std::array<CalculateDep, MethodBatch::most> assets_;
+  std::vector<CalculateDep*> places_;
+  std::size_t count_ = 0;
+  MethodBatch batch_;
+  Schedules schedules_;
+};
+
 /// Reads all rows; what stopped it is `end` too.
 AssetReader::Outcome eachRow(AssetReader& reader, Rows& rows) {
   using Outcome = AssetReader::Outcome;
-  CalculateDep asset;
-  Schedules schedules;
+  AssetsOfRows assets(rows);
   for (bool goes_on = true; goes_on;) {
-    const Outcome outcome = reader.next(asset);
-    if (outcome == Outcome::end || outcome == Outcome::unreadable) return outcome;
+    const Outcome outcome = reader.next(assets.next());
     if (outcome == Outcome::asset) {
-      calculateSchedules(asset, schedules);
-      goes_on = rows.write(asset, schedules);
+      goes_on = assets.add();
+    } else if (outcome == Outcome::problems) {
+      goes_on = assets.write() && rows.refuse(reader.problems());
     } else {
-      goes_on = rows.refuse(reader.problems());
+      return assets.write() ? outcome : Outcome::unreadable;
     }
   }
   return Outcome::unreadable;

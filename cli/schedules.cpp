@@ -13,10 +13,11 @@ void show(std::vector<Currency>& amounts, std::size_t years) {
 
 }  // namespace
 
-void calculateSchedules(CalculateDep& asset, Schedules& schedules) {
+void calculateSchedules(MethodBatch& batch, std::size_t index, CalculateDep& asset,
+                        Schedules& schedules) {
   schedules.first_fiscal_year = firstFiscalYearEnd(asset.AssetStartDate(), asset.FYEnd()).year();
   schedules.years = static_cast<std::size_t>(fiscalYearsSpanned(asset));
-  calculateAllMethods(asset, schedules);
+  batch.giveAllMethods(index, schedules);
   for (const ScheduledMethod& scheduled : scheduled_methods) {
     show(schedules.*scheduled.amounts, schedules.years);
   }

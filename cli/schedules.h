@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "engine/method_batch.h"
 #include "engine/method_results.h"
 
 namespace depcalc {
@@ -13,8 +14,9 @@ struct Schedules : MethodResults {
   std::size_t years = 0;  ///< fiscal years shown: the useful life, and one more unless Full Year
 };
 
-/// Calculates `asset` by every method, in the order in which the comparison does. The storage of
-/// `schedules` is used again.
-void calculateSchedules(CalculateDep& asset, Schedules& schedules);
+/// Calculates `asset`, which is number `index` of `batch`, by every method, in the order in which
+/// the comparison does. The storage of `schedules` is used again.
+void calculateSchedules(MethodBatch& batch, std::size_t index, CalculateDep& asset,
+                        Schedules& schedules);
 
 }  // namespace depcalc

@@ -133,14 +133,60 @@ std::vector<Currency> CalculateDep::DoubleDecliningBalance() {
   return result;
 }
 
-Currency CalculateDep::UnitsofProduction() {
+template <typename Rule>
+Currency CalculateDep::rate(Rule rule) {
   Currency result;
   trapped("DepCalc::CalcDepUOP", [&] {
-    const Currency rate = unitsOfProduction(basis_, salvage_, production_capacity_);
+    const Currency rate = rule();
     Amounts{dep_items_}[0] = rate;
     result = rate;
   });
   return result;
+}
+
+Currency CalculateDep::UnitsofProduction() {
+  return rate([this] { return unitsOfProduction(basis_, salvage_, production_capacity_); });
+}
+
+ScheduledAsset CalculateDep::scheduled() const {
+  return {.placed_in_service = start_date_,
+          .fiscal_year_end = fiscal_year_end_,
+          .basis = basis_,
+          .salvage = salvage_,
+          .life = life_,
+          .convention = convention_,
+          .capacity = production_capacity_};
+}
+
+void CalculateDep::StraightLine(const CalculatedSchedules& calculated,
+                                std::vector<Currency>& result) {
+  const auto rule = [&](Amounts amounts) {
+    first_year_fraction_ = calculated.first_year_fraction;
+    std::copy(calculated.straight_line.begin(), calculated.straight_line.end(), amounts.data());
+  };
+  schedule("DepCalc::CalcDepSL", rule, result);
+}
+
+void CalculateDep::SumofYearsDigits(const CalculatedSchedules& calculated,
+                                    std::vector<Currency>& result) {
+  const auto rule = [&](Amounts amounts) {
+    const auto& those = calculated.sum_of_years_digits;
+    std::copy(those.begin(), those.end(), amounts.data());
+  };
+  schedule("DepCalc::CalcDepSYD", rule, result);
+}
+
+void CalculateDep::DoubleDecliningBalance(const CalculatedSchedules& calculated,
+                                          std::vector<Currency>& result) {
+  const auto rule = [&](Amounts amounts) {
+    const auto& those = calculated.double_declining_balance;
+    std::copy(those.begin(), those.end(), amounts.data());
+  };
+  schedule("DepCalc::CalcDepDDB", rule, result);
+}
+
+Currency CalculateDep::UnitsofProduction(const CalculatedSchedules& calculated) {
+  return rate([&] { return calculated.rate; });
 }
 
 }  // namespace depcalc

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/schedule.h"
+#include "engine/schedule_batch.h"
 #include "values/currency.h"
 #include "values/date.h"
 
@@ -118,6 +119,13 @@ class CalculateDep {
   void SumofYearsDigits(std::vector<Currency>& result);
   void DoubleDecliningBalance(std::vector<Currency>& result);
 
+  /// The same of what has been calculated before (schedule_batch.h), from what `scheduled` gave.
+  void StraightLine(const CalculatedSchedules& calculated, std::vector<Currency>& result);
+  void SumofYearsDigits(const CalculatedSchedules& calculated, std::vector<Currency>& result);
+  void DoubleDecliningBalance(const CalculatedSchedules& calculated, std::vector<Currency>& result);
+  Currency UnitsofProduction(const CalculatedSchedules& calculated);
+  [[nodiscard]] ScheduledAsset scheduled() const;
+
   /// The rate per unit of production, also stored as DepItem(0). 0 when there is no capacity, or
   /// on an error (also when no amounts were ever allocated).
   Currency UnitsofProduction();
@@ -129,6 +137,8 @@ class CalculateDep {
   [[nodiscard]] ScheduleInput scheduleInput() const;
   template <typename Rule>
   void schedule(std::string_view procedure, Rule rule, std::vector<Currency>& result);
+  template <typename Rule>
+  Currency rate(Rule rule);
 
   double first_year_fraction_ = 0;
   std::int32_t rec_index_ = 0;

@@ -70,8 +70,8 @@ class DecliningBalance {
 
 /// Fiscal years 1 to `last`, until salvage is reached.
 template <Listener L, typename Input, typename Years, typename Storage>
-void decliningBalanceFromSecondYear(const Input& input, Years last, DecliningBalance<L>& balance,
-                                    Storage amounts, L& listener) {
+void decliningBalanceFromSecondYear(const Input& input, const Years& last,
+                                    DecliningBalance<L>& balance, Storage amounts, L& listener) {
   using Number = typename L::Number;
   using Money = typename L::Money;
   const Number fraction = listener.recall(RuleStep::first_share, input.first_year_fraction);
@@ -105,8 +105,8 @@ void decliningBalanceFromSecondYear(const Input& input, Years last, DecliningBal
 
 /// Fiscal years 0 to `last`, until salvage is reached.
 template <Listener L, typename Input, typename Years, typename Storage>
-void decliningBalanceDownToSalvage(const Input& input, Years last, DecliningBalance<L>& balance,
-                                   Storage amounts, L& listener) {
+void decliningBalanceDownToSalvage(const Input& input, const Years& last,
+                                   DecliningBalance<L>& balance, Storage amounts, L& listener) {
   using Money = typename L::Money;
   [[maybe_unused]] const auto assets = listener.all();
   listener.beginYear(0);

@@ -67,7 +67,7 @@ typename L::Money depreciableBase(const Input& input, L& listener) {
 /// Puts the rounding difference of a schedule that must sum to the depreciable `base` on the last
 /// year that has an amount.
 template <Listener L, typename Input, typename Storage>
-void settleRest(const Input& input, typename L::Money base, typename L::Money total,
+void settleRest(const Input& input, const typename L::Money& base, const typename L::Money& total,
                 Storage amounts, L& listener) {
   using Money = typename L::Money;
   const Money rest = base - total;

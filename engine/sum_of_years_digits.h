@@ -38,8 +38,9 @@ void sumOfYearsDigits(const Input& input, Storage amounts, L& listener) {
     const Money rest_of_last = listener.tell(RuleStep::rest_of_asset_year,
                                              Money::fromDouble(asset_year * share_left), {year});
     // What the asset year carries that begins `year` years after the first.
-    asset_year = listener.tell(RuleStep::asset_year, divide((life - Number(year)) * money, digits),
-                               {year + 1});
+    listener.set(asset_year,
+                 listener.tell(RuleStep::asset_year, divide((life - Number(year)) * money, digits),
+                               {year + 1}));
     const Money start_of_next = listener.tell(
         RuleStep::start_of_asset_year, Money::fromDouble(asset_year * first_share), {year + 1});
     const Money both = Money::fromDoubleTo2HalfEven((rest_of_last + start_of_next).toDouble());

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <concepts>
 #include <cstdint>
+#include <utility>
 
 #include "values/currency.h"
 #include "values/date.h"
@@ -125,6 +126,11 @@ struct OneAsset {
   template <typename Value>
   static constexpr Value choose(bool condition, Value yes, Value no) {
     return condition ? yes : no;
+  }
+  /// What a block or a loop changes and is asked for behind it.
+  template <typename Value>
+  static constexpr void set(Value& variable, Value value) {
+    variable = std::move(value);
   }
   /// `amount` more than `total`.
   template <typename Money>

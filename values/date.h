@@ -49,10 +49,10 @@ class Date {
     int month;  ///< 1 to 12
     int day;    ///< 1 to 31
   };
-  [[nodiscard]] constexpr Parts parts() const { return {year_, month_, day_}; }
-  [[nodiscard]] constexpr int year() const { return year_; }
-  [[nodiscard]] constexpr int month() const { return month_; }
-  [[nodiscard]] constexpr int day() const { return day_; }
+  [[nodiscard]] constexpr Parts parts() const { return {year(), month(), day()}; }
+  [[nodiscard]] constexpr int year() const { return parts_ >> 9; }
+  [[nodiscard]] constexpr int month() const { return parts_ >> 5 & 15; }
+  [[nodiscard]] constexpr int day() const { return parts_ & 31; }
 
   [[nodiscard]] Date plusDays(std::int64_t days) const;
   /// Clamped to the month's end: 31 January plus a month is 28 or 29 February. A fractional
@@ -70,22 +70,22 @@ class Date {
   /// The month's name in full.
   [[nodiscard]] std::string monthName() const;
 
-  friend constexpr bool operator==(Date a, Date b) { return a.days_ == b.days_; }
-  friend constexpr auto operator<=>(Date a, Date b) { return a.days_ <=> b.days_; }
+  friend constexpr bool operator==(Date a, Date b) { return a.parts_ == b.parts_; }
+  friend constexpr auto operator<=>(Date a, Date b) { return a.parts_ <=> b.parts_; }
 
  private:
   constexpr Date(std::int32_t days, int year, int month, int day)
-      : days_(days),
-        year_(static_cast<std::int16_t>(year)),
-        month_(static_cast<std::int8_t>(month)),
-        day_(static_cast<std::int8_t>(day)) {}
+      : days_(days), parts_(packed(year, month, day)) {}
 
   friend struct Calendar;
 
+  /// In the order of the dates.
+  static constexpr std::int32_t packed(int year, int month, int day) {
+    return year << 9 | month << 5 | day;
+  }
+
   std::int32_t days_ = 0;
-  std::int16_t year_ = 1899;
-  std::int8_t month_ = 12;
-  std::int8_t day_ = 30;
+  std::int32_t parts_ = packed(1899, 12, 30);
 };
 
 /// `to` minus `from` in days.

@@ -1,6 +1,7 @@
 // Any bytes as the rows of an asset file: what is accepted is within the limits, and its
 // schedules add up.
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -30,7 +31,9 @@ void checkAsset(CalculateDep& asset) {
   mustHold(asset.AssetSalvage() >= Currency() && base >= Currency(), "salvage is up to the basis");
 
   Schedules schedules;
-  calculateSchedules(asset, schedules);
+  MethodBatch batch;
+  batch.calculate(std::array{&asset});
+  calculateSchedules(batch, 0, asset, schedules);
   mustHold(schedules.years >= 1 && schedules.years <= 51, "a schedule has 1 to 51 years");
   mustHold(schedules.straight_line.size() == schedules.years, "every year has an amount");
   mustHold(schedules.double_declining_balance.size() == schedules.years, "by every method");
