@@ -123,7 +123,7 @@ class Work {
   MethodResults results_;
   ScheduleBatch schedules_;
   MethodBatch methods_;
-  BareSchedules bare_schedules_;
+  BareSchedules bare_schedules_{};
 };
 static_assert(asset_count % MethodBatch::most == 0);
 

@@ -116,10 +116,10 @@ typename L::Number firstYearFraction(std::int32_t convention, Date depreciation_
   return listener.atMost(RuleStep::whole_year_at_most, share, Number(1.0));
 }
 
+/// Compiled in place, so that only those dates are worked out that the caller looks at.
 template <Listener L>
-FirstFiscalYearIn<typename L::Number> firstFiscalYearOf(std::int32_t convention,
-                                                        Date placed_in_service,
-                                                        Date fiscal_year_end, L& listener) {
+[[gnu::always_inline]] inline FirstFiscalYearIn<typename L::Number> firstFiscalYearOf(
+    std::int32_t convention, Date placed_in_service, Date fiscal_year_end, L& listener) {
   FirstFiscalYearIn<typename L::Number> year;
   year.end = firstFiscalYearEnd(placed_in_service, fiscal_year_end, listener);
   year.start = firstFiscalYearStart(year.end);
