@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <limits>
+#include <cstring>
 
 #include "engine/double_declining_balance.h"
 #include "engine/first_year_fraction.h"
+#include "engine/lanes.h"
 #include "engine/side_by_side.h"
 #include "engine/straight_line.h"
 #include "engine/sum_of_years_digits.h"
