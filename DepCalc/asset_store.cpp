@@ -143,13 +143,11 @@ void AssetStore::setAmounts(HostRecord& record) {
   }
 }
 
-/// "Dep" and the year's number.
-const std::string& AssetStore::amountName(std::int32_t year) {
-  const auto at = static_cast<std::size_t>(year);
-  while (amount_names_.size() <= at) {
+/// "Dep" and the year's number, up to the last year that was asked for.
+void AssetStore::nameAmounts(std::size_t last) {
+  while (amount_names_.size() <= last) {
     amount_names_.push_back("Dep" + std::to_string(amount_names_.size()));
   }
-  return amount_names_[at];
 }
 
 void AssetStore::DeleteRecord(const std::vector<CalculateDepPtr>& myCalcDep, std::int16_t myIndex) {

@@ -104,7 +104,12 @@ class AssetStore {
   void setProperties(HostRecord& record, std::int16_t index, Date placed_in_service);
   void setAmounts(HostRecord& record);
 
-  [[nodiscard]] const std::string& amountName(std::int32_t year);
+  [[nodiscard]] const std::string& amountName(std::int32_t year) {
+    const auto at = static_cast<std::size_t>(year);
+    if (at >= amount_names_.size()) nameAmounts(at);
+    return amount_names_[at];
+  }
+  void nameAmounts(std::size_t last);
 
   void deleteSlot(HostTable& table, std::int16_t index);
 

@@ -31,12 +31,14 @@ void RegisterSummary::forget() {
   entries_.clear();
   years_.clear();
   counted_ = 0;
+  totals_.reset();
 }
 
 void RegisterSummary::note(std::int32_t index, const std::optional<SummaryShare>& share) {
   const auto at = static_cast<std::size_t>(index - 1);
   if (at >= entries_.size()) entries_.resize(at + 1);
   Entry& entry = entries_[at];
+  if (entry.known == Known::counted && share == entry.share) return;
   uncount(entry);
   entry.known = Known::uncountable;
   if (!share || !isCountable(*share)) return;
@@ -52,6 +54,7 @@ void RegisterSummary::dropFrom(std::int32_t index) {
 }
 
 void RegisterSummary::count(const SummaryShare& share) {
+  totals_.reset();
   Year& year = years_[share.first_year];
   ++counted_;
   ++year.assets;
@@ -64,6 +67,7 @@ void RegisterSummary::count(const SummaryShare& share) {
 
 void RegisterSummary::uncount(const Entry& entry) {
   if (entry.known != Known::counted) return;
+  totals_.reset();
   const auto found = years_.find(entry.share.first_year);
   Year& year = found->second;
   --counted_;
@@ -80,6 +84,11 @@ void RegisterSummary::uncount(const Entry& entry) {
 std::optional<RegisterSummary::Totals> RegisterSummary::totals(std::int32_t assets) const {
   const bool complete = counted_ == assets && entries_.size() == static_cast<std::size_t>(assets);
   if (!complete) return std::nullopt;
+  if (!totals_) totals_ = sum();
+  return totals_;
+}
+
+RegisterSummary::Totals RegisterSummary::sum() const {
   Totals totals;
   if (!years_.empty()) totals.start_year = std::min(totals.start_year, years_.begin()->first);
   for (const auto& [first_year, year] : years_) {

@@ -25,6 +25,7 @@ struct SummaryShare {
   bool units_of_production = false;  ///< spans one year, whatever its life
   bool partial_first_year = false;   ///< takes one year more than its life
   double life = 0;
+  friend bool operator==(const SummaryShare&, const SummaryShare&) = default;
 };
 
 /// The shares of all assets by table index, counted by first fiscal year, so that changing one
@@ -59,12 +60,14 @@ class RegisterSummary {
     SummaryShare share;
   };
 
+  [[nodiscard]] Totals sum() const;
   void count(const SummaryShare& share);
   void uncount(const Entry& entry);
 
   std::vector<Entry> entries_;
   std::int32_t counted_ = 0;
   std::map<std::int16_t, Year> years_;
+  mutable std::optional<Totals> totals_;  ///< of what is counted, once they were asked for
 };
 
 }  // namespace depcalc

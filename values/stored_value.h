@@ -48,7 +48,7 @@ class StoredValue {
 
  private:
   template <typename T>
-  explicit StoredValue(T value) : content_(std::move(value)) {}
+  explicit StoredValue(T&& value) : content_(std::forward<T>(value)) {}
 
   std::variant<std::monostate, std::int16_t, double, Currency, Date, std::string> content_;
 };

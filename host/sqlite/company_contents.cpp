@@ -76,6 +76,8 @@ void CompanyContents::read() {
   counted_.clear();
   info_waits_ = false;
   requireSchema(open_->database);
+  // What is read once is not kept: memory that is used again at once costs less.
+  open_->database.execute("PRAGMA cache_size = -2000");
   std::vector<std::string> problems;
   checkIntegrity(problems);
   // Where the structure is damaged, so is what would be read by it.
@@ -85,6 +87,7 @@ void CompanyContents::read() {
     readRecords(problems);
     compareTables(problems);
   }
+  open_->database.execute("PRAGMA cache_size = -16384");
   readable_ = problems.empty();
   if (readable_) return;
   const std::string more =

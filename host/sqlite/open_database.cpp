@@ -23,7 +23,6 @@ void setDurability(Database& database) {
   database.execute("PRAGMA synchronous = EXTRA");
   database.execute("PRAGMA journal_mode = DELETE");
   database.execute("PRAGMA journal_size_limit = 1048576");
-  database.execute("PRAGMA cache_size = -16384");
 }
 
 /// A file under way to its place; gone at the end of its life, wherever it got.

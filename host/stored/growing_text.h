@@ -23,7 +23,8 @@ class GrowingText {
   [[nodiscard]] std::string_view view() const { return {room_.data(), used_}; }
 
  private:
-  static constexpr std::size_t usual_size = 1'024;
+  /// More than most records have, and less than memory that costs more to get.
+  static constexpr std::size_t usual_size = 1'000;
   void grow(std::size_t size) { room_.resize(std::max(usual_size, 2 * room_.size() + size)); }
 
   std::string room_;

@@ -14,12 +14,14 @@ namespace {
 
 constexpr std::string_view no_members = "{}";
 
-/// The same for names that differ in the case of letters only.
+/// The same for names that differ in the case of letters only. The ends tell names apart, or the
+/// numbers behind them.
 std::uint32_t digestOfName(std::string_view name) {
-  std::uint32_t digest = 0x811C'9DC5;
-  for (const char c : name)
-    digest = (digest ^ (static_cast<unsigned char>(c) | 0x20U)) * 0x0100'0193;
-  return digest ^ digest >> 16U;
+  auto digest = static_cast<std::uint32_t>(name.size());
+  for (const char c : name.substr(name.size() - std::min<std::size_t>(name.size(), 3))) {
+    digest = digest * 31 + (static_cast<unsigned char>(c) | 0x20U);
+  }
+  return digest;
 }
 
 }  // namespace
@@ -32,10 +34,17 @@ RecordInText::RecordInText(SharedText text) : text_(std::move(text)) {
 }
 
 StoredValue RecordInText::get(std::string_view name) const {
-  join();
-  const std::size_t begin = find(name);
-  if (begin == nowhere) return {};
-  RecordReader reader(text_.view(), begin);
+  if (!set_.empty()) join();
+  RecordReader reader(text_.view(), at_);
+  if (!reader.passName(name)) {
+    const std::size_t begin = find(name);
+    if (begin == nowhere) return {};
+    reader = RecordReader(text_.view(), begin);
+  }
+  return read(reader);
+}
+
+StoredValue RecordInText::read(RecordReader& reader) const {
   StoredValue value = reader.value();
   at_ = requireBoundary(reader.at());
   return value;
@@ -44,12 +53,12 @@ StoredValue RecordInText::get(std::string_view name) const {
 void RecordInText::set(std::string_view name, const StoredValue& value) {
   requireKeepable(name, value);
   if (isSurelyNew(name)) return append(name, value);
-  std::size_t old = findBetween(at_, at_ + 1, name);
+  RecordReader reader(text_.view(), at_);
+  if (reader.passName(name)) return replace(reader.at(), value);
+  join();
+  const std::size_t old = find(name);
   if (old == nowhere) {
-    join();
-    old = find(name);
-  }
-  if (old == nowhere) {
+    knowNames(name);
     append(name, value);
   } else {
     replace(old, value);
@@ -82,6 +91,15 @@ bool RecordInText::isSurelyNew(std::string_view name) {
   const bool is_new = !bit;
   bit = true;
   return is_new;
+}
+
+/// A name that is not there is often followed by others.
+void RecordInText::knowNames(std::string_view added) {
+  if (digests_ != nullptr) return;
+  auto digests = std::make_unique<Digests>();
+  for (const std::string& name : names()) digests->set(digestOfName(name) % digests->size());
+  digests->set(digestOfName(added) % digests->size());
+  digests_ = std::move(digests);
 }
 
 /// Where the value called `name` begins, with its member at `at_`.

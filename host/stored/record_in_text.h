@@ -15,6 +15,8 @@
 
 namespace depcalc {
 
+class RecordReader;
+
 /// Values by name as RecordValues (host/record_values.h) has them, but read from the record's text
 /// (host/stored/record_text.h) only when they are asked for, and put into it as they are set. Made
 /// for callers that go through the names in order: the search starts behind the name found last.
@@ -42,10 +44,12 @@ class RecordInText {
   /// A bit for each digest of a name.
   using Digests = std::bitset<4'096>;
 
+  [[nodiscard]] StoredValue read(RecordReader& reader) const;
   [[nodiscard]] bool isSurelyNew(std::string_view name);
   // A place in the text rather than a value that may be none, which costs a search that finds its
   // name at once more than the search.
   static constexpr std::size_t nowhere = std::string_view::npos;
+  void knowNames(std::string_view added);
   [[nodiscard]] std::size_t find(std::string_view name) const;
   [[nodiscard]] std::size_t findBetween(std::size_t from, std::size_t to,
                                         std::string_view name) const;
@@ -61,7 +65,7 @@ class RecordInText {
   mutable SharedText text_;
   mutable std::size_t at_ = 0;
   mutable GrowingText set_;
-  std::unique_ptr<Digests> digests_;  ///< of all names, where they were all set here
+  std::unique_ptr<Digests> digests_;  ///< of all names, once one was added
 };
 
 }  // namespace depcalc

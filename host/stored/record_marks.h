@@ -2,12 +2,11 @@
 #pragma once
 
 #include <cstddef>
-#include <string_view>
 
 namespace depcalc {
 
-inline constexpr std::string_view date_begin = "{\"date\":\"";
-inline constexpr std::string_view date_end = "\"}";
+inline constexpr char date_begin[] = "{\"date\":\"";
+inline constexpr char date_end[] = "\"}";
 inline constexpr std::size_t date_size = 10;  // yyyy-mm-dd
 
 }  // namespace depcalc

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 #include "host/stored/record_marks.h"
@@ -15,14 +16,6 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool endsNumber(char c) { return c == ',' || c == '}'; }
-bool endsPlainText(char c) { return c == '"' || c == '\\'; }
-
-/// Whether a text is written as it is.
-bool isPlain(std::string_view text) {
-  bool plain = true;
-  for (const char c : text) plain = plain && !endsPlainText(c);
-  return plain;
-}
 
 /// The digits from `at` on, `count` of them if there are so many.
 struct Digits {
@@ -55,10 +48,14 @@ std::optional<Date> usualDate(std::string_view text) {
 
 void RecordReader::fail() { throw RuntimeError::typeMismatch(); }
 
-bool RecordReader::accept(std::string_view token) {
-  if (!std::string_view(at_, static_cast<std::size_t>(end_ - at_)).starts_with(token)) return false;
-  at_ += token.size();
-  return true;
+/// A literal, its size known, costs no call.
+template <std::size_t size>
+void RecordReader::expect(const char (&token)[size]) {
+  constexpr std::size_t length = size - 1;
+  const bool there =
+      static_cast<std::size_t>(end_ - at_) >= length && std::memcmp(at_, token, length) == 0;
+  if (!there) fail();
+  at_ += length;
 }
 
 std::string_view RecordReader::take(std::size_t size) {
@@ -88,8 +85,6 @@ std::string RecordReader::string() {
 bool RecordReader::passString(std::string_view text) {
   const char* const first = at_;
   expect('"');
-  if (accept(text) && accept('"') && isPlain(text)) return true;
-  at_ = first + 1;
   const std::string_view plain = takeUntil(endsPlainText);
   if (accept('"')) return equalIgnoringCase(plain, text);
   at_ = first;
@@ -97,15 +92,12 @@ bool RecordReader::passString(std::string_view text) {
 }
 
 StoredValue RecordReader::value() {
-  if (at_ == end_) fail();
-  if (*at_ == '"') return StoredValue::text(string());
-  if (*at_ == '{') {
-    const std::string_view day = dateText();
-    const auto date = usualDate(day);
-    return StoredValue::date(date ? *date : Date::fromText(day, Date()));
-  }
-  if (accept("null")) return {};
-  return number();
+  const char first = at_ != end_ ? *at_ : '\0';
+  if (first == '"') return StoredValue::text(string());
+  if (first == '{') return date();
+  if (first != 'n') return number();
+  expect("null");
+  return {};
 }
 
 void RecordReader::passValue() {
@@ -124,6 +116,12 @@ std::string_view RecordReader::dateText() {
   const std::string_view day = take(date_size);
   expect(date_end);
   return day;
+}
+
+StoredValue RecordReader::date() {
+  const std::string_view day = dateText();
+  const auto date = usualDate(day);
+  return StoredValue::date(date ? *date : Date::fromText(day, Date()));
 }
 
 /// An amount or an Integer of usual size in one pass; the rest in several.
@@ -152,13 +150,23 @@ StoredValue RecordReader::number() {
 
 StoredValue RecordReader::unusualNumber() {
   const std::string_view digits = takeUntil(endsNumber);
+  if (digits.find('e') != std::string_view::npos) return realNumber(digits);
   if (const auto amount = Currency::tryFromFixed4(digits)) return StoredValue::currency(*amount);
   std::int16_t whole = 0;
   const char* const last = digits.data() + digits.size();
   const auto end = std::from_chars(digits.data(), last, whole);
-  if (end.ec == std::errc() && end.ptr == last) return StoredValue::integer(whole);
-  if (digits.find('e') == std::string_view::npos) fail();
-  return StoredValue::real(numberFromText(digits));
+  if (end.ec != std::errc() || end.ptr != last) fail();
+  return StoredValue::integer(whole);
+}
+
+/// What is written is read without detours. Zero has them for its sign, and what is no number for
+/// its error.
+StoredValue RecordReader::realNumber(std::string_view digits) {
+  double number = 0;
+  const char* const last = digits.data() + digits.size();
+  const auto end = std::from_chars(digits.data(), last, number, std::chars_format::scientific);
+  const bool read = end.ec == std::errc() && end.ptr == last && number != 0;
+  return StoredValue::real(read ? number : numberFromText(digits));
 }
 
 char RecordReader::escaped() {

@@ -16,7 +16,7 @@ constexpr std::size_t shortest_usual_member = std::string_view("\"Dep10\":0.0000
 
 /// Of a value that is no text: a date, the longest of them.
 constexpr std::size_t most_room = 32;
-static_assert(most_room >= date_begin.size() + date_size + date_end.size());
+static_assert(most_room >= sizeof date_begin + date_size + sizeof date_end);
 static_assert(most_room >= Currency::fixed4_size);
 
 char* writeText(std::string_view text, char* out) {

@@ -42,6 +42,16 @@ TEST(RecordText, RefusesWhatIsNotItsOwn) {
   EXPECT_TRUE(recordOfText("{}").entries().empty());
 }
 
+TEST(RecordText, IsWrittenAsItWasRead) {
+  for (const char* text :
+       {"{\"a\":-0e+00}", "{\"a\":5e-324}", "{\"a\":1.7976931348623157e+308}", "{\"a\":1e-01}",
+        "{\"a\":-32768}", "{\"a\":-0.0001}", "{\"a\":922337203685477.5807}",
+        "{\"a\":99999999999999.9999}", "{\"a\":-922337203685477.5808}", "{\"a\":null}",
+        "{\"a\":{\"date\":\"0100-01-01\"}}", "{\"a\":{\"date\":\"2024-02-29\"}}"}) {
+    EXPECT_EQ(textOfRecord(recordOfText(text)), text);
+  }
+}
+
 TEST_F(CompanyFile, KeepsTheCompany) {
   const CompanyInfo info{.name = "Caf\xC3\xA9 \"O'Hara\"", .first_month = 7, .multi_user = true};
   {
