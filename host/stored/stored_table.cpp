@@ -9,6 +9,19 @@
 #include "host/stored/record_in_text.h"
 
 namespace depcalc {
+namespace {
+
+/// Records are mostly read one behind the other: the next one's text is brought near meanwhile.
+void fetchAhead(std::string_view text) {
+  constexpr std::size_t line = 64;
+  constexpr std::size_t enough = 12 * line;
+  for (std::size_t at = 0; at < std::min(enough, text.size()); at += line) {
+    __builtin_prefetch(text.data() + at);
+  }
+}
+
+}  // namespace
+
 std::shared_ptr<HostTable> tableOver(std::shared_ptr<TextStorage> storage) {
   return std::make_shared<StorageTable<RecordInText>>(std::move(storage));
 }
@@ -26,7 +39,11 @@ std::int32_t StoredTable::count() const {
 
 bool StoredTable::has(std::int16_t index) const { return find(index) != nullptr; }
 
-SharedText StoredTable::load(std::int16_t index) const { return find(index)->text; }
+SharedText StoredTable::load(std::int16_t index) const {
+  const auto next = static_cast<std::size_t>(index) + 1;
+  if (next < slots_.size()) fetchAhead(slots_[next].text.view());
+  return find(index)->text;
+}
 
 std::optional<std::string> StoredTable::text(std::int16_t index) const {
   return std::string(find(index)->text.view());
