@@ -49,6 +49,11 @@ bool Output::flush() {
   return !failed();
 }
 
+void Output::makeRoom(std::size_t size) {
+  flush();
+  while (room_ - used_ < size) grow();
+}
+
 void Output::grow() {
   auto larger = std::make_unique_for_overwrite<char[]>(2 * room_);
   std::copy_n(&buffer_[0], used_, &larger[0]);

@@ -13,9 +13,6 @@ namespace depcalc {
 /// only the end of a command has to ask.
 class Output {
  public:
-  /// Most that `reserve` gives.
-  static constexpr std::size_t largest_reserve = 4'096;
-
   explicit Output(int descriptor);
   /// Passes nothing on and keeps all that is written, with room for `room` bytes to begin with.
   struct Kept {
@@ -30,7 +27,7 @@ class Output {
 
   /// Room for `size` bytes, for texts written in place; `advance` says where they ended.
   char* reserve(std::size_t size) {
-    if (room_ - used_ < size) flush();
+    if (room_ - used_ < size) makeRoom(size);
     return &buffer_[used_];
   }
   void advance(const char* end) { used_ = static_cast<std::size_t>(end - &buffer_[0]); }
@@ -57,6 +54,7 @@ class Output {
  private:
   static constexpr int nowhere = -1;
 
+  void makeRoom(std::size_t size);
   void grow();
   void passOn(std::string_view text);
 

@@ -43,14 +43,12 @@ class CsvWriter final : public ScheduleWriter {
   void begin() override { out_.write("id,method,fiscal_year,amount\n"); }
 
   void write(const CalculateDep& asset, const Schedules& schedules) override {
-    id_.assign(fields_.text(asset.AssetID()));
+    id_.assign(fields_.text(asset.AssetID(), id_field_));
     for (std::size_t i = 0; i < methods_.size(); ++i) {
-      auto year = static_cast<std::uint32_t>(schedules.first_fiscal_year);
-      for (const Currency amount : schedules.*scheduled_methods[i].amounts) {
-        endRow(writeFour(beginRow(methods_[i]), year++), amount);
-      }
+      writeSchedule(methods_[i], schedules.first_fiscal_year,
+                    schedules.*scheduled_methods[i].amounts);
     }
-    endRow(beginRow(rate_method_), schedules.rate);
+    out_.advance(writeAmount(beginRow(reserveRows(rate_method_, 1), rate_method_), schedules.rate));
   }
 
   void end() override {}
@@ -64,18 +62,30 @@ class CsvWriter final : public ScheduleWriter {
   /// Most of what a row has behind its method.
   static constexpr std::size_t rest_size = 8 + Currency::fixed4_size;
 
-  char* beginRow(const MethodField& method) {
-    return method.write(id_.write(out_.reserve(id_.room() + method.room() + rest_size)));
+  void writeSchedule(const MethodField& method, int first_year,
+                     const std::vector<Currency>& amounts) {
+    char* at = reserveRows(method, amounts.size());
+    auto year = static_cast<std::uint32_t>(first_year);
+    for (const Currency amount : amounts) {
+      at = writeAmount(writeFour(beginRow(at, method), year++), amount);
+    }
+    out_.advance(at);
   }
-  void endRow(char* at, Currency amount) {
+
+  char* reserveRows(const MethodField& method, std::size_t rows) {
+    return out_.reserve(rows * (id_.room() + method.room() + rest_size));
+  }
+  char* beginRow(char* at, const MethodField& method) const { return method.write(id_.write(at)); }
+  static char* writeAmount(char* at, Currency amount) {
     *at++ = ',';
     at = amount.writeFixed4(at);
     *at++ = '\n';
-    out_.advance(at);
+    return at;
   }
 
   Output& out_;
   CsvFields fields_;
+  std::string id_field_;  // where it is not the id itself
   Beginning<16> id_;
   std::array<MethodField, scheduled_methods.size()> methods_;
   MethodField rate_method_;

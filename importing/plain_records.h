@@ -1,7 +1,6 @@
 // The short way for records as most files have them.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -15,10 +14,13 @@ namespace depcalc {
 /// here, it would read just so.
 class PlainRecords {
  public:
-  explicit PlainRecords(const CsvForm& form);
+  explicit PlainRecords(const CsvForm& form) : form_(form) {}
 
   /// Whether a byte stands for one character and means nothing more, in a field quoted or not.
-  [[nodiscard]] bool isPlain(char byte) const { return plain_[static_cast<unsigned char>(byte)]; }
+  [[nodiscard]] bool isPlain(char byte) const {
+    const auto code = static_cast<unsigned char>(byte);
+    return code >= 0x20 && code < 0x80 && byte != form_.separator && byte != '"';
+  }
 
   /// Adds the fields of the record at the beginning of `text`, which stands at `place`; they point
   /// into it. Returns how many bytes record and line end take. 0, and no fields, where the record
@@ -26,11 +28,7 @@ class PlainRecords {
   std::size_t read(std::string_view text, CsvPlace place, std::vector<CsvField>& fields) const;
 
  private:
-  [[nodiscard]] std::size_t endOfField(std::string_view text, std::size_t at) const;
-  [[nodiscard]] std::size_t endOfQuoted(std::string_view text, std::size_t at) const;
-
   CsvForm form_;
-  std::array<bool, 256> plain_{};
 };
 
 }  // namespace depcalc

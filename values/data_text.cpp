@@ -15,12 +15,15 @@ bool wantsGuard(std::string_view text) {
   return c == '=' || c == '+' || c == '-' || c == '@' || c == '\t' || c == '\r';
 }
 
+bool wantsQuotes(std::string_view text, char separator) {
+  return std::any_of(text.begin(), text.end(), [separator](char c) {
+    return c == separator || c == '"' || c == '\r' || c == '\n';
+  });
+}
+
 /// Between quotes where it holds a quote, a line end or the `separator`.
 std::string quotedWith(std::string_view text, char separator) {
-  const auto is_special = [separator](char c) {
-    return c == separator || c == '"' || c == '\r' || c == '\n';
-  };
-  if (std::none_of(text.begin(), text.end(), is_special)) return std::string(text);
+  if (!wantsQuotes(text, separator)) return std::string(text);
   std::string field = "\"";
   for (const char c : text) field.append(c == '"' ? 2 : 1, c);
   return field + '"';
@@ -38,6 +41,12 @@ std::string guardedText(std::string_view text) {
 
 std::string_view unguardedText(std::string_view text) {
   return text.starts_with('\'') && wantsGuard(text) ? text.substr(1) : text;
+}
+
+std::string_view CsvFields::text(std::string_view text, std::string& storage) const {
+  const bool guarded = !raw_ && wantsGuard(text);
+  if (!guarded && !wantsQuotes(text, ',')) return text;
+  return storage = csvField(guarded ? guardedText(text) : std::string(text));
 }
 
 std::string CsvFields::number(std::string_view number) const {

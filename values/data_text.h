@@ -28,8 +28,11 @@ class CsvFields {
   explicit CsvFields(bool raw) : raw_(raw) {}
 
   [[nodiscard]] std::string text(std::string_view text) const {
-    return csvField(raw_ ? std::string(text) : guardedText(text));
+    std::string storage;
+    return std::string(this->text(text, storage));
   }
+  /// The same; `text` itself where it can stand as it is, and else in `storage`.
+  std::string_view text(std::string_view text, std::string& storage) const;
   /// A number is left alone, its sign included; what should be one and is not is a text.
   [[nodiscard]] std::string number(std::string_view number) const;
 

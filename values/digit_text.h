@@ -31,14 +31,13 @@ inline char* writeDigits(char* out, std::uint64_t digits, int left_out) {
   return out + sizeof text - left_out;
 }
 
+/// `writeWhole` for a number of more than eight digits.
+char* writeLongWhole(char* out, std::uint64_t number);
+
 /// `number` without zeros in front; returns the end of the text. The buffer needs room for
 /// `digits_written_over` bytes more than the text takes.
 inline char* writeWhole(char* out, std::uint64_t number) {
-  constexpr std::uint64_t beyond_eight = 100'000'000;
-  if (number >= beyond_eight) {
-    out = writeWhole(out, number / beyond_eight);
-    return writeDigits(out, eightDigits(static_cast<std::uint32_t>(number % beyond_eight)), 0);
-  }
+  if (number >= 100'000'000) return writeLongWhole(out, number);
   const std::uint64_t digits = eightDigits(static_cast<std::uint32_t>(number));
   constexpr std::uint64_t last_digit = std::uint64_t{1} << 56;  // stands even where it is 0
   return writeDigits(out, digits, std::countr_zero(digits | last_digit) / 8);
