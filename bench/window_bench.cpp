@@ -16,7 +16,7 @@
 #include <thread>
 
 #include "desktop/host/same_company.h"
-#include "desktop/host/sqlite_companies.h"
+#include "desktop/host/stored_companies.h"
 #include "desktop/window/main_window.h"
 
 namespace {
@@ -101,7 +101,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   if (argc != 2) return 2;
   const QTemporaryDir folder;
-  desktop::SqliteCompanies files(today);
+  desktop::StoredCompanies files(today);
   desktop::Settings settings(folder.filePath(QStringLiteral("depcalc.ini")));
   for (const char* const part : {"toolbar", "assets", "insight"}) {
     settings.setShown(QLatin1String(part), false);
