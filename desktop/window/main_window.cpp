@@ -13,6 +13,7 @@
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/hint_bar.h"
 #include "desktop/window/start_page.h"
+#include "desktop/window/wait_cursor.h"
 #include "desktop/window/workspace.h"
 #include "host/unit_of_work.h"
 #include "values/en_us.h"
@@ -27,6 +28,12 @@ constexpr QSize window_frame(16, 48);
 /// Two thirds of the screen, where that is more.
 QSize firstSize(const QSize& screen) {
   return least_first_size.expandedTo(screen * 2 / 3).boundedTo(screen - window_frame);
+}
+
+/// A server may let one wait for seconds.
+std::unique_ptr<Company> openedUnderHourglass(CompanyFiles& files, const QString& place) {
+  const WaitCursor wait;
+  return files.open(place.toStdString());
 }
 
 }  // namespace
@@ -92,7 +99,7 @@ bool MainWindow::openCompany(const QString& path) {
       around_.files.open(absolute.toStdString())->close();
     }
     copied = around_.backups.setAside(absolute);
-    auto company = around_.files.open(absolute.toStdString());
+    auto company = openedUnderHourglass(around_.files, absolute);
     if (isOnServer(absolute)) copied = setAside(*company);
     around_.backups.opened(absolute);
     // It may be damaged or in use: only now is there a reason to leave the one that is open.

@@ -1,6 +1,5 @@
 #include "desktop/window/open_from_server_dialog.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -17,6 +16,7 @@
 #include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/settings.h"
+#include "desktop/window/wait_cursor.h"
 #include "host/file_trouble.h"
 #include "host/postgresql/server_address.h"
 
@@ -41,14 +41,6 @@ QString captionOf(const QString& address) {
   while (caption.endsWith(u'/')) caption.chop(1);
   return QUrl::fromPercentEncoding(caption.toUtf8());
 }
-
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 }  // namespace
 
