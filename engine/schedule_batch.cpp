@@ -147,17 +147,22 @@ void calculateGroup(const Group<lanes>& group) {
   calculate(2, [&](auto amounts) { doubleDecliningBalance(input, amounts, nobody); });
 }
 
-// Each of these is compiled, with all that it calls, for the machines that have its registers.
+// Each of these is compiled, with all that it calls, for the machines that have its registers. For
+// Windows gcc does not align those of four on the stack (its bug 54412).
 [[gnu::flatten]] void calculate(const Group<2>& group) { calculateGroup(group); }
+#if defined(__x86_64__) && !defined(_WIN32)
 [[gnu::flatten, gnu::target("avx2")]] void calculate(const Group<4>& group) {
   calculateGroup(group);
 }
+bool hasFourLanes() { return __builtin_cpu_supports("avx2") != 0; }
+#else
+void calculate(const Group<4>& group) { calculateGroup(group); }
+bool hasFourLanes() { return false; }
+#endif
 
 }  // namespace
 
-LaneWidth widestLanes() {
-  return __builtin_cpu_supports("avx2") != 0 ? LaneWidth::four : LaneWidth::two;
-}
+LaneWidth widestLanes() { return hasFourLanes() ? LaneWidth::four : LaneWidth::two; }
 
 void ScheduleBatch::prepare(const ScheduledAsset& asset, Place& place) {
   place.fits = false;
