@@ -1,5 +1,7 @@
 #include "cli/options.h"
 
+#include <sched.h>
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
@@ -90,7 +92,11 @@ void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& descri
 }
 
 int defaultJobs() {
-  return std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, most_jobs);
+  cpu_set_t may_use;
+  const int cores = ::sched_getaffinity(0, sizeof may_use, &may_use) == 0
+                        ? CPU_COUNT(&may_use)
+                        : static_cast<int>(std::thread::hardware_concurrency());
+  return std::clamp(cores, 1, most_jobs);
 }
 
 void addJobsOption(CLI::App& app, int& jobs) {
