@@ -124,6 +124,18 @@ TEST(RecordInText, KeepsItsTextWhenACopyOfItGoesOn) {
   EXPECT_EQ(record.kept().view(), R"({"A":2,"B":3})");
 }
 
+TEST(RecordInText, TakesNoPieceOfItsTextForAName) {
+  RecordInText record;
+  record.set("A", StoredValue::integer(1));
+  record.set("B", StoredValue::integer(2));
+  record.set(R"(C\D)", StoredValue::integer(3));
+  const RecordInText read(record.kept());
+  EXPECT_EQ(read.get(R"(A":1,"B)"), StoredValue());
+  EXPECT_EQ(read.get("B"), StoredValue::integer(2));
+  EXPECT_EQ(read.get(R"(C\\D)"), StoredValue());
+  EXPECT_EQ(read.get(R"(C\D)"), StoredValue::integer(3));
+}
+
 TEST(RecordInText, RefusesWhatIsNotItsOwn) {
   for (const char* text : {"", "{", "}", "{x}", "[]", "{}x", "{\"a\"}", "{\"a\":}", "{\"a\":1,}",
                            "{\"a\":1.5x}", "{\"a\":99999}", "{\"a\":tru}", "{\"a\":\"\\x\"}",
