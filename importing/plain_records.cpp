@@ -73,10 +73,10 @@ std::size_t lineEndAt(std::string_view text, std::size_t at) {
 std::size_t PlainRecords::read(std::string_view text, CsvPlace place,
                                std::vector<CsvField>& fields) const {
   const auto left_alone = [&fields] { return fields.clear(), std::size_t{0}; };
+  text = text.substr(0, form_.limits.record_bytes);
   const auto is = [text](std::size_t at, char byte) {
     return at < text.size() && text[at] == byte;
   };
-  text = text.substr(0, form_.limits.record_bytes);
   OtherBytes others(text, form_.separator);
   for (std::size_t begin = 0; fields.size() < form_.limits.fields;) {
     std::size_t first = begin;
