@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QIcon>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <clocale>
@@ -154,6 +155,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   // Qt takes the number format from the environment; ours is the same everywhere.
   std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
   QApplication::setApplicationName(QStringLiteral("depcalc"));
   // No display name: the toolkit would add it to the titles of boxes, which are whole as they are.
   QApplication::setApplicationVersion(QStringLiteral(DEPCALC_VERSION));

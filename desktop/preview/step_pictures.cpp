@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <string>
 
 #include "compare/dep_calc_display_ctl.h"
 #include "desktop/preview/modal_picture.h"
@@ -66,17 +67,18 @@ class Steps {
     settle();
   }
 
-  /// Another salvage value, as typed, calculated and saved.
+  /// Another life, which any asset can have, as typed, calculated and saved.
   void correctFirstAsset() {
     window_.editAsset(1);
     settle();
     DepCalcCtl* const form = window_.calculator()->entryForm();
     if (form == nullptr) return;
     user([form](User& user) {
-      WhatIfRow salvage;
-      salvage.changed = WhatIfField::salvage;
-      salvage.text = "3500";
-      typeIntoForm(user, *form, salvage);
+      const int years = QString::fromStdString(form->DRecoveryText.text()).toInt();
+      WhatIfRow life;
+      life.changed = WhatIfField::life;
+      life.text = std::to_string(years > 1 ? years - 1 : years + 1);
+      typeIntoForm(user, *form, life);
       user.click(form->CalcButton.normal);
     });
     saveComparison();

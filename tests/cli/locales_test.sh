@@ -138,7 +138,8 @@ done
 QT_QPA_PLATFORM=offscreen
 XDG_RUNTIME_DIR=$work
 TZ=UTC
-export QT_QPA_PLATFORM XDG_RUNTIME_DIR TZ
+SOURCE_DATE_EPOCH=1717243200 # June 1, 2024, 12:00, wherever a picture shows when
+export QT_QPA_PLATFORM XDG_RUNTIME_DIR TZ SOURCE_DATE_EPOCH
 depcalc new "$work/w.company"
 depcalc import --today 2024-06-01 "$work/w.company" "$work/plain.csv" > /dev/null
 for language in C $languages; do
