@@ -20,6 +20,7 @@ class Pictures {
 
   QStringList draw() {
     drawDialog("Preferences…", "preferences");
+    drawDialog("Open from Server…", "open-from-server");
     drawDialog("Company Info…", "company-info");
     drawDialog("Recalculate All Assets…", "recalculate");
     drawForAsset("Dispose…", "dispose", false);

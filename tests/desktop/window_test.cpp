@@ -397,14 +397,15 @@ TEST_F(Window, PreviewsShowEveryScreen) {
     names.push_back(QFileInfo(path).fileName().toStdString());
     EXPECT_GT(QFileInfo(path).size(), 1000) << names.back();
   }
-  EXPECT_THAT(names,
-              ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
-                          "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
-                          "reports-journal.png", "reports-asset.png", "reports-check.png",
-                          "preferences.png", "company-info.png", "recalculate.png", "dispose.png",
-                          "entry.png", "entry-help.png", "comparison.png", "comparison-help.png",
-                          "workspace.png", "insight-chart.png", "insight-what-if.png", "import.png",
-                          "import-ready.png", "history.png"));
+  EXPECT_THAT(
+      names,
+      ElementsAre("register.png", "register-selected.png", "schedule.pdf", "schedule-1.png",
+                  "reports-schedule.png", "reports-years.png", "reports-rollforward.png",
+                  "reports-journal.png", "reports-asset.png", "reports-check.png",
+                  "preferences.png", "open-from-server.png", "company-info.png", "recalculate.png",
+                  "dispose.png", "entry.png", "entry-help.png", "comparison.png",
+                  "comparison-help.png", "workspace.png", "insight-chart.png",
+                  "insight-what-if.png", "import.png", "import-ready.png", "history.png"));
 }
 
 }  // namespace
