@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <random>
 
@@ -98,7 +99,7 @@ TEST(RecordInText, GoesThroughItsNamesInOrder) {
     }
     for (int year = 0; year < life; ++year) {
       twins.set("Dep" + std::to_string(year),
-                StoredValue::currency(Currency::fromTicks(year * 100'000'000)));
+                StoredValue::currency(Currency::fromTicks(year * std::int64_t{100'000'000})));
     }
     twins.compareAll();
     for (int year = 0; year <= life; ++year) twins.compareValue("Dep" + std::to_string(year));
