@@ -178,11 +178,12 @@ TEST(GuidePages, AreAllReachedFromTheFirst) {
   }
 }
 
-/// Text and frames have many, for their edges are smoothed; an empty page has one.
+/// Between menus and status line. Text and frames have many, for their edges are smoothed; an empty
+/// page has one.
 std::size_t colorsInTheMiddle(const QImage& picture) {
   std::set<QRgb> colors;
-  for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
-    for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
+  for (int y = picture.height() / 8; y < picture.height() * 7 / 8; ++y) {
+    for (int x = picture.width() / 8; x < picture.width() * 7 / 8; ++x) {
       colors.insert(picture.pixel(x, y));
     }
   }
