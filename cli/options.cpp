@@ -91,6 +91,7 @@ void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& descri
   addDateOption(app, "--fiscal-year-end", date, monthAndDay, "MM-DD", description);
 }
 
+/// As many as this process may use, which can be fewer than the machine has.
 int defaultJobs() {
   cpu_set_t may_use;
   const int cores = ::sched_getaffinity(0, sizeof may_use, &may_use) == 0

@@ -11,9 +11,8 @@
 #include "engine/calculate_dep.h"
 #include "engine/method_batch.h"
 #include "engine/method_results.h"
-#include "tests/support/random_assets.h"
+#include "tests/support/random_records.h"
 #include "tests/support/reports.h"
-#include "values/number_text.h"
 
 namespace depcalc {
 namespace {
@@ -31,16 +30,6 @@ ScheduledAsset scheduledOf(const SomeAsset& asset) {
           .life = asset.life,
           .convention = asset.convention,
           .capacity = asset.capacity};
-}
-
-void fill(CalculateDep& record, const SomeAsset& asset) {
-  record.AssetStartDate(asset.placed_in_service);
-  record.FYEnd(asset.fiscal_year_end);
-  record.AssetBasis(asset.basis);
-  record.AssetSalvage(asset.salvage);
-  record.DepRecovery(asset.life);
-  record.DepConvention(std::to_string(asset.convention));
-  record.AssetProdCap(numberToText(asset.capacity));
 }
 
 /// Whatever there is to be seen of a calculation.

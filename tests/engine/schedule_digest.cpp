@@ -9,9 +9,8 @@
 #include "engine/calculate_dep.h"
 #include "engine/method_batch.h"
 #include "engine/schedule_batch.h"
-#include "tests/support/random_assets.h"
+#include "tests/support/random_records.h"
 #include "tests/support/reports.h"
-#include "values/number_text.h"
 
 namespace depcalc {
 namespace {
@@ -34,16 +33,6 @@ class Digest {
  private:
   std::uint64_t value_ = 14'695'981'039'346'656'037U;
 };
-
-void fill(CalculateDep& record, const test::SomeAsset& asset) {
-  record.AssetStartDate(asset.placed_in_service);
-  record.FYEnd(asset.fiscal_year_end);
-  record.AssetBasis(asset.basis);
-  record.AssetSalvage(asset.salvage);
-  record.DepRecovery(asset.life);
-  record.DepConvention(std::to_string(asset.convention));
-  record.AssetProdCap(numberToText(asset.capacity));
-}
 
 void addRecord(CalculateDep& record, Digest& digest) {
   const Reports reports;
