@@ -1,6 +1,7 @@
 #include "engine/calculate_dep.h"
 
 #include <algorithm>
+#include <span>
 
 #include "common/trapped.h"
 #include "engine/double_declining_balance.h"
@@ -12,6 +13,17 @@
 #include "values/number_text.h"
 
 namespace depcalc {
+namespace {
+
+/// The rule of a schedule that has been calculated before: its amounts as they are.
+auto asCalculated(std::span<const Currency> calculated) {
+  return [calculated](Amounts amounts) {
+    std::copy(calculated.begin(), calculated.end(), amounts.data());
+  };
+}
+
+}  // namespace
+
 std::string CalculateDep::RecIndex() const { return std::to_string(rec_index_); }
 
 void CalculateDep::RecIndex(std::string_view text) {
@@ -162,27 +174,19 @@ void CalculateDep::StraightLine(const CalculatedSchedules& calculated,
                                 std::vector<Currency>& result) {
   const auto rule = [&](Amounts amounts) {
     first_year_fraction_ = calculated.first_year_fraction;
-    std::copy(calculated.straight_line.begin(), calculated.straight_line.end(), amounts.data());
+    asCalculated(calculated.straight_line)(amounts);
   };
   schedule("DepCalc::CalcDepSL", rule, result);
 }
 
 void CalculateDep::SumofYearsDigits(const CalculatedSchedules& calculated,
                                     std::vector<Currency>& result) {
-  const auto rule = [&](Amounts amounts) {
-    const auto& those = calculated.sum_of_years_digits;
-    std::copy(those.begin(), those.end(), amounts.data());
-  };
-  schedule("DepCalc::CalcDepSYD", rule, result);
+  schedule("DepCalc::CalcDepSYD", asCalculated(calculated.sum_of_years_digits), result);
 }
 
 void CalculateDep::DoubleDecliningBalance(const CalculatedSchedules& calculated,
                                           std::vector<Currency>& result) {
-  const auto rule = [&](Amounts amounts) {
-    const auto& those = calculated.double_declining_balance;
-    std::copy(those.begin(), those.end(), amounts.data());
-  };
-  schedule("DepCalc::CalcDepDDB", rule, result);
+  schedule("DepCalc::CalcDepDDB", asCalculated(calculated.double_declining_balance), result);
 }
 
 Currency CalculateDep::UnitsofProduction(const CalculatedSchedules& calculated) {
