@@ -46,17 +46,18 @@ class InOrder {
       changed_.wait(lock, [this, number] { return stopped_ || due_ == number; });
       if (stopped_) return false;
     }
-    // No other block is due before this one is handed in.
+    // It stays due, with nothing in its place, until it is handed in: nobody else passes on.
     if (pass_(part)) return true;
     stop();
     return false;
   }
 
-  /// Returns whether to go on.
+  /// Returns whether to go on. A part leaves its place before it is passed on without the lock, and
+  /// the next one is due only once the lock is held again: whoever hands in meanwhile finds nothing
+  /// in the place that is due, and so only one thread passes on.
   bool handIn(std::size_t number, std::unique_ptr<Part> part) {
     std::unique_lock lock(mutex_);
     place(number) = std::move(part);
-    if (std::exchange(passing_, true)) return !stopped_;
     while (!stopped_ && place(due_) != nullptr) {
       auto next = std::move(place(due_));
       lock.unlock();
@@ -67,7 +68,6 @@ class InOrder {
       ++due_;
       changed_.notify_all();
     }
-    passing_ = false;
     return !stopped_;
   }
 
@@ -89,7 +89,6 @@ class InOrder {
   std::vector<std::unique_ptr<Part>> spares_;
   std::vector<std::unique_ptr<Part>> waiting_;  // by their blocks' numbers
   std::size_t due_ = 0;
-  bool passing_ = false;
   bool stopped_ = false;
 };
 
