@@ -2,14 +2,10 @@
 
 #include <algorithm>
 
-#include "values/display_format.h"
+#include "importing/import_summary.h"
 
 namespace depcalc {
 namespace {
-
-std::string counted(std::size_t count, std::string_view one, std::string_view many) {
-  return formatWhole(static_cast<double>(count)).append(" ").append(count == 1 ? one : many);
-}
 
 AssetRules rulesFor(const ImportingCompany& company) {
   return {.today = company.today,
@@ -24,9 +20,9 @@ AssetImport::AssetImport(std::string bytes, const ImportingCompany& company, Dup
                          Recall recall)
     : bytes_(std::move(bytes)),
       company_(company),
-      duplicates_(std::move(duplicates)),
       recall_(std::move(recall)),
-      judge_(settings_, rulesFor(company)) {
+      judge_(settings_, rulesFor(company)),
+      rows_(std::move(duplicates)) {
   settings_.encoding = detectedEncoding(bytes_);
   text_ = decodedText(bytes_, settings_.encoding);
   settings_.separator = detectedSeparator(text_.text);
@@ -37,16 +33,16 @@ AssetImport::AssetImport(FileTable table, const ImportingCompany& company, Dupli
                          Recall recall)
     : is_text_(false),
       company_(company),
-      duplicates_(std::move(duplicates)),
       recall_(std::move(recall)),
       table_(std::move(table)),
-      judge_(settings_, rulesFor(company)) {
+      judge_(settings_, rulesFor(company)),
+      rows_(std::move(duplicates)) {
   takeTable();
 }
 
 void AssetImport::readAnew() {
   table_ = {};
-  rows_.clear();
+  rows_.startAnew(0);
   counts_ = {};
   reading_.emplace(text_.text, settings_.separator, most_rows);
   stage_ = Stage::reading;
@@ -66,7 +62,7 @@ void AssetImport::setHeaderRow(std::size_t row) {
   const auto remembered = recall_ ? recall_(header_) : std::nullopt;
   if (remembered && remembered->size() == header_.size()) settings_.uses = *remembered;
   findForms();
-  rows_.assign(table_.rows.size() - settings_.header_row, {});
+  rows_.startAnew(table_.rows.size() - settings_.header_row);
   judgeAnew();
 }
 
@@ -95,7 +91,7 @@ bool AssetImport::goOn(std::size_t rows) {
     }
     if (judged_ < rows_.size()) return true;
     stage_ = Stage::done;
-    lookForDuplicates();
+    settle();
   }
   return false;
 }
@@ -158,62 +154,13 @@ void AssetImport::judgeAnew() {
 }
 
 void AssetImport::judgeRow(std::size_t index) {
-  ImportRow& row = rows_[index];
-  CalculateDep asset;
-  row.problems = judge_.judge(fileRow(index), row.edits, asset);
-  row.duplicates.clear();
-  row.id = asset.AssetID();
-  row.serial = asset.ASerial();
-  row.differences = 0;
-  row.distant = false;
-  if (!row.problems.empty()) return;
-  row.distant = refusedByDateLimit(asset.AssetStartDate(), company_.today).has_value();
-  const auto amounts = judge_.compare(fileRow(index), asset);
-  row.differences = static_cast<std::size_t>(
-      std::count_if(amounts.begin(), amounts.end(),
-                    [](const ComparedAmount& amount) { return amount.differs(); }));
+  rows_.judge(index, fileRow(index), judge_, company_.today);
 }
 
-/// Whoever is left out has no ID that another could have again.
-void AssetImport::lookForDuplicates() {
-  duplicates_.forgetLines();
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    ImportRow& row = rows_[i];
-    row.duplicates.clear();
-    if (row.isLeftOut()) continue;
-    for (RowProblem& problem : duplicates_.problemsOf(row.id, row.serial, fileRow(i).line)) {
-      const auto use = useNamed(problem.column);
-      row.duplicates.push_back({std::get<AssetColumn>(*use), std::move(problem.message)});
-    }
-    if (row.duplicates.empty() || !leaves_out_duplicates_ || row.taken == true) {
-      duplicates_.add(row.id, row.serial, fileRow(i).line);
-    }
-  }
-  count();
-}
-
-void AssetImport::count() {
-  counts_ = {};
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const ImportRow& row = rows_[i];
-    const RowStatus status = statusOf(i);
-    const bool ready = status == RowStatus::ready;
-    counts_.ready += ready;
-    counts_.problems += status == RowStatus::problem;
-    counts_.left_out += status == RowStatus::left_out;
-    counts_.duplicates += status == RowStatus::duplicate;
-    counts_.repeated += ready && !row.duplicates.empty();
-    counts_.differing += ready && row.differences > 0;
-    counts_.distant += ready && row.distant;
-  }
-}
-
-RowStatus AssetImport::statusOf(std::size_t index) const {
-  const ImportRow& row = rows_[index];
-  if (row.isLeftOut()) return RowStatus::left_out;
-  if (!row.problems.empty()) return RowStatus::problem;
-  const bool taken = row.duplicates.empty() || !leaves_out_duplicates_ || row.taken == true;
-  return taken ? RowStatus::ready : RowStatus::duplicate;
+/// What a row is may depend on every other.
+void AssetImport::settle() {
+  rows_.findDuplicates();
+  counts_ = rows_.counts();
 }
 
 std::string_view AssetImport::text(std::size_t index, AssetColumn column) const {
@@ -238,87 +185,37 @@ std::vector<ComparedAmount> AssetImport::amountsOf(std::size_t index) const {
 }
 
 void AssetImport::edit(std::size_t index, AssetColumn column, std::string text) {
-  rows_[index].edits[column] = std::move(text);
+  rows_.edit(index, column, std::move(text));
   if (!isDone()) return;
   judgeRow(index);
-  lookForDuplicates();
+  settle();
 }
 
 void AssetImport::take(std::size_t index, bool taken) {
-  rows_[index].taken = taken;
-  if (isDone()) lookForDuplicates();
+  rows_.take(index, taken);
+  if (isDone()) settle();
 }
 
 void AssetImport::leaveOutDuplicates(bool leave_out) {
-  leaves_out_duplicates_ = leave_out;
-  if (isDone()) lookForDuplicates();
+  rows_.leaveOutDuplicates(leave_out);
+  if (isDone()) settle();
 }
 
-std::vector<std::uint32_t> AssetImport::inOrder(RowFilter filter) const {
-  std::array<std::vector<std::uint32_t>, 4> ranks;
-  for (std::uint32_t i = 0; i < rows_.size(); ++i) {
-    const ImportRow& row = rows_[i];
-    const bool problem = !row.isLeftOut() && !row.problems.empty();
-    const bool passes = filter == RowFilter::all || (filter == RowFilter::problems && problem) ||
-                        (filter == RowFilter::duplicates && !row.duplicates.empty()) ||
-                        (filter == RowFilter::differences && row.differences > 0);
-    if (!passes) continue;
-    ranks.at(problem ? 0 : !row.duplicates.empty() ? 1 : row.differences > 0 ? 2 : 3).push_back(i);
-  }
-  std::vector<std::uint32_t> order;
-  order.reserve(rows_.size());
-  for (const auto& rank : ranks) order.insert(order.end(), rank.begin(), rank.end());
-  return order;
-}
-
-std::string AssetImport::summary() const {
-  std::string text = counted(counts_.ready, "asset ready", "assets ready");
-  if (counts_.problems > 0) {
-    text += " · " + formatWhole(static_cast<double>(counts_.problems)) + " with problems";
-  }
-  if (counts_.duplicates > 0) {
-    text += " · " + counted(counts_.duplicates, "duplicate left out", "duplicates left out");
-  }
-  if (counts_.repeated > 0) {
-    text += " · " + counted(counts_.repeated, "duplicate", "duplicates") + " among them";
-  }
-  if (counts_.left_out > 0) {
-    text += " · " + formatWhole(static_cast<double>(counts_.left_out)) + " left out by you";
-  }
-  if (counts_.differing > 0) {
-    text +=
-        " · " + formatWhole(static_cast<double>(counts_.differing)) + " with amounts that differ";
-  }
-  return text;
-}
+std::string AssetImport::summary() const { return summaryOf(counts_); }
 
 std::optional<std::string> AssetImport::obstacle() const {
   if (!isDone()) return "The file is being read.";
-  if (rows_.empty()) return "The file has no rows with assets.";
-  if (!questions_.date.empty()) {
-    return "\"" + questions_.date +
-           "\" can be read as two days. Please choose the order of day and month.";
-  }
-  if (!questions_.number.empty()) {
-    return "\"" + questions_.number +
-           "\" can be read as two numbers. Please choose the decimal sign.";
-  }
+  return obstacleTo({.rows = rows_.size(),
+                     .beyond = table_.beyond,
+                     .questions = questions_,
+                     .missing = missingColumn(),
+                     .counts = counts_,
+                     .in_register = company_.assets});
+}
+
+std::optional<AssetColumn> AssetImport::missingColumn() const {
   for (const AssetColumn column : required_columns) {
-    if (hasColumn(column) || counts_.problems == 0) continue;
-    return "Please choose the column of the file that holds the " +
-           std::string(column == AssetColumn::life    ? "useful life"
-                       : column == AssetColumn::basis ? "basis"
-                                                      : "placed-in-service date") +
-           ".";
-  }
-  if (counts_.problems > 0) {
-    return "Please correct the rows with problems, or leave them out.";
-  }
-  if (counts_.ready == 0) return "No asset is left to import.";
-  if (table_.beyond > 0 || company_.assets + counts_.ready > most_assets) {
-    return "The register holds at most " + formatWhole(most_assets) + " assets; it has " +
-           formatWhole(static_cast<double>(company_.assets)) + ", and the file has " +
-           formatWhole(static_cast<double>(counts_.ready + table_.beyond)) + " more.";
+    if (!hasColumn(column)) return column;
   }
   return std::nullopt;
 }

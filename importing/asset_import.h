@@ -8,39 +8,10 @@
 #include <vector>
 
 #include "importing/asset_saving.h"
-#include "importing/duplicates.h"
+#include "importing/import_rows.h"
 #include "importing/import_settings.h"
-#include "importing/row_judge.h"
 
 namespace depcalc {
-
-enum class RowStatus { ready, problem, duplicate, left_out };
-
-/// A row of the file, judged.
-struct ImportRow {
-  RowEdits edits;
-  std::vector<RowFinding> problems;    ///< what the form's rules refuse
-  std::vector<RowFinding> duplicates;  ///< what another asset has already
-  std::string id;                      ///< as it would be saved
-  std::string serial;
-  std::size_t differences = 0;  ///< of the file's amounts and ours
-  bool distant = false;         ///< placed in service more than 50 years from today
-  std::optional<bool> taken;    ///< the user's decision
-
-  [[nodiscard]] bool isLeftOut() const { return taken == false; }
-};
-
-struct ImportCounts {
-  std::size_t ready = 0;
-  std::size_t problems = 0;
-  std::size_t duplicates = 0;  ///< that are left out
-  std::size_t repeated = 0;    ///< duplicates among those that are ready
-  std::size_t left_out = 0;    ///< by the user
-  std::size_t differing = 0;   ///< rows with amounts that differ, of those that are ready
-  std::size_t distant = 0;     ///< of those that are ready
-};
-
-enum class RowFilter { all, problems, duplicates, differences };
 
 /// What is known of the company beforehand.
 struct ImportingCompany {
@@ -100,7 +71,7 @@ class AssetImport {
   [[nodiscard]] const FileRow& fileRow(std::size_t index) const {
     return table_.rows[index + settings_.header_row];
   }
-  [[nodiscard]] RowStatus statusOf(std::size_t index) const;
+  [[nodiscard]] RowStatus statusOf(std::size_t index) const { return rows_.statusOf(index); }
   [[nodiscard]] std::string_view text(std::size_t index, AssetColumn column) const;
   /// The columns that the file has, the required ones and those the user has put something into.
   [[nodiscard]] std::vector<AssetColumn> columns() const;
@@ -110,14 +81,14 @@ class AssetImport {
   void edit(std::size_t index, AssetColumn column, std::string text);
   /// The user's decision about a row: a duplicate that is taken is ready.
   void take(std::size_t index, bool taken);
-  [[nodiscard]] bool leavesOutDuplicates() const { return leaves_out_duplicates_; }
+  [[nodiscard]] bool leavesOutDuplicates() const { return rows_.leavesOutDuplicates(); }
   void leaveOutDuplicates(bool leave_out);
-  /// The rows that `filter` lets through: those with problems first, then duplicates, then those
-  /// with differences, each as they stand in the file.
-  [[nodiscard]] std::vector<std::uint32_t> inOrder(RowFilter filter) const;
+  [[nodiscard]] std::vector<std::uint32_t> inOrder(RowFilter filter) const {
+    return rows_.inOrder(filter);
+  }
 
   [[nodiscard]] const ImportCounts& counts() const { return counts_; }
-  /// "212 assets ready · 3 with problems · 2 duplicates left out".
+  /// The same as a text (import_summary.h).
   [[nodiscard]] std::string summary() const;
   /// What keeps the import from being done, and the way on; nothing where it can be.
   [[nodiscard]] std::optional<std::string> obstacle() const;
@@ -132,13 +103,12 @@ class AssetImport {
   void findForms();
   void judgeAnew();
   void judgeRow(std::size_t index);
-  void lookForDuplicates();
-  void count();
+  void settle();
+  [[nodiscard]] std::optional<AssetColumn> missingColumn() const;
 
   std::string bytes_;
   bool is_text_ = true;
   ImportingCompany company_;
-  Duplicates duplicates_;
   Recall recall_;
   DecodedText text_;
   std::optional<TableReading> reading_;
@@ -149,10 +119,9 @@ class AssetImport {
   std::optional<DateOrder> chosen_dates_;
   std::vector<std::string> header_;
   RowJudge judge_;
-  std::vector<ImportRow> rows_;
+  ImportRows rows_;
   Stage stage_ = Stage::reading;
   std::size_t judged_ = 0;
-  bool leaves_out_duplicates_ = true;
   ImportCounts counts_;
 };
 
