@@ -1,30 +1,18 @@
-// Drawing by GDI: shapes without steps at their edges where the device has pixels, vectors where
-// it has none.
+// Drawing by GDI: shapes, pictures and texts.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
 
 #include "controls/button_pictures.h"
-#include "controls/control.h"
 #include "controls/font.h"
+#include "windows/controls/smoothing.h"
 #include "windows/controls/text_lines.h"
 #include "windows/controls/tones.h"
+#include "windows/controls/zoom.h"
 
 namespace depcalc::native {
-
-/// Units of a device to a twip.
-struct Zoom {
-  double x = 1;
-  double y = 1;
-
-  [[nodiscard]] static Zoom ofDpi(double dpi) { return {dpi / 1440, dpi / 1440}; }
-  /// Edges are rounded, not sizes: what touches in twips touches on the device.
-  [[nodiscard]] RECT rect(const Place& place, POINT origin = {}) const;
-  [[nodiscard]] int pixels(double twips) const;
-};
 
 /// A rounded rectangle. Lengths in units of the device.
 struct Frame {
@@ -80,10 +68,6 @@ class Canvas {
   [[nodiscard]] HFONT fontOf(const Font& font) const { return fonts_.of(font); }
 
  private:
-  struct Plane;
-
-  void smooth(const RECT& area, const std::function<void(const Plane&)>& draw) const;
-  void corners(const RECT& area, int side, const std::function<void(const Plane&)>& draw) const;
   void underline(std::wstring_view text, const TextLine& line, const Text& look, int left,
                  int top) const;
 
@@ -92,7 +76,7 @@ class Canvas {
   TextMeasure& measure_;
   Fonts& fonts_;
   const Tones& tones_;
-  bool raster_;
+  Smoothing smoothing_;
   COLORREF nearest_;  ///< goes with every colour
   MemoryDc layout_;
   HGDIOBJ layout_font_;

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "controls/printer.h"
+#include "windows/controls/canvas.h"
 #include "windows/controls/page_device.h"
 
 namespace depcalc::native {

@@ -3,6 +3,7 @@
 #include <winspool.h>
 
 #include <cmath>
+#include <utility>
 
 namespace depcalc::native {
 namespace {

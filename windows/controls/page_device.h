@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "windows/controls/canvas.h"
+#include "windows/controls/zoom.h"
 
 namespace depcalc::native {
 
