@@ -6,8 +6,6 @@
 #include "controls/control.h"
 #include "windows/controls/surface.h"
 
-struct IAccessible;
-
 namespace depcalc::native {
 
 /// Keeps a window as its control says: name, place, visibility and stacking by itself, the rest

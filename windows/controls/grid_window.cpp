@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "windows/controls/accessible_children.h"
 #include "windows/controls/field_windows.h"
 #include "windows/controls/screen_window.h"
 
@@ -84,8 +85,7 @@ void GridWindow::showCurrent() {
   RECT area = areaOf(grid_);
   MapWindowPoints(handle(), surface().frame(), reinterpret_cast<POINT*>(&area), 2);
   ScreenWindow::reveal(surface(), area);
-  const LONG child = 1 + grid_.row() * grid_.columns() + grid_.column();
-  NotifyWinEvent(EVENT_OBJECT_FOCUS, handle(), OBJID_CLIENT, child);
+  NotifyWinEvent(EVENT_OBJECT_FOCUS, handle(), OBJID_CLIENT, numberOfCurrent(grid_));
 }
 
 /// How much of the grid's left and top is not to be seen: scrolled away by the page or by itself.
