@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "windows/controls/accessible_children.h"
-#include "windows/controls/field_windows.h"
+#include "windows/controls/keys.h"
 #include "windows/controls/screen_window.h"
 
 namespace depcalc::native {

@@ -3,9 +3,13 @@
 #include <algorithm>
 
 #include "controls/overhang.h"
-#include "windows/controls/field_windows.h"
+#include "windows/controls/drop_down_list_window.h"
 #include "windows/controls/grid_window.h"
+#include "windows/controls/keys.h"
+#include "windows/controls/option_window.h"
 #include "windows/controls/page_window.h"
+#include "windows/controls/picture_box_window.h"
+#include "windows/controls/text_box_window.h"
 
 namespace depcalc::native {
 namespace {
@@ -27,30 +31,6 @@ int dpiOf(HWND window) {
   const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
   ReleaseDC(window, screen);
   return dpi;
-}
-
-bool isKey(UINT message) { return message == WM_KEYDOWN || message == WM_SYSKEYDOWN; }
-
-/// Keys that the control which has the focus uses itself, and that a host might take otherwise.
-bool isControlsOwn(WPARAM key) {
-  switch (key) {
-    case VK_LEFT:
-    case VK_RIGHT:
-    case VK_UP:
-    case VK_DOWN:
-    case VK_HOME:
-    case VK_END:
-    case VK_PRIOR:
-    case VK_NEXT:
-    case VK_BACK:
-    case VK_DELETE:
-    case VK_SPACE:
-    case VK_RETURN:
-    case VK_ESCAPE:
-      return true;
-    default:
-      return false;
-  }
 }
 
 }  // namespace
@@ -291,7 +271,7 @@ void ScreenWindow::leave() {
 }
 
 bool ScreenWindow::translateAccelerator(MSG& message) {
-  if (!isKey(message.message) || handle() == nullptr) return false;
+  if (!isKeyDown(message.message) || handle() == nullptr) return false;
   if (message.hwnd != handle() && IsChild(handle(), message.hwnd) == FALSE) return false;
   const auto surface = surface_;
   const ControlWindow* const at = ControlWindow::of(message.hwnd);
