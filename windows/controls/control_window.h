@@ -103,7 +103,4 @@ const wchar_t* registeredClass(HINSTANCE module);
 /// Nothing where a window of it is left.
 void unregisterClass(HINSTANCE module);
 
-/// A window for the kind that `control` is, where it is not only drawn.
-std::shared_ptr<ControlWindow> makeWindow(Control& control, Surface& surface);
-
 }  // namespace depcalc::native

@@ -7,13 +7,9 @@
 #include "windows/controls/accessible_children.h"
 #include "windows/controls/keys.h"
 #include "windows/controls/screen_window.h"
+#include "windows/controls/scroll_bars.h"
 
 namespace depcalc::native {
-namespace {
-
-constexpr int line_pixels = 24;  // of one step of a scroll bar
-
-}  // namespace
 
 void GridWindow::create(HWND parent) {
   createOwn(parent, 0);
@@ -159,15 +155,7 @@ void GridWindow::showScrollBars() {
     LONG& scrolled = bar == SB_HORZ ? scrolled_.x : scrolled_.y;
     scrolled = needed ? std::clamp<LONG>(scrolled, 0, length - room) : 0;
     ShowScrollBar(handle(), bar, needed ? TRUE : FALSE);
-    if (!needed) continue;
-    SCROLLINFO info{sizeof info,
-                    SIF_RANGE | SIF_PAGE | SIF_POS,
-                    0,
-                    length - 1,
-                    static_cast<UINT>(room),
-                    static_cast<int>(scrolled),
-                    0};
-    SetScrollInfo(handle(), bar, &info, TRUE);
+    if (needed) setScrollBar(handle(), bar, length, room, static_cast<int>(scrolled));
   }
 }
 
@@ -176,14 +164,6 @@ void GridWindow::scrollTo(int bar, int position) {
   scrolled = position;
   showScrollBars();
   repaint();
-}
-
-void GridWindow::scroll(int bar, WPARAM code) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  GetScrollInfo(handle(), bar, &info);
-  scrollTo(bar, scrolledPosition(info, LOWORD(code), line_pixels));
 }
 
 void GridWindow::clickCell(Cell cell) {
@@ -234,10 +214,10 @@ LRESULT GridWindow::handleMessage(UINT message, WPARAM wide, LPARAM low) {
       if (keyDown(wide)) return 0;
       break;
     case WM_HSCROLL:
-      scroll(SB_HORZ, wide);
+      scrollTo(SB_HORZ, scrolledPosition(handle(), SB_HORZ, wide));
       return 0;
     case WM_VSCROLL:
-      scroll(SB_VERT, wide);
+      scrollTo(SB_VERT, scrolledPosition(handle(), SB_VERT, wide));
       return 0;
     case WM_GETDLGCODE:
       return DLGC_WANTALLKEYS;

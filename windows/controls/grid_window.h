@@ -42,7 +42,6 @@ class GridWindow : public ControlWindow {
   void restructure();
   void showCurrent();
   void showScrollBars();
-  void scroll(int bar, WPARAM code);
   void scrollTo(int bar, int position);
   void clickCell(Cell cell);
   bool keyDown(WPARAM key);

@@ -23,6 +23,14 @@ POINT pointOf(LPARAM low) { return {GET_X_LPARAM(low), GET_Y_LPARAM(low)}; }
 
 }  // namespace
 
+std::vector<Control*> backToFront(const UserControl& page) {
+  std::vector<Control*> children = page.children();
+  std::stable_sort(children.begin(), children.end(), [](const Control* a, const Control* b) {
+    return a->stacking() < b->stacking();
+  });
+  return children;
+}
+
 PageWindow::PageWindow(UserControl& control, Surface& surface)
     : ControlWindow(control, surface), page_(control) {
   for (Control* child : page_.children()) {
@@ -101,11 +109,7 @@ void PageWindow::keysLeft(const Control& stop) { repaintControl(stop); }
 
 void PageWindow::drawPart(const Canvas& canvas, const RECT& part) {
   canvas.fill(part, canvas.tones().ground(page_.backColour()));
-  std::vector<Control*> children = page_.children();
-  std::stable_sort(children.begin(), children.end(), [](const Control* a, const Control* b) {
-    return a->stacking() < b->stacking();
-  });
-  for (const Control* child : children) {
+  for (const Control* child : backToFront(page_)) {
     if (!child->visible() || !isDrawnAround(*child)) continue;
     const RECT area = areaOf(*child);
     RECT meeting{};

@@ -46,4 +46,7 @@ class PageWindow : public ControlWindow {
   Control* pressed_ = nullptr;  ///< with the mouse, by the user
 };
 
+/// What stands on a page, furthest behind first.
+[[nodiscard]] std::vector<Control*> backToFront(const UserControl& page);
+
 }  // namespace depcalc::native

@@ -4,59 +4,17 @@
 
 #include "controls/overhang.h"
 #include "windows/controls/drop_down_list_window.h"
-#include "windows/controls/grid_window.h"
 #include "windows/controls/keys.h"
-#include "windows/controls/option_window.h"
-#include "windows/controls/page_window.h"
-#include "windows/controls/picture_box_window.h"
-#include "windows/controls/text_box_window.h"
+#include "windows/controls/monitor_dpi.h"
+#include "windows/controls/window_making.h"
 
 namespace depcalc::native {
 namespace {
 
 constexpr const wchar_t* frame_class = L"DepCalcFrame";
 constexpr const wchar_t* frame_property = L"DepCalcScreenWindow";
-constexpr int reveal_margin = 12;  // pixels left around what is to be seen
-constexpr int line_pixels = 24;
-constexpr UINT dpi_changed_message = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
-
-/// Of the monitor that the window is on, where the system tells; else of the screen.
-int dpiOf(HWND window) {
-  using GetDpi = UINT(WINAPI*)(HWND);
-  const HMODULE user = GetModuleHandleW(L"user32.dll");
-  const auto get =
-      reinterpret_cast<GetDpi>(reinterpret_cast<void*>(GetProcAddress(user, "GetDpiForWindow")));
-  if (get != nullptr && get(window) != 0) return static_cast<int>(get(window));
-  const HDC screen = GetDC(window);
-  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
-  ReleaseDC(window, screen);
-  return dpi;
-}
 
 }  // namespace
-
-int scrolledPosition(const SCROLLINFO& bar, int code, int line) {
-  const int page = std::max(line, static_cast<int>(bar.nPage) - line);
-  switch (code) {
-    case SB_LINEUP:
-      return bar.nPos - line;
-    case SB_LINEDOWN:
-      return bar.nPos + line;
-    case SB_PAGEUP:
-      return bar.nPos - page;
-    case SB_PAGEDOWN:
-      return bar.nPos + page;
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-      return bar.nTrackPos;
-    case SB_TOP:
-      return bar.nMin;
-    case SB_BOTTOM:
-      return bar.nMax;
-    default:
-      return bar.nPos;
-  }
-}
 
 ScreenWindow::ScreenWindow(HWND parent, UserControl& root, std::shared_ptr<void> model,
                            Surface::Events events, Ambient ambient)
@@ -76,7 +34,7 @@ ScreenWindow::ScreenWindow(HWND parent, UserControl& root, std::shared_ptr<void>
   SetPropW(frame, frame_property, this);
   surface_->setFrame(frame);
   surface_->setDpi(dpiOf(frame));
-  makeWindows(root, frame);
+  windows_ = makeWindows(root, *surface_, frame);
   layOut();
   surface_->paintAtIdle();
 }
@@ -91,47 +49,6 @@ ScreenWindow::~ScreenWindow() {
   windows_.clear();
   unregisterClass(thisModule());
   UnregisterClassW(frame_class, thisModule());
-}
-
-std::shared_ptr<ControlWindow> makeWindow(Control& control, Surface& surface) {
-  switch (control.kind()) {
-    case ControlKind::textBox:
-      return std::make_shared<TextBoxWindow>(static_cast<TextBox&>(control), surface);
-    case ControlKind::dropDownList:
-      return std::make_shared<DropDownListWindow>(static_cast<DropDownList&>(control), surface);
-    case ControlKind::optionButton:
-      return std::make_shared<OptionWindow>(static_cast<OptionButton&>(control), surface);
-    case ControlKind::pictureBox:
-      return std::make_shared<PictureBoxWindow>(static_cast<PictureBox&>(control), surface);
-    case ControlKind::grid:
-      return std::make_shared<GridWindow>(static_cast<Grid&>(control), surface);
-    case ControlKind::userControl:
-      return std::make_shared<PageWindow>(static_cast<UserControl&>(control), surface);
-    default:
-      return nullptr;
-  }
-}
-
-void ScreenWindow::makeWindows(UserControl& page, HWND parent) {
-  auto window = makeWindow(page, *surface_);
-  windows_.push_back(window);
-  window->create(parent);
-  std::vector<Control*> children = page.children();
-  std::stable_sort(children.begin(), children.end(), [](const Control* a, const Control* b) {
-    return a->stacking() < b->stacking();
-  });
-  for (Control* child : children) {
-    if (child->kind() == ControlKind::userControl) {
-      makeWindows(static_cast<UserControl&>(*child), window->handle());
-    } else if (auto inside = makeWindow(*child, *surface_)) {
-      windows_.push_back(inside);
-      inside->create(window->handle());
-    }
-    // What is made later lies in front.
-    ControlWindow* const made = surface_->window(*child);
-    if (made == nullptr || made->handle() == nullptr) continue;
-    SetWindowPos(made->handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  }
 }
 
 ScreenWindow* ScreenWindow::of(HWND frame) {
@@ -160,85 +77,23 @@ void ScreenWindow::layOut() {
   if (frame == nullptr || laying_out_) return;
   laying_out_ = true;  // showing a scroll bar is another size
   const SIZE content = contentSize();
-  showScrollBars(content);
+  scrolling_.fit(frame, content);
   RECT client{};
   GetClientRect(frame, &client);
   const RECT root = surface_->zoom().rect(surface_->root().place());
   const LONG middle = (client.right - (root.right - root.left)) / 2;
   const LONG left = std::max<LONG>(0, std::min(middle, client.right - content.cx));
   if (ControlWindow* const page = surface_->window(surface_->root())) {
-    page->place({{left - scrolled_.x - root.left, -scrolled_.y - root.top}, client});
+    const POINT scrolled = scrolling_.position();
+    page->place({{left - scrolled.x - root.left, -scrolled.y - root.top}, client});
   }
   laying_out_ = false;
-}
-
-void ScreenWindow::showScrollBars(const SIZE& content) {
-  const int thick = GetSystemMetrics(SM_CXVSCROLL);
-  RECT window{};
-  GetWindowRect(handle(), &window);
-  SIZE whole{window.right - window.left, window.bottom - window.top};
-  bool across = content.cx > whole.cx;
-  const bool down = content.cy > whole.cy - (across ? thick : 0);
-  across = content.cx > whole.cx - (down ? thick : 0);
-  if (across) whole.cy -= thick;
-  if (down) whole.cx -= thick;
-  scrolled_.x = std::clamp<LONG>(scrolled_.x, 0, std::max<LONG>(0, content.cx - whole.cx));
-  scrolled_.y = std::clamp<LONG>(scrolled_.y, 0, std::max<LONG>(0, content.cy - whole.cy));
-  SCROLLINFO horizontal{sizeof(SCROLLINFO),
-                        SIF_RANGE | SIF_PAGE | SIF_POS,
-                        0,
-                        content.cx - 1,
-                        static_cast<UINT>(whole.cx),
-                        scrolled_.x,
-                        0};
-  SCROLLINFO vertical{sizeof(SCROLLINFO),
-                      SIF_RANGE | SIF_PAGE | SIF_POS,
-                      0,
-                      content.cy - 1,
-                      static_cast<UINT>(whole.cy),
-                      scrolled_.y,
-                      0};
-  ShowScrollBar(handle(), SB_HORZ, across ? TRUE : FALSE);
-  ShowScrollBar(handle(), SB_VERT, down ? TRUE : FALSE);
-  if (across) SetScrollInfo(handle(), SB_HORZ, &horizontal, TRUE);
-  if (down) SetScrollInfo(handle(), SB_VERT, &vertical, TRUE);
-}
-
-void ScreenWindow::scroll(int bar, int position) {
-  (bar == SB_HORZ ? scrolled_.x : scrolled_.y) = position;
-  layOut();
-}
-
-void ScreenWindow::scrollBy(UINT message, WPARAM code) {
-  const int bar = message == WM_HSCROLL ? SB_HORZ : SB_VERT;
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  GetScrollInfo(handle(), bar, &info);
-  scroll(bar, scrolledPosition(info, LOWORD(code), line_pixels));
-}
-
-void ScreenWindow::wheel(WPARAM wide) {
-  constexpr int lines = 3;
-  const int turned = static_cast<short>(HIWORD(wide));
-  scroll(SB_VERT, scrolled_.y - turned * lines * line_pixels / WHEEL_DELTA);
 }
 
 void ScreenWindow::reveal(Surface& surface, const RECT& area) {
   ScreenWindow* const window = of(surface.frame());
   if (window == nullptr) return;
-  RECT client{};
-  GetClientRect(surface.frame(), &client);
-  const auto moved = [](LONG low, LONG high, LONG room) -> LONG {
-    if (low < 0) return low - reveal_margin;
-    return high > room ? std::min(high - room, low) + reveal_margin : 0;
-  };
-  const LONG right = moved(area.left, area.right, client.right);
-  const LONG down = moved(area.top, area.bottom, client.bottom);
-  if (right == 0 && down == 0) return;
-  window->scrolled_.x += right;
-  window->scrolled_.y += down;
-  window->layOut();
+  if (window->scrolling_.reveal(surface.frame(), area)) window->layOut();
 }
 
 /// A screen comes up from its top left; help that appears beside it is to be seen.
@@ -247,7 +102,7 @@ void ScreenWindow::contentChanged(Surface& surface, const Control& control) {
   if (window == nullptr || control.kind() != ControlKind::userControl) return;
   const bool outermost = control.parent() == nullptr;
   const bool appears = !outermost && control.visible();
-  if (appears && !floats(control)) window->scrolled_ = {};
+  if (appears && !floats(control)) window->scrolling_.toTopLeft();
   window->layOut();
   if (appears && floats(control)) {
     RECT area{};
@@ -365,10 +220,12 @@ LRESULT ScreenWindow::handleMessage(HWND window, UINT message, WPARAM wide, LPAR
       return 0;
     case WM_HSCROLL:
     case WM_VSCROLL:
-      scrollBy(message, wide);
+      scrolling_.useBar(window, message, wide);
+      layOut();
       return 0;
     case WM_MOUSEWHEEL:
-      wheel(wide);
+      scrolling_.turnWheel(wide);
+      layOut();
       return 0;
     case WM_ERASEBKGND: {
       RECT client{};

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "windows/controls/control_window.h"
+#include "windows/controls/frame_scrolling.h"
 
 namespace depcalc::native {
 
@@ -62,24 +63,16 @@ class ScreenWindow {
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wide, LPARAM low);
   LRESULT handleMessage(HWND window, UINT message, WPARAM wide, LPARAM low);
-  void makeWindows(UserControl& page, HWND parent);
   void restyle();
   void layOut();
-  void showScrollBars(const SIZE& content);
-  void scroll(int bar, int position);
-  void scrollBy(UINT message, WPARAM code);
-  void wheel(WPARAM wide);
   void ownMessage(UINT message, WPARAM wide);
   bool restingKey(UINT message, WPARAM key);
   [[nodiscard]] SIZE contentSize() const;
 
   std::shared_ptr<Surface> surface_;
   std::vector<std::shared_ptr<ControlWindow>> windows_;
-  POINT scrolled_{};
+  FrameScrolling scrolling_;
   bool laying_out_ = false;
 };
-
-/// Where a scroll bar leads that got `code`, in steps of `line`.
-[[nodiscard]] int scrolledPosition(const SCROLLINFO& bar, int code, int line);
 
 }  // namespace depcalc::native
