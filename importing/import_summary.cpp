@@ -1,5 +1,7 @@
 #include "importing/import_summary.h"
 
+#include <string_view>
+
 #include "importing/asset_saving.h"
 #include "values/display_format.h"
 
