@@ -1,6 +1,10 @@
 // How assistive tools find their way: what is inside of what, and where on the screen.
 #pragma once
 
+#include <windows.h>
+
+#include <oaidl.h>
+
 #include <optional>
 #include <vector>
 
