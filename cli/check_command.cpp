@@ -1,7 +1,7 @@
 // depcalc check: whether a company file is in order.
-#include <CLI/CLI.hpp>
 #include <memory>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/consistency.h"
 
@@ -27,8 +27,8 @@ class CheckCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    arguments.footer(
         R"(Checks the file's structure, the digest of every record, the assets' numbers, the types of their
 values and the register's summary. Nothing is changed.
 Exit status: 0 no problems, 1 problems found, 2 wrong usage, 3 the file cannot be read,

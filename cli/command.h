@@ -9,11 +9,9 @@
 #include "cli/output.h"
 #include "values/date.h"
 
-namespace CLI {
-class App;
-}
-
 namespace depcalc {
+
+class Arguments;
 
 /// How a command ends, for the shell.
 enum ExitStatus : int {
@@ -42,7 +40,7 @@ class Command {
   [[nodiscard]] virtual std::string_view examples() const = 0;
 
   /// Adds the options and arguments.
-  virtual void declare(CLI::App& app) = 0;
+  virtual void declare(Arguments& arguments) = 0;
   /// Does what the options say. Messages go to `errors`. Whether `out` could be written is
   /// looked at afterwards by the caller.
   virtual ExitStatus run(Surroundings& surroundings) = 0;

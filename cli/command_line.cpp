@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "cli/arguments.h"
 #include "cli/suggestion.h"
 #include "common/heard_reports.h"
 #include "common/trapped.h"
@@ -42,7 +43,8 @@ void declareCommands(CLI::App& app, const std::vector<std::unique_ptr<Command>>&
     CLI::App* sub =
         app.add_subcommand(std::string(command->name()), std::string(command->summary()));
     sub->formatter(std::make_shared<ExamplesFirst>(command->examples()));
-    command->declare(*sub);
+    Arguments arguments(*sub);
+    command->declare(arguments);
   }
 }
 
@@ -54,7 +56,7 @@ std::string withSuggestion(const CLI::App& app, const CLI::ParseError& error, st
   const auto extra = app.remaining(true);
   if (extra.empty()) return message;
   return message.insert(std::min(message.find('\n'), message.size()),
-                        meantOption(*chosen.front(), extra.front()));
+                        meantOption(wordsOf(*chosen.front()), extra.front()));
 }
 
 /// Help and version go to the output; a usage error to the errors.
@@ -68,7 +70,7 @@ ExitStatus endedByParsing(const CLI::App& app, const CLI::ParseError& error, std
   surroundings.errors.write("depcalc: ");
   const bool unknown =
       error.get_name() == "RequiredError" && !word.empty() && app.get_subcommands().empty();
-  surroundings.errors.write(unknown ? unknownCommand(app, word)
+  surroundings.errors.write(unknown ? unknownCommand(commandsOf(app), word)
                                     : withSuggestion(app, error, errors.str()));
   return exit_usage;
 }

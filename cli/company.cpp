@@ -1,8 +1,8 @@
 #include "cli/company.h"
 
-#include <CLI/CLI.hpp>
 #include <variant>
 
+#include "cli/arguments.h"
 #include "cli/options.h"
 #include "common/heard_reports.h"
 #include "common/trapped.h"
@@ -31,11 +31,11 @@ ExitStatus reportTrouble(const FileTrouble& trouble, Output& errors) {
   }
 }
 
-void CompanyCommand::declare(CLI::App& app) {
-  declareFirst(app);
-  app.add_option("FILE", path_, "The company file")->required()->option_text(" ");
-  declareMore(app);
-  addTodayOption(app, today_);
+void CompanyCommand::declare(Arguments& arguments) {
+  declareFirst(arguments);
+  arguments.positional("FILE", path_, "The company file").required();
+  declareMore(arguments);
+  addTodayOption(arguments, today_);
 }
 
 ExitStatus CompanyCommand::run(Surroundings& surroundings) {

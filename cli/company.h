@@ -38,7 +38,7 @@ ExitStatus reportTrouble(const FileTrouble& trouble, Output& errors);
 /// A command on a company file: FILE is its argument, and it has --today.
 class CompanyCommand : public Command {
  public:
-  void declare(CLI::App& app) final;
+  void declare(Arguments& arguments) final;
   /// Opens the file and does the command's work on it.
   ExitStatus run(Surroundings& surroundings) override;
 
@@ -46,8 +46,8 @@ class CompanyCommand : public Command {
   /// Whether a file that cannot be written will do.
   [[nodiscard]] virtual bool onlyReads() const { return false; }
   /// Arguments that stand before FILE.
-  virtual void declareFirst(CLI::App& /*app*/) {}
-  virtual void declareMore(CLI::App& app) = 0;
+  virtual void declareFirst(Arguments& /*arguments*/) {}
+  virtual void declareMore(Arguments& arguments) = 0;
   virtual ExitStatus runOn(Company& company, Surroundings& surroundings) = 0;
 
   /// FILE.

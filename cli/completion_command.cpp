@@ -1,8 +1,8 @@
 // depcalc completion: what a shell reads to complete the command line.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 
+#include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/completions.h"
 
@@ -21,24 +21,23 @@ class CompletionCommand final : public Command {
 )text";
   }
 
-  void declare(CLI::App& app) override {
-    app_ = &app;
-    app.add_option("SHELL", shell_, "The shell: bash, zsh or fish")
-        ->required()
-        ->check(CLI::IsMember({"bash", "zsh", "fish"}))
-        ->option_text(" ");
-    app.footer(
+  void declare(Arguments& arguments) override {
+    program_ = &arguments.program();
+    arguments.positional("SHELL", shell_, "The shell: bash, zsh or fish")
+        .required()
+        .oneOf({"bash", "zsh", "fish"});
+    arguments.footer(
         "The Debian package installs all three.\n"
         "Exit status: 0 success, 2 wrong usage, 3 the output cannot be written.");
   }
 
   ExitStatus run(Surroundings& surroundings) override {
-    surroundings.out.write(completionsFor(*app_->get_parent(), shell_));
+    surroundings.out.write(completionsFor(wordsOf(*program_), commandsOf(*program_), shell_));
     return exit_success;
   }
 
  private:
-  const CLI::App* app_ = nullptr;
+  const CLI::App* program_ = nullptr;
   std::string shell_;
 };
 

@@ -1,79 +1,15 @@
 #include "cli/completions.h"
 
-#include <CLI/CLI.hpp>
-#include <vector>
-
 namespace depcalc {
 namespace {
 
-/// What a shell has to know of an option.
-struct OptionWords {
-  std::vector<std::string> names;  ///< with their dashes
-  std::string description;
-  bool has_value = false;
-  std::vector<std::string> values;  ///< where they are known
-  bool takes_file = false;
-};
-
-/// What it has to know of a command.
-struct CommandWords {
-  std::string name;
-  std::string summary;
-  std::vector<OptionWords> options;
-  std::vector<std::string> arguments;  ///< where they are known
-  bool takes_files = false;
-  bool takes_command = false;
-};
-
-/// The names between the braces of "TEXT:{table,csv}".
-std::vector<std::string> namesInBraces(const std::string& text) {
-  const std::size_t open = text.find('{');
-  const std::size_t close = text.find('}', open);
-  if (open == std::string::npos || close == std::string::npos) return {};
-  return CLI::detail::split(text.substr(open + 1, close - open - 1), ',');
-}
-
-OptionWords wordsOf(const CLI::Option& option) {
-  OptionWords words;
-  for (const std::string& name : option.get_snames()) words.names.push_back("-" + name);
-  for (const std::string& name : option.get_lnames()) words.names.push_back("--" + name);
-  words.description = option.get_description();
-  words.has_value = option.get_items_expected_max() > 0;
-  words.values = namesInBraces(option.get_type_name());
-  words.takes_file = option.get_option_text().rfind("FILE", 0) == 0;
-  return words;
-}
-
-CommandWords wordsOf(const CLI::App& app) {
-  CommandWords words{app.get_name(), app.get_description(), {}, {}};
-  for (const CLI::Option* option : app.get_options()) {
-    if (!option->get_positional()) {
-      words.options.push_back(wordsOf(*option));
-      continue;
-    }
-    const auto known = namesInBraces(option->get_type_name());
-    words.arguments.insert(words.arguments.end(), known.begin(), known.end());
-    const std::string name = option->get_name(true);
-    if (name == "FILE" || name == "CSV") words.takes_files = true;
-    if (name == "COMMAND") words.takes_command = true;
-  }
-  return words;
-}
-
-std::vector<CommandWords> commandsOf(const CLI::App& root) {
-  std::vector<CommandWords> commands;
-  for (const CLI::App* sub : root.get_subcommands([](const CLI::App*) { return true; })) {
-    commands.push_back(wordsOf(*sub));
-  }
-  for (CommandWords& command : commands) {
-    if (!command.takes_command) continue;
-    for (const CommandWords& each : commands) command.arguments.push_back(each.name);
-  }
-  return commands;
-}
-
 std::string joined(const std::vector<std::string>& words, const char* between) {
-  return CLI::detail::join(words, between);
+  std::string result;
+  for (const std::string& word : words) {
+    if (&word != &words.front()) result += between;
+    result += word;
+  }
+  return result;
 }
 
 std::string allNames(const CommandWords& command) {
@@ -107,8 +43,7 @@ std::string bashCase(const CommandWords& command) {
   return text + "      esac ;;\n";
 }
 
-std::string bashScript(const CLI::App& root, const std::vector<CommandWords>& commands) {
-  CommandWords whole = wordsOf(root);
+std::string bashScript(CommandWords whole, const std::vector<CommandWords>& commands) {
   for (const CommandWords& command : commands) whole.arguments.push_back(command.name);
   std::string text = R"(# bash completion for depcalc, as `depcalc completion bash` writes it
 _depcalc() {
@@ -174,7 +109,7 @@ std::string zshArguments(const CommandWords& command, const std::string& indent)
   return text;
 }
 
-std::string zshScript(const CLI::App& root, const std::vector<CommandWords>& commands) {
+std::string zshScript(const CommandWords& whole, const std::vector<CommandWords>& commands) {
   std::string text = R"(#compdef depcalc
 # zsh completion for depcalc, as `depcalc completion zsh` writes it
 local curcontext="$curcontext" state line
@@ -184,7 +119,7 @@ commands=(
   for (const CommandWords& command : commands) {
     text += "  " + inQuotes(withoutSpecial(command.name) + ":" + command.summary) + "\n";
   }
-  text += ")\n_arguments -C" + zshArguments(wordsOf(root), "  ") +
+  text += ")\n_arguments -C" + zshArguments(whole, "  ") +
           R"( \
   '1:command:->command' '*::argument:->argument'
 case $state in
@@ -218,11 +153,11 @@ std::string fishOption(const OptionWords& option, const std::string& condition) 
   return text + " -d " + inQuotes(option.description) + "\n";
 }
 
-std::string fishScript(const CLI::App& root, const std::vector<CommandWords>& commands) {
+std::string fishScript(const CommandWords& whole, const std::vector<CommandWords>& commands) {
   std::string text =
       "# fish completion for depcalc, as `depcalc completion fish` writes it\n"
       "complete -c depcalc -f\n";
-  for (const OptionWords& option : wordsOf(root).options) {
+  for (const OptionWords& option : whole.options) {
     text += fishOption(option, "__fish_use_subcommand");
   }
   for (const CommandWords& command : commands) {
@@ -241,11 +176,11 @@ std::string fishScript(const CLI::App& root, const std::vector<CommandWords>& co
 
 }  // namespace
 
-std::string completionsFor(const CLI::App& root, std::string_view shell) {
-  const auto commands = commandsOf(root);
-  if (shell == "zsh") return zshScript(root, commands);
-  if (shell == "fish") return fishScript(root, commands);
-  return bashScript(root, commands);
+std::string completionsFor(const CommandWords& whole, const std::vector<CommandWords>& commands,
+                           std::string_view shell) {
+  if (shell == "zsh") return zshScript(whole, commands);
+  if (shell == "fish") return fishScript(whole, commands);
+  return bashScript(whole, commands);
 }
 
 }  // namespace depcalc

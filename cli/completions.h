@@ -3,15 +3,15 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
-namespace CLI {
-class App;
-}
+#include "cli/command_words.h"
 
 namespace depcalc {
 
-/// The script that a shell ("bash", "zsh" or "fish") reads to complete the commands, options and
-/// values that `root` declares.
-std::string completionsFor(const CLI::App& root, std::string_view shell);
+/// The script that a shell ("bash", "zsh" or "fish") reads to complete the `commands`, their
+/// options and values, and before them the options of the `whole`.
+std::string completionsFor(const CommandWords& whole, const std::vector<CommandWords>& commands,
+                           std::string_view shell);
 
 }  // namespace depcalc

@@ -1,10 +1,10 @@
 // depcalc copy: a company to another place.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <string>
 #include <variant>
 
+#include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/company.h"
 #include "cli/options.h"
@@ -30,11 +30,11 @@ class CopyCommand final : public Command {
 )";
   }
 
-  void declare(CLI::App& app) override {
-    app.add_option("FROM", from_, "The company to copy")->required()->option_text(" ");
-    app.add_option("TO", to_, "The company to create")->required()->option_text(" ");
-    addTodayOption(app, today_);
-    app.footer(
+  void declare(Arguments& arguments) override {
+    arguments.positional("FROM", from_, "The company to copy").required();
+    arguments.positional("TO", to_, "The company to create").required();
+    addTodayOption(arguments, today_);
+    arguments.footer(
         R"(Each is a company file or the address of a company on a server,
 postgresql://[user@]host[:port]/database#Company with %20 for each space. The copy has the name,
 the fiscal year, the mode and every record of the company. It appears whole or not at all; what

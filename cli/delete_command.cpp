@@ -1,8 +1,8 @@
 // depcalc delete: an asset taken out of the register.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/deletion.h"
 #include "cli/options.h"
@@ -28,9 +28,9 @@ class DeleteCommand final : public CompanyCommand {
   }
 
  private:
-  void declareMore(CLI::App& app) override {
-    addAssetNumber(app, number_)->required();
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    addAssetNumber(arguments, number_).required();
+    arguments.footer(
         R"(Exit status: 0 success, 1 no such asset, 2 wrong usage, 3 the file cannot be read or
 written, 4 it is in use.)");
   }

@@ -1,5 +1,4 @@
 // depcalc dispose: an asset that leaves service.
-#include <CLI/CLI.hpp>
 #include <array>
 #include <memory>
 #include <string>
@@ -7,6 +6,7 @@
 #include <vector>
 
 #include "changes/disposing.h"
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
@@ -49,21 +49,19 @@ class DisposeCommand final : public CompanyCommand {
   }
 
  private:
-  void declareMore(CLI::App& app) override {
-    addAssetNumber(app, number_)->required();
-    CLI::Option* const date =
-        app.add_option("--date", date_, "The day on which it left service")
-            ->option_text("YYYY-MM-DD")
-            ->check([](const std::string& text) {
+  void declareMore(Arguments& arguments) override {
+    addAssetNumber(arguments, number_).required();
+    const Argument date =
+        arguments.option("--date YYYY-MM-DD", date_, "The day on which it left service")
+            .check([](const std::string& text) {
               return looksLikeFileDate(text)
                          ? ""
                          : "\"" + text + "\" is not a date in the form YYYY-MM-DD";
             });
-    CLI::Option* const proceeds =
-        app.add_option("--proceeds", proceeds_, "What was obtained for it (default: nothing)")
-            ->option_text("AMOUNT");
-    app.add_flag("--undo", undo_, "Take the disposal back")->excludes(date)->excludes(proceeds);
-    app.footer(
+    const Argument proceeds = arguments.option("--proceeds AMOUNT", proceeds_,
+                                               "What was obtained for it (default: nothing)");
+    arguments.flag("--undo", undo_, "Take the disposal back").excludes(date).excludes(proceeds);
+    arguments.footer(
         R"(What the disposal comes to is printed: the depreciation of the fiscal year in which the asset leaves
 service, its book value then, and the gain or loss. Another disposal replaces the one recorded.
 

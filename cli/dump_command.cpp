@@ -1,8 +1,8 @@
 // depcalc dump: the data tables as they are.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "host/units_table.h"
 #include "values/json_writer.h"
@@ -71,8 +71,8 @@ class DumpCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    arguments.footer(
         R"(The types are Empty, Integer, Double, Currency (a string with four decimals), Date
 (YYYY-MM-DD) and String. Record 0 summarizes the register; the others are the assets. Under
 "units" are the units produced, by the numbers of their assets.

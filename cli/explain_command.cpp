@@ -1,10 +1,10 @@
 // depcalc explain: why an asset's amounts are what they are.
-#include <CLI/CLI.hpp>
 #include <array>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
@@ -99,18 +99,15 @@ class ExplainCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    addAssetNumber(app, number_)->required();
-    app.add_option("--year", year_, "One fiscal year alone (default: all the asset's)")
-        ->option_text("YYYY")
-        ->check(CLI::Range(1, 9999));
-    app.add_option("--method", method_, "SL, SYD, DDB or UOP (default: the asset's own)")
-        ->option_text("METHOD")
-        ->transform(CLI::IsMember({"SL", "SYD", "DDB", "UOP"}, CLI::ignore_case));
-    app.add_option("--format", format_, "Output format: text (for reading) or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->option_text("FORMAT");
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    addAssetNumber(arguments, number_).required();
+    arguments.option("--year YYYY", year_, "One fiscal year alone (default: all the asset's)")
+        .range(1, 9999);
+    arguments.option("--method METHOD", method_, "SL, SYD, DDB or UOP (default: the asset's own)")
+        .oneOf({"SL", "SYD", "DDB", "UOP"}, LetterCase::ignored);
+    arguments.option("--format FORMAT", format_, "Output format: text (for reading) or json")
+        .oneOf({"text", "json"});
+    arguments.footer(
         R"(Each step says what it works out, from which numbers, and what it comes to. Dates of disposal and
 units produced count, as in the reports. Where another amount was saved, that is said, and the
 calculation explained.

@@ -1,9 +1,9 @@
 // depcalc import: the assets of a CSV file into the register.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/importer.h"
 #include "cli/input_file.h"
@@ -51,17 +51,16 @@ class ImportCommand final : public CompanyCommand {
   }
 
  private:
-  void declareMore(CLI::App& app) override {
-    app.add_option("CSV", csv_path_, "CSV file with a header row; - for standard input")
-        ->required()
-        ->option_text(" ");
-    app.add_flag("--dry-run", dry_run_, "Do everything except save");
-    app.add_flag("--allow-duplicates", allow_duplicates_,
-                 "Accept rows whose ID or serial number already exists");
-    addSeparatorOption(app, separator_);
-    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
-    app.add_flag("--raw", raw_texts_, "Read text unchanged, as `depcalc list --raw` writes it");
-    app.footer(R"(Columns are the same as for `depcalc schedule --help`, except:
+  void declareMore(Arguments& arguments) override {
+    arguments.positional("CSV", csv_path_, "CSV file with a header row; - for standard input")
+        .required();
+    arguments.flag("--dry-run", dry_run_, "Do everything except save");
+    arguments.flag("--allow-duplicates", allow_duplicates_,
+                   "Accept rows whose ID or serial number already exists");
+    addSeparatorOption(arguments, separator_);
+    arguments.flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
+    arguments.flag("--raw", raw_texts_, "Read text unchanged, as `depcalc list --raw` writes it");
+    arguments.footer(R"(Columns are the same as for `depcalc schedule --help`, except:
   method             SL, SYD, DDB, UOP, or empty (saved without amounts)
   disposed           the day on which the asset left service, or empty
   proceeds           what was obtained for it then

@@ -1,11 +1,11 @@
 // depcalc list: the register's assets.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
@@ -112,10 +112,10 @@ class ListCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    addFormatOption(app, format_);
-    app.add_flag("--raw", raw_, "With csv: write text unchanged, for other programs");
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    addFormatOption(arguments, format_);
+    arguments.flag("--raw", raw_, "With csv: write text unchanged, for other programs");
+    arguments.footer(
         R"(In csv, text that a spreadsheet would take for a formula (beginning with = + - @, a tab or a
 carriage return) is preceded by an apostrophe, which import and schedule remove again.
 With --raw it is not; import --raw reads such a file.

@@ -1,10 +1,10 @@
 // depcalc new: an empty company file.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
 #include <optional>
 #include <variant>
 
+#include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/company.h"
 #include "cli/options.h"
@@ -49,25 +49,24 @@ class NewCommand final : public Command {
 )";
   }
 
-  void declare(CLI::App& app) override {
-    app.add_option("FILE", path_, "The company file to create")->required()->option_text(" ");
-    app.add_option("--name", name_, "The company's name (default: the file's name)")
-        ->option_text("TEXT")
-        ->check([](const std::string& text) {
+  void declare(Arguments& arguments) override {
+    arguments.positional("FILE", path_, "The company file to create").required();
+    arguments.option("--name TEXT", name_, "The company's name (default: the file's name)")
+        .check([](const std::string& text) {
           return isLine(text) ? "" : "the name must be a single line of UTF-8 text";
         });
-    app.add_option_function<std::string>(
-           "--first-month",
-           [this](const std::string& text) { first_month_ = *monthFromText(text); },
-           "The fiscal year's first month (default: January)")
-        ->option_text("MONTH")
-        ->check([](const std::string& text) {
+    arguments
+        .option(
+            "--first-month MONTH",
+            [this](const std::string& text) { first_month_ = *monthFromText(text); },
+            "The fiscal year's first month (default: January)")
+        .check([](const std::string& text) {
           return monthFromText(text)
                      ? ""
                      : "\"" + text + "\" is not a month; use 1 to 12 or a month name";
         });
-    addTodayOption(app, today_);
-    app.footer(R"(An existing file is never overwritten.
+    addTodayOption(arguments, today_);
+    arguments.footer(R"(An existing file is never overwritten.
 Exit status: 0 success, 2 wrong usage, 3 the file exists or cannot be created.)");
   }
 

@@ -2,8 +2,6 @@
 
 #include <sched.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <string>
 #include <thread>
@@ -28,58 +26,60 @@ std::optional<Date> monthAndDay(const std::string& text) { return fiscalYearEndF
 
 /// An option whose text `read` turns into a date; a text it cannot read is a usage error.
 template <typename Target>
-void addDateOption(CLI::App& app, const std::string& name, Target& target,
-                   std::optional<Date> (*read)(const std::string&), const std::string& form,
+void addDateOption(Arguments& arguments, const std::string& name, const std::string& form,
+                   Target& target, std::optional<Date> (*read)(const std::string&),
                    const std::string& description) {
-  app.add_option_function<std::string>(
-         name, [&target, read](const std::string& text) { target = *read(text); }, description)
-      ->option_text(form)
-      ->check([read, form](const std::string& text) {
+  arguments
+      .option(
+          name + ' ' + form, [&target, read](const std::string& text) { target = *read(text); },
+          description)
+      .check([read, form](const std::string& text) {
         return read(text) ? std::string() : "\"" + text + "\" is not a date in the form " + form;
       });
 }
 
 }  // namespace
 
-void addFormatOption(CLI::App& app, OutputFormat& format, const std::vector<std::string>& known) {
+void addFormatOption(Arguments& arguments, OutputFormat& format,
+                     const std::vector<std::string>& known) {
   const bool with_json = known.size() > 2;
-  app.add_option_function<std::string>(
-         "--format",
-         [&format](const std::string& name) {
-           format = name == "csv"    ? OutputFormat::csv
-                    : name == "json" ? OutputFormat::json
-                                     : OutputFormat::table;
-         },
-         with_json ? "Output format: table (for reading), csv or json"
-                   : "Output format: table (for reading) or csv")
-      ->check(CLI::IsMember(known))
-      ->option_text("FORMAT");
+  arguments
+      .option(
+          "--format FORMAT",
+          [&format](const std::string& name) {
+            format = name == "csv"    ? OutputFormat::csv
+                     : name == "json" ? OutputFormat::json
+                                      : OutputFormat::table;
+          },
+          with_json ? "Output format: table (for reading), csv or json"
+                    : "Output format: table (for reading) or csv")
+      .oneOf(known);
 }
 
-void addSeparatorOption(CLI::App& app, char& separator) {
-  app.add_option_function<std::string>(
-         "--separator",
-         [&separator](const std::string& text) { separator = *separatorNamed(text); },
-         "Column separator: comma (the default), semicolon, tab or a single character")
-      ->option_text("SEPARATOR")
-      ->check(CLI::Validator(
+void addSeparatorOption(Arguments& arguments, char& separator) {
+  arguments
+      .option(
+          "--separator SEPARATOR",
+          [&separator](const std::string& text) { separator = *separatorNamed(text); },
+          "Column separator: comma (the default), semicolon, tab or a single character")
+      .check(
           [](const std::string& text) {
             return separatorNamed(text) ? ""
                                         : "\"" + text +
                                               "\" is not a separator; use comma, semicolon, tab or "
                                               "a single character";
           },
-          "{comma,semicolon,tab}"));
+          {"comma", "semicolon", "tab"});
 }
 
-void addTodayOption(CLI::App& app, std::optional<Date>& today) {
-  addDateOption(app, "--today", today, isoDate, "YYYY-MM-DD", "Use this date as today's date");
+void addTodayOption(Arguments& arguments, std::optional<Date>& today) {
+  addDateOption(arguments, "--today", "YYYY-MM-DD", today, isoDate,
+                "Use this date as today's date");
 }
 
-CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number) {
-  return app.add_option("N", number, "The asset's number, as `depcalc list` shows it")
-      ->option_text(" ")
-      ->check([](const std::string& text) {
+Argument addAssetNumber(Arguments& arguments, std::int32_t& number) {
+  return arguments.positional("N", number, "The asset's number, as `depcalc list` shows it")
+      .check([](const std::string& text) {
         const bool whole = text.find_first_not_of("0123456789") == std::string::npos;
         return whole && text.size() < 10 && text.find_first_not_of('0') != std::string::npos
                    ? ""
@@ -87,8 +87,8 @@ CLI::Option* addAssetNumber(CLI::App& app, std::int32_t& number) {
       });
 }
 
-void addFiscalYearEndOption(CLI::App& app, Date& date, const std::string& description) {
-  addDateOption(app, "--fiscal-year-end", date, monthAndDay, "MM-DD", description);
+void addFiscalYearEndOption(Arguments& arguments, Date& date, const std::string& description) {
+  addDateOption(arguments, "--fiscal-year-end", "MM-DD", date, monthAndDay, description);
 }
 
 /// As many as this process may use, which can be fewer than the machine has.
@@ -100,10 +100,9 @@ int defaultJobs() {
   return std::clamp(cores, 1, most_jobs);
 }
 
-void addJobsOption(CLI::App& app, int& jobs) {
-  app.add_option("--jobs", jobs, "Calculate on N cores (default: all); the output is the same")
-      ->option_text("N")
-      ->check([](const std::string& text) {
+void addJobsOption(Arguments& arguments, int& jobs) {
+  arguments.option("--jobs N", jobs, "Calculate on N cores (default: all); the output is the same")
+      .check([](const std::string& text) {
         const bool short_number = !text.empty() && text.size() < 4 &&
                                   text.find_first_not_of("0123456789") == std::string::npos;
         const int number = short_number ? std::stoi(text) : 0;

@@ -1,6 +1,5 @@
 // depcalc print: the depreciation schedule as a PDF document.
-#include <CLI/CLI.hpp>
-
+#include "cli/arguments.h"
 #include "cli/output_file.h"
 #include "cli/print_module.h"
 #include "cli/register_page.h"
@@ -27,16 +26,16 @@ class PrintCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    app.add_option("--output", output_, "The PDF document to write; - for standard output")
-        ->required()
-        ->option_text("FILE.pdf");
-    app.add_option("--paper", paper_, "A4 (the default) or Letter")
-        ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case))
-        ->option_text("PAPER");
-    app.add_flag("--landscape", landscape_,
-                 "Print in landscape: more assets and fewer years per page");
-    app.footer(R"(No display is needed. In portrait, seven assets fit on a page beside the captions.
+  void declareMore(Arguments& arguments) override {
+    arguments
+        .option("--output FILE.pdf", output_, "The PDF document to write; - for standard output")
+        .required();
+    arguments.option("--paper PAPER", paper_, "A4 (the default) or Letter")
+        .oneOf({"A4", "Letter"}, LetterCase::ignored);
+    arguments.flag("--landscape", landscape_,
+                   "Print in landscape: more assets and fewer years per page");
+    arguments.footer(
+        R"(No display is needed. In portrait, seven assets fit on a page beside the captions.
 Exit status: 0 success, 1 the file is damaged or not everything could be printed, 2 wrong usage,
 3 a file cannot be read or written, 4 it is in use.)");
   }

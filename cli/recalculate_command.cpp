@@ -1,11 +1,11 @@
 // depcalc recalculate: all assets calculated anew.
-#include <CLI/CLI.hpp>
 #include <array>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "DepCalc/recalculation.h"
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/progress.h"
@@ -64,12 +64,12 @@ class RecalculateCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return dry_run_; }
 
-  void declareMore(CLI::App& app) override {
-    app.add_flag("--dry-run", dry_run_, "Do everything except save");
-    app.add_flag("--company-year", company_year_,
-                 "Give all assets the company's fiscal-year end (default: each keeps its own)");
-    addFormatOption(app, format_, {"table", "csv"});
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    arguments.flag("--dry-run", dry_run_, "Do everything except save");
+    arguments.flag("--company-year", company_year_,
+                   "Give all assets the company's fiscal-year end (default: each keeps its own)");
+    addFormatOption(arguments, format_, {"table", "csv"});
+    arguments.footer(
         R"(Every asset is calculated by its method, as import does; one without a method has no amounts. An
 asset that the entry form would refuse to calculate is named on standard error and left unchanged.
 All the others are saved, or none if anything fails.

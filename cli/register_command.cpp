@@ -1,6 +1,7 @@
 // depcalc register: the register as the calculator shows it.
-#include <CLI/CLI.hpp>
+#include <algorithm>
 
+#include "cli/arguments.h"
 #include "cli/options.h"
 #include "cli/register_page.h"
 #include "cli/text_columns.h"
@@ -28,11 +29,11 @@ class RegisterCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareMore(CLI::App& app) override {
-    addFormatOption(app, format_);
-    app.add_flag("--raw", raw_,
-                 "With csv: write text unchanged, for other programs; see list --help");
-    app.footer(R"(Each row is a field or a fiscal year, each column an asset.
+  void declareMore(Arguments& arguments) override {
+    addFormatOption(arguments, format_);
+    arguments.flag("--raw", raw_,
+                   "With csv: write text unchanged, for other programs; see list --help");
+    arguments.footer(R"(Each row is a field or a fiscal year, each column an asset.
 Exit status: 0 success, 1 the file is damaged or the table is incomplete, 2 wrong usage,
 3 it cannot be read, 4 it is in use.)");
   }

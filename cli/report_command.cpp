@@ -1,9 +1,9 @@
 // depcalc report: what an accountant needs at the year's end.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
 #include <optional>
 
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/output_file.h"
 #include "cli/print_module.h"
@@ -75,43 +75,39 @@ class ReportCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return true; }
 
-  void declareFirst(CLI::App& app) override {
-    app.add_option("KIND", kind_, "schedule, years, rollforward, journal, asset or check")
-        ->required()
-        ->option_text(" ")
-        ->check(CLI::IsMember(kindNames()));
+  void declareFirst(Arguments& arguments) override {
+    arguments.positional("KIND", kind_, "schedule, years, rollforward, journal, asset or check")
+        .required()
+        .oneOf(kindNames());
   }
 
-  void declareMore(CLI::App& app) override {
-    app_ = &app;
-    addYear("--year", year_, "The fiscal year (default: that of today)");
-    addYear("--from", from_, "With years: the first fiscal year");
-    addYear("--to", to_, "With years: the last fiscal year");
-    app.add_option_function<std::string>(
-           "--by", [this](const std::string& name) { grouping_ = groupingNamed(name); },
-           "Group by department, method or convention")
-        ->check(CLI::IsMember({"department", "method", "convention"}))
-        ->option_text("GROUP");
-    addAssetOption(app);
-    app.add_option("--format", format_,
-                   "Output format: table (for reading), csv, json, html, xlsx, pdf, or ledger")
-        ->check(CLI::IsMember({"table", "csv", "json", "html", "xlsx", "pdf", "ledger"}))
-        ->option_text("FORMAT");
-    app.add_option("--output", output_, "The file to write (default: standard output)")
-        ->option_text("FILE");
-    app.add_option("--paper", paper_, "With pdf: A4 (the default) or Letter")
-        ->check(CLI::IsMember({"A4", "Letter"}, CLI::ignore_case))
-        ->option_text("PAPER");
-    app.add_flag("--landscape", landscape_, "With pdf: in landscape, for more columns on a page");
-    app.add_flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
-    addAccount("--expense", accounts_.expense, "depreciation expense");
-    addAccount("--accumulated", accounts_.accumulated, "accumulated depreciation");
-    addAccount("--asset-account", accounts_.asset, "the assets' cost");
-    addAccount("--cash", accounts_.cash, "proceeds of disposals");
-    addAccount("--gain", accounts_.gain, "gains on disposals");
-    addAccount("--loss", accounts_.loss, "losses on disposals");
-    app.callback([this] { refuseWhatDoesNotGoTogether(); });
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    addYear(arguments, "--year", year_, "The fiscal year (default: that of today)");
+    addYear(arguments, "--from", from_, "With years: the first fiscal year");
+    addYear(arguments, "--to", to_, "With years: the last fiscal year");
+    arguments
+        .option(
+            "--by GROUP", [this](const std::string& name) { grouping_ = groupingNamed(name); },
+            "Group by department, method or convention")
+        .oneOf({"department", "method", "convention"});
+    addAssetOption(arguments);
+    arguments
+        .option("--format FORMAT", format_,
+                "Output format: table (for reading), csv, json, html, xlsx, pdf, or ledger")
+        .oneOf({"table", "csv", "json", "html", "xlsx", "pdf", "ledger"});
+    arguments.option("--output FILE", output_, "The file to write (default: standard output)");
+    arguments.option("--paper PAPER", paper_, "With pdf: A4 (the default) or Letter")
+        .oneOf({"A4", "Letter"}, LetterCase::ignored);
+    arguments.flag("--landscape", landscape_, "With pdf: in landscape, for more columns on a page");
+    arguments.flag("--raw", raw_, "With csv: write texts unchanged, for other programs");
+    addAccount(arguments, "--expense", accounts_.expense, "depreciation expense");
+    addAccount(arguments, "--accumulated", accounts_.accumulated, "accumulated depreciation");
+    addAccount(arguments, "--asset-account", accounts_.asset, "the assets' cost");
+    addAccount(arguments, "--cash", accounts_.cash, "proceeds of disposals");
+    addAccount(arguments, "--gain", accounts_.gain, "gains on disposals");
+    addAccount(arguments, "--loss", accounts_.loss, "losses on disposals");
+    arguments.refuse([this](const Arguments& given) { return whatDoesNotGoTogether(given); });
+    arguments.footer(
         R"(schedule     each asset in a fiscal year: accumulated before, depreciation, after, book value
 years        each asset, and what each fiscal year takes of it
 rollforward  cost and accumulated depreciation from a year's opening to its closing
@@ -124,37 +120,47 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
 2 wrong usage, 3 a file cannot be read or written, 4 it is in use.)");
   }
 
-  void addAssetOption(CLI::App& app) {
-    app.add_option("--asset", asset_, "With asset: its number, as `depcalc list` shows it")
-        ->option_text("N")
-        ->check(CLI::Range(1, INT16_MAX));
+  void addAssetOption(Arguments& arguments) {
+    arguments.option("--asset N", asset_, "With asset: its number, as `depcalc list` shows it")
+        .range(1, INT16_MAX);
   }
 
-  void addYear(const std::string& name, std::optional<int>& year, const std::string& description) {
-    app_->add_option(name, year, description)
-        ->option_text("YYYY")
-        ->check(CLI::Validator(
-            [](const std::string& text) {
-              const bool digits = text.size() == 4 && text.front() != '0' &&
-                                  text.find_first_not_of("0123456789") == std::string::npos;
-              return digits ? "" : "\"" + text + "\" is not a fiscal year; write it as 2026";
-            },
-            ""));
+  static void addYear(Arguments& arguments, const std::string& name, std::optional<int>& year,
+                      const std::string& description) {
+    arguments.option(name + " YYYY", year, description).check([](const std::string& text) {
+      const bool digits = text.size() == 4 && text.front() != '0' &&
+                          text.find_first_not_of("0123456789") == std::string::npos;
+      return digits ? "" : "\"" + text + "\" is not a fiscal year; write it as 2026";
+    });
   }
 
-  void addAccount(const std::string& name, std::string& account, const std::string& what) {
-    app_->add_option(name, account, "With journal: the account of " + what + " (" + account + ")")
-        ->option_text("ACCOUNT")
-        ->check(CLI::Validator(
-            [](const std::string& text) {
-              return text.find_first_not_of(" \t\r\n;") == std::string::npos
-                         ? "an account needs a name"
-                         : "";
-            },
-            ""));
+  static void addAccount(Arguments& arguments, const std::string& name, std::string& account,
+                         const std::string& what) {
+    arguments
+        .option(name + " ACCOUNT", account,
+                "With journal: the account of " + what + " (" + account + ")")
+        .check([](const std::string& text) {
+          return text.find_first_not_of(" \t\r\n;") == std::string::npos ? "an account needs a name"
+                                                                         : "";
+        });
   }
 
-  void refuseWhatDoesNotGoTogether() const {
+  [[nodiscard]] std::optional<Misuse> whatDoesNotGoTogether(const Arguments& given) const {
+    if (auto foreign = optionOfOtherKinds(given)) return foreign;
+    if (kind_ == "asset" && asset_ == 0) {
+      return Misuse{"--asset", "is needed: the number of the asset"};
+    }
+    if (format_ == "ledger" && kind_ != "journal") {
+      return Misuse{"--format", "ledger is for the journal"};
+    }
+    for (const char* option : {"--paper", "--landscape"}) {
+      if (format_ != "pdf" && given.has(option)) return Misuse{option, "is for --format pdf"};
+    }
+    if (from_ && to_ && *from_ > *to_) return Misuse{"--from", "is later than --to"};
+    return std::nullopt;
+  }
+
+  [[nodiscard]] std::optional<Misuse> optionOfOtherKinds(const Arguments& given) const {
     const auto& all = kinds();
     const auto kind =
         std::find_if(all.begin(), all.end(), [&](const Kind& each) { return each.name == kind_; });
@@ -162,23 +168,10 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
       for (const std::string& option : other.options) {
         const bool goes =
             std::find(kind->options.begin(), kind->options.end(), option) != kind->options.end();
-        if (goes || app_->get_option(option)->count() == 0) continue;
-        throw CLI::ValidationError(option, "does not go with " + kind_);
+        if (!goes && given.has(option)) return Misuse{option, "does not go with " + kind_};
       }
     }
-    if (kind_ == "asset" && asset_ == 0) {
-      throw CLI::ValidationError("--asset", "is needed: the number of the asset");
-    }
-    if (format_ == "ledger" && kind_ != "journal") {
-      throw CLI::ValidationError("--format", "ledger is for the journal");
-    }
-    for (const char* option : {"--paper", "--landscape"}) {
-      if (format_ == "pdf" || app_->get_option(option)->count() == 0) continue;
-      throw CLI::ValidationError(option, "is for --format pdf");
-    }
-    if (from_ && to_ && *from_ > *to_) {
-      throw CLI::ValidationError("--from", "is later than --to");
-    }
+    return std::nullopt;
   }
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
@@ -264,7 +257,6 @@ Exit status: 0 success, 1 the check found an error, there is no such asset or th
     return textReport(report);
   }
 
-  CLI::App* app_ = nullptr;
   std::string kind_;
   std::optional<int> year_;
   std::optional<int> from_;

@@ -1,6 +1,5 @@
 // depcalc schedule: the schedules of the assets of a CSV file.
-#include <CLI/CLI.hpp>
-
+#include "cli/arguments.h"
 #include "cli/asset_reader.h"
 #include "cli/command.h"
 #include "cli/input_file.h"
@@ -29,21 +28,21 @@ class ScheduleCommand final : public Command {
 )";
   }
 
-  void declare(CLI::App& app) override {
-    app.add_option("FILE", file_, "CSV file with a header row; - or nothing for standard input")
-        ->option_text(" ");
-    addFormatOption(app, format_);
-    addTodayOption(app, today_);
-    addFiscalYearEndOption(app, fiscal_year_end_,
+  void declare(Arguments& arguments) override {
+    arguments.positional("FILE", file_,
+                         "CSV file with a header row; - or nothing for standard input");
+    addFormatOption(arguments, format_);
+    addTodayOption(arguments, today_);
+    addFiscalYearEndOption(arguments, fiscal_year_end_,
                            "The fiscal year's last day where the file gives none (default: 12-31)");
-    addSeparatorOption(app, separator_);
-    app.add_flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
-    app.add_flag("--no-date-limit", no_date_limit_,
-                 "Accept dates more than 50 years before or after today");
-    app.add_flag("--raw", raw_texts_,
-                 "Read and write text unchanged, for other programs; see list --help");
-    addJobsOption(app, jobs_);
-    app.footer(
+    addSeparatorOption(arguments, separator_);
+    arguments.flag("--ignore-unknown", ignore_unknown_, "Skip unknown columns");
+    arguments.flag("--no-date-limit", no_date_limit_,
+                   "Accept dates more than 50 years before or after today");
+    arguments.flag("--raw", raw_texts_,
+                   "Read and write text unchanged, for other programs; see list --help");
+    addJobsOption(arguments, jobs_);
+    arguments.footer(
         R"(Columns, in any order and any case, with defaults in parentheses; the first three are required:
   placed_in_service  YYYY-MM-DD or mm/dd/yyyy
   life               useful life in years, 1 to 50

@@ -1,9 +1,9 @@
 // depcalc server: what is done at a server beside working on a company.
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "cli/arguments.h"
 #include "cli/command.h"
 #include "cli/company.h"
 #include "host/postgresql/server.h"
@@ -30,17 +30,15 @@ class ServerCommand final : public Command {
 )";
   }
 
-  void declare(CLI::App& app) override {
-    app.add_option("ACTION", action_, "init, list, grant or revoke")
-        ->required()
-        ->check(CLI::IsMember(std::vector<std::string>{"init", "list", "grant", "revoke"}))
-        ->option_text(" ");
-    app.add_option("ADDRESS", address_, "postgresql://[user@]host[:port]/database[#Company]")
-        ->required()
-        ->option_text(" ");
-    app.add_option("ROLE", role_, "With grant and revoke: a role of the server")->option_text(" ");
-    app.add_flag("--edit", edit_, "With grant: also the right to change companies");
-    app.footer(
+  void declare(Arguments& arguments) override {
+    arguments.positional("ACTION", action_, "init, list, grant or revoke")
+        .required()
+        .oneOf({"init", "list", "grant", "revoke"});
+    arguments.positional("ADDRESS", address_, "postgresql://[user@]host[:port]/database[#Company]")
+        .required();
+    arguments.positional("ROLE", role_, "With grant and revoke: a role of the server");
+    arguments.flag("--edit", edit_, "With grant: also the right to change companies");
+    arguments.footer(
         R"(Rights are to one company, or to all where the address names none. A right replaces the one that
 the role had before. Passwords belong into the password file (~/.pgpass) or a service file
 (~/.pg_service.conf), never into an address.

@@ -1,7 +1,7 @@
 #include "cli/suggestion.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 
 #include "values/printable_text.h"
 
@@ -45,21 +45,20 @@ std::string closestTo(std::string_view word, const std::vector<std::string>& kno
   return best;
 }
 
-std::string unknownCommand(const CLI::App& root, std::string_view word) {
+std::string unknownCommand(const std::vector<CommandWords>& commands, std::string_view word) {
   std::vector<std::string> names;
-  for (const CLI::App* sub : root.get_subcommands([](const CLI::App*) { return true; })) {
-    names.push_back(sub->get_name());
-  }
+  for (const CommandWords& command : commands) names.push_back(command.name);
   const std::string meant = closestTo(word, names);
   return "Unknown command " + quotedText(word) + "." +
          (meant.empty() ? "" : " Did you mean " + meant + "?") +
          "\nRun with --help for more information.\n";
 }
 
-std::string meantOption(const CLI::App& app, std::string_view word) {
+std::string meantOption(const CommandWords& command, std::string_view word) {
   std::vector<std::string> names;
-  for (const CLI::Option* option : app.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  for (const OptionWords& option : command.options) {
+    std::copy_if(option.names.begin(), option.names.end(), std::back_inserter(names),
+                 [](const std::string& name) { return name.rfind("--", 0) == 0; });
   }
   const std::string meant = closestTo(word.substr(0, word.find('=')), names);
   return meant.empty() ? "" : ". Did you mean " + meant + "?";

@@ -5,9 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace CLI {
-class App;
-}
+#include "cli/command_words.h"
 
 namespace depcalc {
 
@@ -15,10 +13,10 @@ namespace depcalc {
 /// changed places count as one slip.
 std::string closestTo(std::string_view word, const std::vector<std::string>& known);
 
-/// What to say of a command that there is not, in lines.
-std::string unknownCommand(const CLI::App& root, std::string_view word);
+/// What to say of a command that is none of the `commands`, in lines.
+std::string unknownCommand(const std::vector<CommandWords>& commands, std::string_view word);
 
-/// ". Did you mean …?" where `word` comes close to an option of `app`, else nothing.
-std::string meantOption(const CLI::App& app, std::string_view word);
+/// ". Did you mean …?" where `word` comes close to an option of `command`, else nothing.
+std::string meantOption(const CommandWords& command, std::string_view word);
 
 }  // namespace depcalc

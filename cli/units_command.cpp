@@ -1,5 +1,4 @@
 // depcalc units: what assets by units of production have produced.
-#include <CLI/CLI.hpp>
 #include <array>
 #include <memory>
 #include <string>
@@ -7,6 +6,7 @@
 #include <vector>
 
 #include "changes/entering_units.h"
+#include "cli/arguments.h"
 #include "cli/company.h"
 #include "cli/options.h"
 #include "cli/text_columns.h"
@@ -81,23 +81,21 @@ class UnitsCommand final : public CompanyCommand {
  private:
   [[nodiscard]] bool onlyReads() const override { return units_.empty() && !clear_; }
 
-  void declareMore(CLI::App& app) override {
-    CLI::Option* const number = addAssetNumber(app, number_);
-    CLI::Option* const year =
-        app.add_option("--year", year_, "The fiscal year, by the calendar year in which it ends")
-            ->option_text("YEAR")
-            ->check(CLI::Range(1, 9999).description(""))
-            ->needs(number);
-    CLI::Option* const units = app.add_option("--units", units_, "The units produced in that year")
-                                   ->option_text("UNITS")
-                                   ->needs(year);
-    app.add_flag("--clear", clear_,
-                 "Take that year's entry away; without --year, the asset's entries")
-        ->needs(number)
-        ->excludes(units);
-    year_option_ = year;
-    addFormatOption(app, format_);
-    app.footer(
+  void declareMore(Arguments& arguments) override {
+    const Argument number = addAssetNumber(arguments, number_);
+    const Argument year =
+        arguments
+            .option("--year YEAR", year_, "The fiscal year, by the calendar year in which it ends")
+            .range(1, 9999, ToldLimits::only_when_passed)
+            .needs(number);
+    const Argument units =
+        arguments.option("--units UNITS", units_, "The units produced in that year").needs(year);
+    arguments
+        .flag("--clear", clear_, "Take that year's entry away; without --year, the asset's entries")
+        .needs(number)
+        .excludes(units);
+    addFormatOption(arguments, format_);
+    arguments.footer(
         R"(Units are entered for assets by Units of Production, from 0 to 999,999,999,999, for fiscal years from
 the asset's first on. Columns in csv: n,id,fiscal_year,units.
 
@@ -107,7 +105,7 @@ read or written, 4 it is in use.)");
 
   ExitStatus runOn(Company& company, Surroundings& surroundings) override {
     Output& errors = surroundings.errors;
-    if (year_option_->count() > 0 && onlyReads()) {
+    if (year_ != 0 && onlyReads()) {
       errors.write(
           "depcalc: Please give --units or --clear.\nRun with --help for more information.\n");
       return exit_usage;
@@ -148,7 +146,7 @@ read or written, 4 it is in use.)");
   ExitStatus clear(Company& company, Surroundings& surroundings) const {
     const auto entry = company.units().entry(number_);
     UnitsByYear units = entry ? entry->units : UnitsByYear();
-    const bool all = year_option_->count() == 0;
+    const bool all = year_ == 0;
     if (all ? units.empty() : !units.contains(year_)) {
       return refuse(
           company, number_,
@@ -184,8 +182,7 @@ read or written, 4 it is in use.)");
   }
 
   std::int32_t number_ = 0;
-  int year_ = 0;
-  const CLI::Option* year_option_ = nullptr;
+  int year_ = 0;  ///< 0 for none
   std::string units_;
   bool clear_ = false;
   OutputFormat format_ = OutputFormat::table;

@@ -50,7 +50,8 @@ function(depcalc_write_rooms file)
 endfunction()
 
 # Libraries whose headers lie where every compiler looks are behind a gate: cmake/gates/ has a
-# header of each one's name that compiles only for who links it by depcalc_outside.
+# header of each one's name that compiles only for who links it by depcalc_outside, or for the sources
+# that are named where it is linked.
 function(depcalc_outside name definition)
   add_library(${name} INTERFACE)
   target_compile_definitions(${name} INTERFACE ${definition})
