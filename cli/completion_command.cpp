@@ -4,6 +4,7 @@
 
 #include "cli/arguments.h"
 #include "cli/command.h"
+#include "cli/command_words.h"
 #include "cli/completions.h"
 
 namespace depcalc {
