@@ -47,6 +47,7 @@ std::string closestTo(std::string_view word, const std::vector<std::string>& kno
 
 std::string unknownCommand(const std::vector<CommandWords>& commands, std::string_view word) {
   std::vector<std::string> names;
+  names.reserve(commands.size());
   for (const CommandWords& command : commands) names.push_back(command.name);
   const std::string meant = closestTo(word, names);
   return "Unknown command " + quotedText(word) + "." +
