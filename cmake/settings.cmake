@@ -3,6 +3,7 @@
 option(DEPCALC_TESTS "Build the tests" ON)
 option(DEPCALC_BENCH "Build the benchmarks" OFF)
 option(DEPCALC_FUZZERS "Build the fuzz targets with libFuzzer (needs clang)" OFF)
+option(DEPCALC_PRECOMPILE "Precompile the headers of libraries that most tests include" OFF)
 option(DEPCALC_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
 set(CMAKE_CXX_STANDARD 20)

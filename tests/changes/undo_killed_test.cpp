@@ -7,11 +7,11 @@
 #include <array>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <random>
 #include <thread>
 
 #include "tests/changes/undoable_company.h"
+#include "tests/support/effort.h"
 #include "tests/support/temporary_directory.h"
 
 namespace depcalc {
@@ -83,7 +83,7 @@ bool isOneOf(const std::vector<std::uint64_t>& states, std::uint64_t state) {
 }
 
 TEST(UndoKilled, LeavesTheCompanyBeforeOrAfterAStepAndItsHistoryWithIt) {
-  const int rounds = std::getenv("DEPCALC_LONG") != nullptr ? 1'000 : 60;
+  const int rounds = Effort{.usual = 60, .in_long_run = 1'000}.times();
   const unsigned seed = std::random_device()();
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);

@@ -12,6 +12,7 @@
 
 #include "changes/disposing.h"
 #include "tests/changes/undoable_company.h"
+#include "tests/support/effort.h"
 #include "tests/support/temporary_directory.h"
 
 namespace depcalc {
@@ -179,19 +180,20 @@ std::optional<unsigned> givenSeed() {
 }
 
 TEST(UndoModel, LeadsToTheFilesContentOfThen) {
-  const int rounds = std::getenv("DEPCALC_LONG") != nullptr ? 20 : 1;
+  const int rounds = Effort{.usual = 1, .in_long_run = 20}.times();
+  const int steps = fewerIfSanitized(2'000);
   for (int round = 0; round < rounds; ++round) {
     const unsigned seed = givenSeed().value_or(std::random_device()());
     SCOPED_TRACE("seed " + std::to_string(seed));
     Model model(seed);
-    for (int i = 0; i < 2'000; ++i) {
+    for (int i = 0; i < steps; ++i) {
       model.step();
       ASSERT_FALSE(testing::Test::HasFailure()) << "step " << i;
     }
-    EXPECT_GT(model.undone, 100);
-    EXPECT_GT(model.redone, 50);
-    EXPECT_GT(model.crashes, 20);
-    EXPECT_GT(model.changes, 500);
+    EXPECT_GT(model.undone, steps / 20);
+    EXPECT_GT(model.redone, steps / 40);
+    EXPECT_GT(model.crashes, steps / 250);
+    EXPECT_GT(model.changes, steps / 4);
     std::printf("seed %u: %d changes, %d undone, %d redone, %d crashes\n", seed, model.changes,
                 model.undone, model.redone, model.crashes);
   }

@@ -2,13 +2,13 @@
 // what was acknowledged is there.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <iostream>
 #include <random>
 #include <thread>
 
 #include "DepCalc/units_store.h"
 #include "tests/cli/program.h"
+#include "tests/support/effort.h"
 
 namespace depcalc {
 namespace {
@@ -32,7 +32,7 @@ class Crash : public Program {
 };
 
 TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
-  const int kills = std::getenv("DEPCALC_LONG") != nullptr ? 250 : 75;
+  const int kills = Effort{.usual = 75, .in_long_run = 250}.times();
   const unsigned seed = std::random_device{}();
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);
@@ -73,7 +73,7 @@ TEST_F(Crash, LeavesTheStateBeforeOrAfterAndLosesNothingAcknowledged) {
 
 /// A row of saves, each acknowledged before the next one begins, all killed at one moment.
 TEST_F(Crash, KeepsEverySaveOfARowThatWasAcknowledged) {
-  const int kills = std::getenv("DEPCALC_LONG") != nullptr ? 40 : 6;
+  const int kills = Effort{.usual = 6, .in_long_run = 40}.times();
   const unsigned seed = std::random_device{}();
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);

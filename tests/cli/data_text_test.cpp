@@ -2,24 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <random>
 
 #include "importing/csv_reader.h"
 #include "tests/cli/list_and_import.h"
+#include "tests/support/effort.h"
 #include "tests/support/text_source.h"
 
 namespace depcalc {
 namespace {
 
+using testing_support::inLongRun;
 using testing_support::ListAndImport;
 
 /// What matters in a text, and what does not.
 constexpr std::string_view alphabet = "'=+-@\t\r\n,\" a";
-
-bool inLongRun() { return std::getenv("DEPCALC_LONG") != nullptr; }
 
 TEST(CsvFields, GuardsWhatASpreadsheetWouldCalculate) {
   struct Case {

@@ -104,7 +104,7 @@ TEST_F(BackupFaults, ACopyThatCannotBeKeptIsTold) {
 TEST_F(BackupFaults, ARestoredCompanyIsForThoseWhoHadIt) {
   const QByteArray path = QFile::encodeName(company);
   const desktop::Backup backup = backups.of(company).front();
-  for (const mode_t mode : {0664, 0640, 0600}) {
+  for (const mode_t mode : {0664U, 0640U, 0600U}) {
     ASSERT_EQ(::chmod(path.constData(), mode), 0);
     // Only root may give a file to a group that it is not in.
     const gid_t group = ::getuid() == 0 ? 12 : ::getgid();

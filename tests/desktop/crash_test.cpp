@@ -7,7 +7,6 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
-#include <cstdlib>
 #include <iostream>
 #include <random>
 #include <vector>
@@ -16,6 +15,7 @@
 #include "desktop/host/backups.h"
 #include "desktop/host/stored_companies.h"
 #include "tests/support/company_lock.h"
+#include "tests/support/effort.h"
 
 namespace depcalc::testing {
 namespace {
@@ -137,7 +137,7 @@ class DesktopCrash : public ::testing::Test {
 };
 
 TEST_F(DesktopCrash, LosesNothingAcknowledgedAndOpensAgainAtOnce) {
-  const int kills = std::getenv("DEPCALC_LONG") != nullptr ? 250 : 20;
+  const int kills = testing_support::Effort{.usual = 20, .in_long_run = 250}.times();
   const unsigned seed = std::random_device{}();
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);

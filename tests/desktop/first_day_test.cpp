@@ -324,7 +324,7 @@ TEST_F(FirstDay, EveryDialogOpensItsPageByHelpAndByF1) {
     for (const bool by_button : {true, false}) {
       select(asset);
       onDialog([&, name = name] { item(name).trigger(); },
-               [&](QDialog& dialog) {
+               [&, name = name](QDialog& dialog) {
                  if (by_button) {
                    auto* const help = dialog.findChild<QPushButton*>("Help");
                    ASSERT_NE(help, nullptr) << name;

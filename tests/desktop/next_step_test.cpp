@@ -75,7 +75,7 @@ TEST(NextStep, FollowsWhereTheUserIs) {
 TEST(NextStep, IsNeverSaidAgainOnceItIsDismissed) {
   for (const auto& [where, state, hint] : cases) {
     const NextStep* const next =
-        nextStep(state, [&](Hint each) { return hint.has_value() && each == *hint; });
+        nextStep(state, [&hint = hint](Hint each) { return hint.has_value() && each == *hint; });
     EXPECT_TRUE(next == nullptr || next->hint != *hint) << where;
     EXPECT_EQ(nextStep(state, [](Hint) { return true; }), nullptr) << where;
   }

@@ -164,7 +164,7 @@ TEST_F(UndoInTheWindow, ListsTheStepsAndWhatTheyChanged) {
   window.changeCompanyInfo({"Renamed", 1, false});
   settle();
   onDialog([this] { action("History…").trigger(); },
-           [this](QDialog& dialog) {
+           [](QDialog& dialog) {
              auto& steps = *dialog.findChild<QTreeWidget*>("Steps");
              auto& values = *dialog.findChild<QTableView*>("Values");
              const auto step = [&](int row, int column) {

@@ -49,8 +49,8 @@ constexpr std::array keys = {Named<char32_t>{"Backspace", 8}, Named<char32_t>{"R
 constexpr std::array arrows = {
     Named<Direction>{"Left", Direction::left}, Named<Direction>{"Right", Direction::right},
     Named<Direction>{"Up", Direction::up}, Named<Direction>{"Down", Direction::down}};
-constexpr std::array<std::string_view, 3> screens = {"DepCalcView1", "DepCalcCtl1",
-                                                     "DepCalcDisplayCtl1"};
+constexpr std::array<std::string_view, 3> screen_names = {"DepCalcView1", "DepCalcCtl1",
+                                                          "DepCalcDisplayCtl1"};
 constexpr std::array<std::string_view, 2> popups = {"DepCalcPopup1", "DepCalcPopup2"};
 
 }  // namespace
@@ -317,7 +317,7 @@ const Control& Driver::anyControl(std::string_view name) const {
 const Control* Driver::onAnyScreen(std::string_view name) const {
   const UserControl* const visible = container_.visibleScreen();
   const Control* found = visible == nullptr ? nullptr : visible->child(name);
-  for (const std::string_view screen : screens) {
+  for (const std::string_view screen : screen_names) {
     if (found != nullptr) break;
     found = static_cast<const UserControl&>(*container_.child(screen)).child(name);
   }

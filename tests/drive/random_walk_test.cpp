@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <sstream>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "tests/drive/memory_drive_host.h"
 #include "tests/drive/walker.h"
 #include "tests/support/allocation_count.h"
+#include "tests/support/effort.h"
 
 namespace depcalc::drive {
 namespace {
@@ -22,7 +22,7 @@ constexpr std::size_t actions_of_a_walk = 2000;
 constexpr int table_check_interval = 8;  // a copy of every value is made each time
 constexpr std::size_t most_bytes = 8 << 20;
 
-unsigned walks() { return std::getenv("DEPCALC_LONG") != nullptr ? 500 : 50; }
+unsigned walks() { return testing_support::inLongRun() ? 500 : 50; }
 
 bool inCatalogue(const std::string& box) {
   return std::find(box_catalogue.begin(), box_catalogue.end(), box) != box_catalogue.end();
@@ -104,7 +104,7 @@ TEST(RandomWalk, KeepsWhatMustAlwaysHold) {
 /// One calculator used all day: what it holds on to does not grow. The peaks of the tenths are
 /// compared, for how much is held at one moment depends on what is shown then.
 TEST(RandomWalk, HoldsOnToNoMoreAtTheEndOfALongSession) {
-  const std::size_t actions = std::getenv("DEPCALC_LONG") != nullptr ? 1'000'000 : 20'000;
+  const std::size_t actions = testing_support::inLongRun() ? 1'000'000 : 20'000;
   OpenHost host;
   CalculatorScreens screens;
   Walker walker(first_seed, host, screens, {Date::strict(2024, 6, 15)});

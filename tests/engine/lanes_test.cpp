@@ -3,13 +3,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <vector>
 
 #include "engine/double_declining_balance.h"
 #include "engine/first_year_fraction.h"
 #include "engine/straight_line.h"
 #include "engine/sum_of_years_digits.h"
+#include "tests/support/effort.h"
 #include "tests/support/random_assets.h"
 
 namespace depcalc {
@@ -72,7 +72,9 @@ double someFraction(const SomeAsset& asset, int round) {
   }
 }
 
-int rounds() { return std::getenv("DEPCALC_LONG") != nullptr ? 10'000'000 : 100'000; }
+int rounds() {
+  return testing_support::Effort{.usual = 100'000, .in_long_run = 10'000'000}.times();
+}
 
 TEST(Lane, OfOneAssetComesToWhatEveryCheckComesTo) {
   const std::uint64_t seed = std::random_device()();

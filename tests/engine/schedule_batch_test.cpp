@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "engine/calculate_dep.h"
 #include "engine/method_batch.h"
 #include "engine/method_results.h"
+#include "tests/support/effort.h"
 #include "tests/support/random_records.h"
 #include "tests/support/reports.h"
 
@@ -19,8 +19,6 @@ namespace {
 
 using test::RandomAssets;
 using test::SomeAsset;
-
-bool inLongRun() { return std::getenv("DEPCALC_LONG") != nullptr; }
 
 ScheduledAsset scheduledOf(const SomeAsset& asset) {
   return {.placed_in_service = asset.placed_in_service,
@@ -104,7 +102,7 @@ TEST(ScheduleBatch, GivesEveryDigitAtEveryWidthAndOfAnyNumberOfAssets) {
   const std::uint64_t seed = std::random_device()();
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937_64 random(seed);
-  const std::size_t most = inLongRun() ? 10'000'000 : 60'000;
+  const std::size_t most = testing_support::inLongRun() ? 10'000'000 : 60'000;
   for (const LaneWidth width : widths()) {
     SCOPED_TRACE("lanes: " + std::to_string(static_cast<int>(width)));
     RandomAssets assets(seed);

@@ -144,7 +144,7 @@ TEST(RecordBlocks, EndBetweenRecordsAndKnowTheirLines) {
 }
 
 TEST(RecordBlocks, HandOutTheWholeRecordsBeforeAFailure) {
-  for (const std::size_t portion : {1, 3, 100}) {
+  for (const std::size_t portion : {1U, 3U, 100U}) {
     Portions source("a\nb\nc", portion, true);
     RecordBlocks blocks(source, ',', "", 1, false);
     RecordBlocks::Block block;

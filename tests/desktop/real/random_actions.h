@@ -30,7 +30,7 @@ struct RandomActions : RealWindow {
   bool chance(int percent) { return below(100) < percent; }
   template <typename Values>
   const auto& oneOf(const Values& values) {
-    return values[static_cast<std::size_t>(below(static_cast<int>(std::size(values))))];
+    return *std::next(std::begin(values), below(static_cast<int>(std::size(values))));
   }
 
   // random_actions.cpp

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "tests/desktop/real/random_actions.h"
+#include "tests/support/effort.h"
 
 namespace depcalc::testing {
 namespace {
@@ -15,7 +16,7 @@ unsigned firstSeed() {
   return wanted == nullptr ? 20240615 : static_cast<unsigned>(std::atoi(wanted));
 }
 
-unsigned walks() { return std::getenv("DEPCALC_LONG") != nullptr ? 20 : 5; }
+unsigned walks() { return testing_support::inLongRun() ? 20 : 5; }
 
 struct RandomActionsFrom : RandomActions, ::testing::WithParamInterface<unsigned> {};
 

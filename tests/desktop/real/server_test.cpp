@@ -41,7 +41,7 @@ struct RealServer : RealWindow {
 
 TEST_F(RealServer, IsOpenedByTheMenuEditedAndOpenedAgain) {
   listCompanies();
-  ASSERT_TRUE(user.sees([this] { return chosen() == "Company 1"; })) << "and the list has the keys";
+  ASSERT_TRUE(user.sees([] { return chosen() == "Company 1"; })) << "and the list has the keys";
   user.key("Return");
   EXPECT_TRUE(user.seesNoDialog());
   EXPECT_EQ(title(), "Nine Oaks Workshop on this computer – Depreciation Calculator");
@@ -64,7 +64,7 @@ TEST_F(RealServer, IsOpenedByTheMenuEditedAndOpenedAgain) {
 TEST_F(RealServer, IsLeftByEscapeAndHelpedByF1) {
   listCompanies();
   user.key("F1");
-  EXPECT_TRUE(user.sees([this] {
+  EXPECT_TRUE(user.sees([] {
     for (QWidget* top : QApplication::topLevelWidgets()) {
       if (top->isVisible() && top->windowTitle().contains("Guide")) return true;
     }

@@ -105,7 +105,7 @@ TEST_F(Undoing, IsThereInTheHistoryByKeysAlone) {
   EXPECT_TRUE(showsAssets(2));
   user.keys({"alt+i", "h"});
   EXPECT_EQ(user.dialog().title, "History");
-  const auto step = [this] {
+  const auto step = [] {
     return gui([] {
       auto* const steps = QApplication::activeModalWidget()->findChild<QTreeWidget*>("Steps");
       const QTreeWidgetItem* const current = steps->currentItem();

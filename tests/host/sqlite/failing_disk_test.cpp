@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <iostream>
 
 #include "DepCalc/units_following.h"
@@ -13,14 +12,13 @@
 #include "tests/host/sqlite/company_fixture.h"
 #include "tests/host/sqlite/crashing_disk.h"
 #include "tests/host/sqlite/failing_vfs.h"
+#include "tests/support/effort.h"
 
 namespace depcalc {
 namespace {
 
 using testing::HasSubstr;
 using namespace testing_support;
-
-bool isLong() { return std::getenv("DEPCALC_LONG") != nullptr; }
 
 /// All that a company file says.
 struct Whole {
@@ -317,7 +315,7 @@ class ForgettingDisk : public FailingDisk {
   /// In the middle of operation `now_`.
   void crashInside() {
     if (!watching_ || HasFailure()) return;
-    const int random_losses = isLong() ? 40 : 2;
+    const int random_losses = inLongRun() ? 40 : 2;
     crash(now_, now_ + 1, Loss::everything);
     crash(now_, now_ + 1, Loss::nothing);
     for (int i = 0; i < random_losses; ++i) crash(now_, now_ + 1, Loss::some);
@@ -381,7 +379,7 @@ TEST_F(ForgettingDisk, TakesAnUnfinishedChangeBackThoughThePowerFailsAgainMeanwh
   }
   ASSERT_GT(files.size(), 5U);
   now_ = import;
-  const std::size_t stride = isLong() ? 1 : 3;
+  const std::size_t stride = inLongRun() ? 1 : 3;
   for (std::size_t i = 0; i < files.size(); i += stride) {
     restore(files[i]);
     writeBytes(path_ + "-journal", journals[i]);

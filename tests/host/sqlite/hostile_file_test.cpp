@@ -14,6 +14,7 @@
 #include <iostream>
 
 #include "tests/host/sqlite/company_fixture.h"
+#include "tests/support/effort.h"
 
 namespace depcalc {
 namespace {
@@ -102,7 +103,7 @@ class HostileCompanyFile : public SampleCompanyFile {
     EXPECT_LT(outcome.megabytes, 256) << what;
     EXPECT_THAT(outcome.message, HasSubstr(message)) << what;
     EXPECT_EQ(outcome.message.empty(), message.empty()) << what << ": " << outcome.message;
-    if (std::getenv("DEPCALC_LONG") != nullptr) {
+    if (inLongRun()) {
       std::cout << what << ": " << outcome.seconds << " s, " << outcome.megabytes << " MB\n";
     }
   }

@@ -5,12 +5,12 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <ctime>
 #include <iostream>
 #include <random>
 
 #include "tests/host/sqlite/company_fixture.h"
+#include "tests/support/effort.h"
 
 namespace depcalc {
 namespace {
@@ -107,7 +107,7 @@ class MutatedCompanyFile : public SampleCompanyFile {
     return file == nullptr;
   }
 
-  static int mutations() { return std::getenv("DEPCALC_LONG") != nullptr ? 5000 : 600; }
+  static int mutations() { return Effort{.usual = 600, .in_long_run = 5000}.times(); }
 
   unsigned seed_ = std::random_device{}();
   std::mt19937 random_{seed_};

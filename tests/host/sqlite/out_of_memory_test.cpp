@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <iostream>
 #include <random>
 
 #include "cli/command_line.h"
 #include "common/trapped.h"
 #include "tests/host/sqlite/company_fixture.h"
+#include "tests/support/effort.h"
 #include "tests/support/failing_allocation.h"
 
 namespace depcalc {
@@ -86,7 +86,7 @@ class OutOfMemory : public CompanyFile {
 };
 
 TEST_F(OutOfMemory, EveryCommandSaysSoAndLeavesTheFileAsItWasOrDone) {
-  const bool is_long = std::getenv("DEPCALC_LONG") != nullptr;
+  const bool is_long = inLongRun();
   const unsigned seed = std::random_device{}();
   std::cout << "seed " << seed << '\n';
   std::mt19937 random(seed);

@@ -95,10 +95,10 @@ void expectAll(const Chart& chart, ChartFigures figures) {
       const auto& second = chart.series[b].*figures;
       for (const auto& [year, first_above] : reversals(first, second)) {
         ++expected;
-        const auto known = std::find_if(found.begin(), found.end(), [&](const Crossing& each) {
-          return each.year == year && each.above == (first_above ? a : b) &&
-                 each.below == (first_above ? b : a);
-        });
+        const auto known = std::find_if(
+            found.begin(), found.end(), [&, year = year, up = first_above](const Crossing& each) {
+              return each.year == year && each.above == (up ? a : b) && each.below == (up ? b : a);
+            });
         ASSERT_NE(known, found.end()) << "year " << year;
         EXPECT_LE(known->at, static_cast<double>(year));
         EXPECT_GT(known->at, 0);
