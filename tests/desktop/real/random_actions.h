@@ -1,6 +1,7 @@
 // A user in the real window who does anything at all.
 #pragma once
 
+#include <iterator>
 #include <random>
 #include <utility>
 
