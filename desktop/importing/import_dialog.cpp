@@ -17,10 +17,11 @@
 #include <algorithm>
 
 #include "desktop/guide/guide_pages.h"
-#include "desktop/importing/amounts_model.h"
+#include "desktop/importing/amounts_part.h"
 #include "desktop/importing/columns_model.h"
 #include "desktop/importing/import_captions.h"
 #include "desktop/importing/import_options.h"
+#include "desktop/importing/import_table.h"
 #include "desktop/importing/preview_model.h"
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/guide_help.h"
@@ -31,21 +32,6 @@ namespace {
 
 constexpr int in_a_thousand = 1000;
 
-/// A table whose Tab key leaves it.
-QTableView* makeTable(QAbstractItemModel& model, const char* name, const QString& accessible_name,
-                      QWidget* parent) {
-  auto* const view = new QTableView(parent);
-  view->setObjectName(QLatin1String(name));
-  view->setAccessibleName(accessible_name);
-  view->setModel(&model);
-  view->setTabKeyNavigation(false);
-  view->setSelectionMode(QAbstractItemView::SingleSelection);
-  view->setWordWrap(false);
-  view->horizontalHeader()->setHighlightSections(false);
-  view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() * 7 / 4);
-  return view;
-}
-
 }  // namespace
 
 ImportDialog::ImportDialog(AssetImport& import, const QString& file, QWidget* parent)
@@ -53,8 +39,7 @@ ImportDialog::ImportDialog(AssetImport& import, const QString& file, QWidget* pa
       import_(import),
       options_(new ImportOptions(import, this)),
       columns_(new ColumnsModel(import, this)),
-      preview_(new PreviewModel(import, this)),
-      amounts_(new AmountsModel(this)) {
+      preview_(new PreviewModel(import, this)) {
   setWindowTitle(tr("Import %1").arg(file));
   auto* const parts = new QSplitter(this);
   parts->addWidget(makeColumns());
@@ -83,7 +68,7 @@ QWidget* ImportDialog::makeColumns() {
   auto* const layout = new QVBoxLayout(part);
   layout->setContentsMargins(0, 0, 0, 0);
   auto* const label = new QLabel(tr("&Columns of the file"), part);
-  columns_view_ = makeTable(*columns_, "Columns", tr("Columns of the file"), part);
+  columns_view_ = makeImportTable(*columns_, "Columns", tr("Columns of the file"), part);
   columns_view_->setItemDelegateForColumn(ColumnsModel::use_column,
                                           new UseDelegate(*columns_, columns_view_));
   columns_view_->setEditTriggers(QAbstractItemView::EditKeyPressed |
@@ -116,7 +101,7 @@ QWidget* ImportDialog::makePreview() {
   duplicates_ = new QCheckBox(tr("&Leave out duplicates"), part);
   duplicates_->setObjectName(QStringLiteral("Duplicates"));
   duplicates_->setChecked(import_.leavesOutDuplicates());
-  preview_view_ = makeTable(*preview_, "Rows", tr("Rows of the file"), part);
+  preview_view_ = makeImportTable(*preview_, "Rows", tr("Rows of the file"), part);
   preview_view_->verticalHeader()->hide();
   preview_view_->setEditTriggers(QAbstractItemView::DoubleClicked |
                                  QAbstractItemView::EditKeyPressed |
@@ -136,7 +121,8 @@ QWidget* ImportDialog::makePreview() {
   remark_->setWordWrap(true);
   layout->addWidget(preview_view_, 1);
   layout->addWidget(remark_);
-  layout->addWidget(makeAmounts());
+  amounts_ = new AmountsPart(part);
+  layout->addWidget(amounts_);
   connect(filter_, &QComboBox::activated, this, &ImportDialog::showRows);
   connect(duplicates_, &QCheckBox::toggled, this, [this](bool on) {
     import_.leaveOutDuplicates(on);
@@ -146,26 +132,6 @@ QWidget* ImportDialog::makePreview() {
   connect(preview_view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &ImportDialog::showRow);
   return part;
-}
-
-QWidget* ImportDialog::makeAmounts() {
-  amounts_part_ = new QWidget(this);
-  auto* const layout = new QVBoxLayout(amounts_part_);
-  layout->setContentsMargins(0, 0, 0, 0);
-  auto* const label = new QLabel(tr("&Amounts of the selected row"), amounts_part_);
-  amounts_view_ =
-      makeTable(*amounts_, "Amounts", tr("Amounts in the file and as calculated"), amounts_part_);
-  // Its three rows, and the bar below where there are many years.
-  const int rows = amounts_view_->verticalHeader()->defaultSectionSize() * 3;
-  amounts_view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  amounts_view_->setFixedHeight(rows + amounts_view_->horizontalHeader()->sizeHint().height() +
-                                amounts_view_->horizontalScrollBar()->sizeHint().height() +
-                                amounts_view_->frameWidth() * 2 + fontMetrics().height() / 2);
-  label->setBuddy(amounts_view_);
-  layout->addWidget(label);
-  layout->addWidget(amounts_view_);
-  amounts_part_->hide();
-  return amounts_part_;
 }
 
 void ImportDialog::addNotes(QVBoxLayout& layout) {
@@ -206,7 +172,7 @@ void ImportDialog::addNotes(QVBoxLayout& layout) {
 void ImportDialog::begin() {
   columns_->show();
   preview_->show(RowFilter::all);
-  amounts_->show({});
+  amounts_->showAmounts({});
   showState();
   work_.start();
 }
@@ -230,7 +196,7 @@ void ImportDialog::end() {
   showRows();
   goToFirstProblem();
   preview_view_->setFocus();
-  amounts_part_->setVisible(import_.hasAmounts());
+  amounts_->setVisible(import_.hasAmounts());
 }
 
 void ImportDialog::showRows() {
@@ -275,8 +241,8 @@ void ImportDialog::showRow() {
   remark_->setText(
       shows ? tr("Line %1: %2").arg(import_.fileRow(row).line).arg(remarkOn(import_, row))
             : QString());
-  amounts_->show(shows && import_.hasAmounts() ? import_.amountsOf(row)
-                                               : std::vector<ComparedAmount>());
+  amounts_->showAmounts(shows && import_.hasAmounts() ? import_.amountsOf(row)
+                                                      : std::vector<ComparedAmount>());
 }
 
 void ImportDialog::goToFirstProblem() {

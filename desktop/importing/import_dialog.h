@@ -16,7 +16,7 @@ class QVBoxLayout;
 
 namespace depcalc::desktop {
 
-class AmountsModel;
+class AmountsPart;
 class ColumnsModel;
 class ImportOptions;
 class PreviewModel;
@@ -37,7 +37,6 @@ class ImportDialog : public QDialog {
  private:
   QWidget* makeColumns();
   QWidget* makePreview();
-  QWidget* makeAmounts();
   void addNotes(QVBoxLayout& layout);
   void goOn();
   /// The rows are being judged anew.
@@ -56,12 +55,10 @@ class ImportDialog : public QDialog {
   ImportOptions* options_;
   ColumnsModel* columns_;
   PreviewModel* preview_;
-  AmountsModel* amounts_;
   QTableView* columns_view_ = nullptr;
   QTableView* preview_view_ = nullptr;
   QLabel* remark_ = nullptr;
-  QWidget* amounts_part_ = nullptr;
-  QTableView* amounts_view_ = nullptr;
+  AmountsPart* amounts_ = nullptr;
   QComboBox* filter_ = nullptr;
   QCheckBox* duplicates_ = nullptr;
   QLabel* summary_ = nullptr;
