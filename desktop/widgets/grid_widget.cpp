@@ -1,6 +1,5 @@
 #include "desktop/widgets/grid_widget.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
@@ -11,32 +10,11 @@
 #include "desktop/widgets/arrow_keys.h"
 #include "desktop/widgets/cell_clipboard.h"
 #include "desktop/widgets/grid_painter.h"
+#include "desktop/widgets/grid_sections.h"
 #include "desktop/widgets/input_style.h"
 
 namespace depcalc::desktop {
 namespace {
-
-/// Sections as wide as twips make them, rounded at the edges so that errors do not add up.
-template <typename SizeOf>
-int setSections(QHeaderView& header, const Scale& scale, int count, SizeOf sizeOf) {
-  const int usual = count > 1 ? scale.pixels(sizeOf(1)) : 1;
-  header.setDefaultSectionSize(std::max(1, usual));
-  double twips = 0;
-  int edge = 0;
-  for (int i = 0; i < count; ++i) {
-    twips += sizeOf(i);
-    const int size = scale.pixels(twips) - edge;
-    edge += size;
-    if (header.sectionSize(i) != size) header.resizeSection(i, size);
-  }
-  return edge;
-}
-
-void prepareHeader(QHeaderView& header) {
-  header.hide();
-  header.setMinimumSectionSize(0);
-  header.setSectionResizeMode(QHeaderView::Fixed);
-}
 
 /// What the parents of `widget` leave of it, whatever lies over it.
 QRect partInSight(const QWidget& widget) {
@@ -57,8 +35,8 @@ GridWidget::GridWidget(Grid& grid, Surface& surface, QWidget* parent)
       grid_(grid),
       table_(grid),
       binding_(*this, grid, surface, [this](Aspect aspect) { apply(aspect); }) {
-  prepareHeader(*horizontalHeader());
-  prepareHeader(*verticalHeader());
+  prepareSections(*horizontalHeader());
+  prepareSections(*verticalHeader());
   setFrameShape(QFrame::Box);
   setShowGrid(false);
   setWordWrap(true);
@@ -116,14 +94,10 @@ void GridWidget::apply(Aspect aspect) {
 void GridWidget::showStructure() {
   pointed_.reset();
   const Scale& scale = binding_.scale();
-  horizontalHeader()->blockSignals(true);
-  setSections(*horizontalHeader(), scale, grid_.columns(),
-              [this](int column) { return grid_.columnWidth(column); });
-  horizontalHeader()->blockSignals(false);
-  verticalHeader()->blockSignals(true);
-  setSections(*verticalHeader(), scale, grid_.rows(),
-              [this](int row) { return grid_.rowHeight(row); });
-  verticalHeader()->blockSignals(false);
+  sizeSections(*horizontalHeader(), scale, grid_.columns(),
+               [this](int column) { return grid_.columnWidth(column); });
+  sizeSections(*verticalHeader(), scale, grid_.rows(),
+               [this](int row) { return grid_.rowHeight(row); });
   showScrollBars();
   showCurrent();
   viewport()->update();
