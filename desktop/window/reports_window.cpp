@@ -1,10 +1,8 @@
 #include "desktop/window/reports_window.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QComboBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -14,11 +12,8 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
-#include <algorithm>
-#include <array>
 
 #include "desktop/guide/guide_pages.h"
 #include "desktop/reports/pointed_amount.h"
@@ -26,53 +21,17 @@
 #include "desktop/widgets/dialog_looks.h"
 #include "desktop/widgets/guide_help.h"
 #include "desktop/widgets/text_block.h"
+#include "desktop/window/report_choices.h"
 #include "desktop/window/report_kind_painter.h"
 #include "desktop/window/report_output.h"
 #include "desktop/window/report_preview.h"
 #include "desktop/window/warning_box.h"
-#include "reports/company_years.h"
 
 namespace depcalc::desktop {
 namespace {
 
 constexpr QSize first_size(1240, 800);
 constexpr int list_width = 222;  // pixels
-
-constexpr std::array<PdfPaper, 4> papers{{{PaperSize::a4, true},
-                                          {PaperSize::a4, false},
-                                          {PaperSize::letter, true},
-                                          {PaperSize::letter, false}}};
-
-constexpr std::array groupings{Grouping::none, Grouping::department, Grouping::method,
-                               Grouping::convention};
-
-QStringList paperNames() {
-  return {QObject::tr("A4 landscape"), QObject::tr("A4 portrait"), QObject::tr("Letter landscape"),
-          QObject::tr("Letter portrait")};
-}
-
-QStringList groupingNames() {
-  return {QObject::tr("Nothing"), QObject::tr("Department"), QObject::tr("Method"),
-          QObject::tr("Convention")};
-}
-
-/// The paper that the user prefers, by its place in the list.
-int paperRow(const Settings& settings) {
-  const PaperSize size = settings.paperSize().value_or(PaperSize::a4);
-  const bool landscape = settings.reportsLandscape();
-  const auto* const found = std::find_if(papers.begin(), papers.end(), [&](const PdfPaper& paper) {
-    return paper.size == size && paper.landscape == landscape;
-  });
-  return static_cast<int>(found - papers.begin());
-}
-
-/// Without telling anybody.
-void fill(QComboBox& box, const QStringList& items, int current) {
-  const QSignalBlocker silent(box);
-  box.clear();
-  box.addItems(items);
-  box.setCurrentIndex(current);
-}
 
 }  // namespace
 
@@ -89,7 +48,7 @@ ReportsWindow::ReportsWindow(Surroundings surroundings, QWidget* parent)
   dropButtonIcons(*this);
   resize(first_size.boundedTo(parent->size().expandedTo(QSize(900, 600))));
   fillKinds();
-  fillChoices();
+  choices_->offer(desk_);
   showReport();
   colourPrintButton();
   kinds_->setFocus();
@@ -103,53 +62,21 @@ void ReportsWindow::standBesideTheMainWindow() {
   windowHandle()->setTransientParent(nullptr);
 }
 
-QComboBox* ReportsWindow::addChoice(QHBoxLayout& row, QLabel*& label, const QString& caption,
-                                    const char* name, void (ReportsWindow::*chosen)(int)) {
-  label = new QLabel(caption, this);
-  auto* const box = new QComboBox(this);
-  box->setObjectName(QLatin1String(name));
-  box->setAccessibleName(QString(caption).remove(u'&'));
-  box->view()->setAccessibleName(box->accessibleName());
-  box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  box->setMinimumContentsLength(12);
-  label->setBuddy(box);
-  row.addWidget(label);
-  row.addWidget(box);
-  row.addSpacing(fontMetrics().averageCharWidth());
-  connect(box, &QComboBox::currentIndexChanged, this, chosen);
-  return box;
-}
-
-QToolButton* ReportsWindow::addTurn(QHBoxLayout& row, Qt::ArrowType arrow, const QString& name,
-                                    int step) {
-  auto* const button = new QToolButton(this);
-  button->setArrowType(arrow);
-  button->setAccessibleName(name);
-  button->setToolTip(name);
-  button->setFocusPolicy(Qt::TabFocus);
-  row.addWidget(button);
-  connect(button, &QToolButton::clicked, this,
-          [this, step] { preview_->showPage(preview_->page() + step); });
-  return button;
-}
-
 QWidget* ReportsWindow::makeChoices() {
   auto* const bar = new QWidget(this);
-  auto* const row = new QHBoxLayout(bar);
-  year_ = addChoice(*row, year_label_, tr("Fiscal &year"), "Year", &ReportsWindow::chooseYear);
-  asset_ = addChoice(*row, asset_label_, tr("&Asset"), "Asset", &ReportsWindow::chooseAsset);
-  asset_->setMinimumContentsLength(28);
-  grouping_ =
-      addChoice(*row, grouping_label_, tr("&Group by"), "Grouping", &ReportsWindow::chooseGrouping);
-  paper_ = addChoice(*row, paper_label_, tr("Pape&r"), "Paper", &ReportsWindow::choosePaper);
-  row->addStretch();
-  back_ = addTurn(*row, Qt::LeftArrow, tr("Previous page"), -1);
-  page_ = new QLabel(bar);
-  page_->setObjectName(QStringLiteral("PageNumber"));
-  row->addWidget(page_);
-  forward_ = addTurn(*row, Qt::RightArrow, tr("Next page"), 1);
-  fill(*paper_, paperNames(), paperRow(around_.settings));
-  fill(*grouping_, groupingNames(), 0);
+  choices_ = new ReportChoices(around_.settings, *bar);
+  connect(choices_, &ReportChoices::yearChosen, this, [this](int year) {
+    desk_.chooseYear(year);
+    showReport();
+  });
+  connect(choices_, &ReportChoices::groupingChosen, this, [this](Grouping grouping) {
+    desk_.chooseGrouping(grouping);
+    showReport();
+  });
+  connect(choices_, &ReportChoices::assetChosen, this, &ReportsWindow::chooseAsset);
+  connect(choices_, &ReportChoices::paperChosen, this, &ReportsWindow::showReport);
+  connect(choices_, &ReportChoices::pageTurned, this,
+          [this](int pages) { preview_->showPage(preview_->page() + pages); });
   return bar;
 }
 
@@ -169,7 +96,8 @@ QWidget* ReportsWindow::makeMiddle() {
   row->addWidget(kinds_);
   row->addWidget(preview_, 1);
   connect(kinds_, &QListWidget::currentRowChanged, this, &ReportsWindow::chooseRow);
-  connect(preview_, &ReportPreview::pageShown, this, &ReportsWindow::showPageNumber);
+  connect(preview_, &ReportPreview::pageShown, choices_,
+          [this] { choices_->showPage(preview_->page(), preview_->count()); });
   connect(preview_, &ReportPreview::cellPointed, this, &ReportsWindow::pointAt);
   return middle;
 }
@@ -212,7 +140,7 @@ void ReportsWindow::choose(ReportKind kind) { kinds_->setCurrentRow(static_cast<
 void ReportsWindow::refresh() {
   desk_.setRegister(around_.read());
   fillKinds();
-  fillChoices();
+  choices_->offer(desk_);
   showReport();
 }
 
@@ -234,52 +162,18 @@ void ReportsWindow::fillKinds() {
   kinds_->setCurrentRow(static_cast<int>(desk_.kind()));
 }
 
-void ReportsWindow::fillChoices() {
-  QStringList years;
-  const std::vector<int> offered = desk_.years();
-  for (const int year : offered) years << qtText(fiscalYearName(year));
-  const auto chosen = std::find(offered.begin(), offered.end(), desk_.year());
-  fill(*year_, years, static_cast<int>(chosen - offered.begin()));
-  QStringList names;
-  for (const std::string& name : desk_.assetNames()) names << qtText(name);
-  fill(*asset_, names, desk_.asset() - 1);
-}
-
 void ReportsWindow::chooseRow(int row) {
   if (row < 0) return;
   desk_.choose(static_cast<ReportKind>(row));
   showReport();
 }
 
-void ReportsWindow::chooseYear(int index) {
-  const std::vector<int> offered = desk_.years();
-  if (index < 0 || index >= std::ssize(offered)) return;
-  desk_.chooseYear(offered[static_cast<std::size_t>(index)]);
-  showReport();
-}
-
-void ReportsWindow::chooseGrouping(int index) {
-  desk_.chooseGrouping(groupings.at(static_cast<std::size_t>(index)));
-  showReport();
-}
-
-void ReportsWindow::choosePaper(int) {
-  around_.settings.setPaperSize(paper().size);
-  around_.settings.setReportsLandscape(paper().landscape);
-  showReport();
-}
-
 void ReportsWindow::followPaper() {
-  const int row = paperRow(around_.settings);
-  if (row == paper_->currentIndex()) return;
-  const QSignalBlocker silent(paper_);
-  paper_->setCurrentIndex(row);
-  showReport();
+  if (choices_->followPaper()) showReport();
 }
 
-void ReportsWindow::chooseAsset(int index) {
-  if (index < 0) return;
-  desk_.chooseAsset(index + 1);
+void ReportsWindow::chooseAsset(std::int32_t asset) {
+  desk_.chooseAsset(asset);
   showReport();
   emit amountPointed(desk_.asset(), std::nullopt);
 }
@@ -291,31 +185,12 @@ void ReportsWindow::pointAt(std::size_t table, std::size_t row, std::size_t colu
   if (pointed) emit amountPointed(pointed->asset, pointed->fiscal_year);
 }
 
-PdfPaper ReportsWindow::paper() const {
-  return papers.at(static_cast<std::size_t>(paper_->currentIndex()));
-}
-
 void ReportsWindow::showReport() {
-  for (QWidget* part : std::initializer_list<QWidget*>{year_label_, year_}) {
-    part->setVisible(desk_.asksForYear());
-  }
-  for (QWidget* part : std::initializer_list<QWidget*>{grouping_label_, grouping_}) {
-    part->setVisible(desk_.asksForGrouping());
-  }
-  for (QWidget* part : std::initializer_list<QWidget*>{asset_label_, asset_}) {
-    part->setVisible(desk_.asksForAsset());
-  }
+  choices_->showAsked(desk_);
   const Report* const report = desk_.report();
-  preview_->showReport(report, paper(), desk_.assets().today, qtText(desk_.trouble()));
+  preview_->showReport(report, choices_->paper(), desk_.assets().today, qtText(desk_.trouble()));
   for (QPushButton* button : {export_, copy_, print_}) button->setEnabled(report != nullptr);
   fillFormats();
-}
-
-void ReportsWindow::showPageNumber() {
-  const int count = preview_->count();
-  page_->setText(count == 0 ? QString() : tr("Page %1 of %2").arg(preview_->page() + 1).arg(count));
-  back_->setEnabled(preview_->page() > 0);
-  forward_->setEnabled(preview_->page() + 1 < count);
 }
 
 void ReportsWindow::fillFormats() {
@@ -333,7 +208,7 @@ void ReportsWindow::exportAs(const OfferedFormat& format) {
   QByteArray content;
   QApplication::setOverrideCursor(Qt::WaitCursor);
   if (format.format == ExportFormat::pdf) {
-    content = pdfOfReport(*report, paper(), desk_.assets().today);
+    content = pdfOfReport(*report, choices_->paper(), desk_.assets().today);
     if (content.isEmpty()) trouble = "no font is installed";
   } else {
     content = QByteArray::fromStdString(desk_.written(format.format, trouble));
@@ -362,8 +237,8 @@ void ReportsWindow::copy() {
 void ReportsWindow::print() {
   const Report* const report = desk_.report();
   if (report == nullptr) return;
-  const QString printer =
-      printReport(*report, paper(), desk_.assets().today, around_.settings.printer(), this);
+  const QString printer = printReport(*report, choices_->paper(), desk_.assets().today,
+                                      around_.settings.printer(), this);
   if (!printer.isEmpty()) around_.settings.setPrinter(printer);
 }
 

@@ -6,20 +6,17 @@
 #include <memory>
 #include <optional>
 
-#include "desktop/printing/pdf_printer.h"
 #include "desktop/reports/report_desk.h"
 #include "desktop/window/settings.h"
 
-class QComboBox;
-class QHBoxLayout;
 class QLabel;
 class QListWidget;
 class QMenu;
 class QPushButton;
-class QToolButton;
 
 namespace depcalc::desktop {
 
+class ReportChoices;
 class ReportPreview;
 
 /// Stands beside the main window and follows it: what is saved there is in the report at once. All
@@ -61,42 +58,23 @@ class ReportsWindow : public QWidget {
   QWidget* makeChoices();
   QWidget* makeMiddle();
   QWidget* makeButtons();
-  QComboBox* addChoice(QHBoxLayout& row, QLabel*& label, const QString& caption, const char* name,
-                       void (ReportsWindow::*chosen)(int));
-  QToolButton* addTurn(QHBoxLayout& row, Qt::ArrowType arrow, const QString& name, int step);
 
   void chooseRow(int row);
-  void chooseYear(int index);
-  void chooseGrouping(int index);
-  void choosePaper(int index);
-  void chooseAsset(int index);
+  void chooseAsset(std::int32_t asset);
   void pointAt(std::size_t table, std::size_t row, std::size_t column);
 
-  void fillChoices();
   void fillKinds();
   void colourPrintButton();
   void showReport();
-  void showPageNumber();
   void fillFormats();
   void exportAs(const OfferedFormat& format);
   void copy();
   void print();
-  [[nodiscard]] PdfPaper paper() const;
 
   Surroundings around_;
   ReportDesk desk_;
+  ReportChoices* choices_ = nullptr;
   QListWidget* kinds_ = nullptr;
-  QLabel* year_label_ = nullptr;
-  QComboBox* year_ = nullptr;
-  QLabel* asset_label_ = nullptr;
-  QComboBox* asset_ = nullptr;
-  QLabel* grouping_label_ = nullptr;
-  QComboBox* grouping_ = nullptr;
-  QLabel* paper_label_ = nullptr;
-  QComboBox* paper_ = nullptr;
-  QToolButton* back_ = nullptr;
-  QToolButton* forward_ = nullptr;
-  QLabel* page_ = nullptr;
   QLabel* unsaved_ = nullptr;
   ReportPreview* preview_ = nullptr;
   QPushButton* export_ = nullptr;
