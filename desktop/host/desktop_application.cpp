@@ -4,6 +4,7 @@
 
 #include "changes/company_steps.h"
 #include "common/trapped.h"
+#include "host/unit_of_work.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -45,6 +46,11 @@ void DesktopApplication::setCompany(std::unique_ptr<Company> company, Past past)
   recorder_ = company_ == nullptr ? nullptr : recorded(company_, std::move(past), now_);
   file_ = company_ == nullptr ? nullptr : std::make_shared<UnitsFollowing>(recorder_);
   if (company_ != nullptr) listeners_.raise(&HostApplicationEvents::CompanyFileOpened);
+}
+
+std::optional<std::uint64_t> DesktopApplication::revision() const {
+  if (file_ == nullptr || file_->unitOfWork() == nullptr) return std::nullopt;
+  return file_->unitOfWork()->revision();
 }
 
 void DesktopApplication::setInfo(const CompanyInfo& info) {

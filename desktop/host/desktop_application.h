@@ -43,6 +43,8 @@ class DesktopApplication final : public HostApplication {
   /// What has been done to the company that is open; null where none is. Everything that changes it
   /// through `CompanyFile` or here is a step.
   [[nodiscard]] Recorder* recorder() const { return recorder_.get(); }
+  /// Another number with every change of what is saved; nothing where that cannot be told.
+  [[nodiscard]] std::optional<std::uint64_t> revision() const;
   /// Fails with CompanyFileError.
   void setInfo(const CompanyInfo& info);
   /// Steps in `change` are of this kind.

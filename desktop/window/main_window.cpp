@@ -1,22 +1,27 @@
 #include "desktop/window/main_window.h"
 
+#include <QEvent>
 #include <QFile>
-#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
-#include <QStatusBar>
 #include <filesystem>
 #include <system_error>
 
 #include "desktop/guide/guide_pages.h"
 #include "desktop/host/place.h"
+#include "desktop/host/restoring.h"
 #include "desktop/widgets/text_block.h"
-#include "desktop/window/hint_bar.h"
+#include "desktop/window/asset_changes.h"
+#include "desktop/window/company_dialogs.h"
+#include "desktop/window/hints.h"
+#include "desktop/window/importing.h"
+#include "desktop/window/main_menus.h"
+#include "desktop/window/recalculating.h"
+#include "desktop/window/reports_keeping.h"
 #include "desktop/window/start_page.h"
+#include "desktop/window/status_line.h"
 #include "desktop/window/wait_cursor.h"
 #include "desktop/window/workspace.h"
-#include "host/unit_of_work.h"
-#include "values/en_us.h"
 
 namespace depcalc::desktop {
 namespace {
@@ -41,34 +46,33 @@ std::unique_ptr<Company> openedUnderHourglass(CompanyFiles& files, const QString
 MainWindow::MainWindow(Surroundings surroundings)
     : around_(std::move(surroundings)),
       application_(std::make_shared<DesktopApplication>(around_.start_directory, around_.now)),
-      report_hook_([this](const ErrorReport& report) { noteFailure(report); }),
+      failures_(*application_, *this,
+                {.ask_copy = [this] { return companies_->askCopy(); },
+                 .note = [this](const QString& text) { status_->note(text); },
+                 .clear_note = [this] { status_->clearNote(); }}),
       page_(new Page(this)),
-      hints_(new HintBar(this)),
-      site_(*this, logicalDpiX(), around_.today, [this] { return systemPrinter(); }),
-      company_label_(new QLabel(this)),
-      note_label_(new QLabel(this)),
-      figures_label_(new QLabel(this)),
-      saved_label_(new QLabel(this)) {
+      printing_(around_.settings, *this,
+                {.calculator = [this] { return makeCalculator(); },
+                 .report_all = [this] { showReports(ReportKind::years); }}),
+      site_(*this, logicalDpiX(), around_.today, [this] { return printing_.printer(); }),
+      leaving_(site_),
+      backup_(around_.backups),
+      saved_(*application_, around_.today),
+      guide_(around_.shared + QStringLiteral("/guide"), *this,
+             [this](const QString& text) { tell(text); }) {
   setObjectName(QStringLiteral("MainWindow"));
   appearances_.use(around_.settings.appearance());
   makeHints();
   setAcceptDrops(true);
-  // A company may be called anything.
-  for (QLabel* label : {company_label_, note_label_, figures_label_, saved_label_}) {
-    label->setTextFormat(Qt::PlainText);
-  }
-  company_label_->setIndent(fontMetrics().averageCharWidth() / 2);
-  statusBar()->addWidget(company_label_);
-  statusBar()->addPermanentWidget(note_label_);
-  statusBar()->addPermanentWidget(figures_label_);
-  constexpr int before_figures = 2;
-  statusBar()->insertPermanentWidget(before_figures, saved_label_);
-  note_label_->setContentsMargins(0, 0, fontMetrics().averageCharWidth() * 2, 0);
+  status_ = new StatusLine(*this);
   around_.files.whenChangeFails(
-      [this](const FailedChange& change) { return askAboutChange(change); });
+      [this](const FailedChange& change) { return failures_.ask(change); });
   site_.whenBoxOpens(
       [](QMessageBox& box, std::string_view title) { addGuideKey(box, guidePageForBox(title)); });
+  makeDialogs();
+  makeChanges();
   makeMenus();
+  makeReports();
   resize(firstSize(screen()->availableSize()));
   restoreGeometry(around_.settings.geometry());
   showStatus();
@@ -76,7 +80,7 @@ MainWindow::MainWindow(Surroundings surroundings)
 
 MainWindow::~MainWindow() {
   around_.files.whenChangeFails({});
-  endReports();
+  reports_->end();
   endCalculator();
 }
 
@@ -87,6 +91,10 @@ QString MainWindow::companyPath() const {
 QString MainWindow::companyTitle() const {
   const QString name = qtText(company()->info().name);
   return titleAt(name.isEmpty() ? nameAt(companyPath()) : name, companyPath());
+}
+
+bool MainWindow::isMultiUser() const {
+  return company() != nullptr && application_->CompanyFile()->IsMultiUser();
 }
 
 bool MainWindow::openCompany(const QString& path) {
@@ -100,7 +108,7 @@ bool MainWindow::openCompany(const QString& path) {
     }
     copied = around_.backups.setAside(absolute);
     auto company = openedUnderHourglass(around_.files, absolute);
-    if (isOnServer(absolute)) copied = setAside(*company);
+    if (isOnServer(absolute)) copied = setAside(around_.backups, *company);
     around_.backups.opened(absolute);
     // It may be damaged or in use: only now is there a reason to leave the one that is open.
     if (!leaveCompany()) {
@@ -113,10 +121,10 @@ bool MainWindow::openCompany(const QString& path) {
     around_.backups.drop(absolute);
     showPlaceholder();
     showStatus();
-    tellNotOpened(error, absolute);
+    companies_->tellNotOpened(error, absolute);
     return isOpen(absolute);
   }
-  if (!copied) note_label_->setText(tr("No backup could be made"));
+  if (!copied) status_->note(tr("No backup could be made"));
   return true;
 }
 
@@ -140,7 +148,7 @@ bool MainWindow::isOpen(const QString& path) const {
 
 void MainWindow::openCompanyWhenPainted(const QString& path) {
   awaiting_paint_ = path;
-  company_label_->setText(tr("Opening %1…").arg(titleAt(nameAt(path), path)));
+  status_->showOpening(titleAt(nameAt(path), path));
 }
 
 bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
@@ -153,7 +161,7 @@ bool MainWindow::createCompany(const QString& path, const CompanyInfo& info) {
     QFile::remove(around_.backups.historyOf(absolute));
     takeCompany(std::move(company), absolute);
   } catch (const CompanyFileError& error) {
-    may_leave_ = false;
+    leaving_.forget();
     tell(qtText(error.what()));
     return false;
   }
@@ -164,42 +172,44 @@ void MainWindow::takeCompany(std::unique_ptr<Company> company, const QString& pa
   application_->setCompany(std::move(company),
                            {.history = around_.backups.historyOf(path).toStdString(),
                             .replaced = std::exchange(replaced_, std::nullopt)});
-  kept_revision_ = revision().value_or(0);
-  reports_revision_.reset();
-  read_.reset();
-  backup_kept_ = false;
+  backup_.begin(application_->revision());
+  reports_->forget();
+  saved_.forget();
   followed_path_ = path;
-  given_up_revision_.reset();
+  failures_.forgetGivenUp();
   around_.settings.addRecent(path);
   around_.settings.setLastCompany(path);
   showPlaceholder();
-  if (!application_->CompanyFile()->IsMultiUser()) startCalculator();
+  if (!isMultiUser()) startCalculator();
   showStatus();
+}
+
+std::unique_ptr<Calculator> MainWindow::makeCalculator() {
+  return std::make_unique<Calculator>(site_, application_, menus_->viewMenu().scale(),
+                                      Colours(palette()));
 }
 
 void MainWindow::endCalculator() {
   page_->clear();
   workspace_->setCalculator(nullptr);
   calculator_ = nullptr;
-  may_leave_ = false;
+  leaving_.forget();
   print_help_ = nullptr;
 }
 
 void MainWindow::startCalculator() {
   if (!mayLeave()) return;
   endCalculator();
-  calculator_ =
-      std::make_unique<Calculator>(site_, application_, view_menu_->scale(), Colours(palette()));
+  calculator_ = makeCalculator();
   print_help_ = std::make_unique<PrintHelp>(*calculator_, site_, *this,
                                             [this] { showReports(ReportKind::years); });
   calculator_->showOn(*page_);
   calculator_->start();
-  // What start-up refreshes is no change of the user's.
-  if (!backup_kept_) kept_revision_ = revision().value_or(0);
+  backup_.allow(application_->revision());
   workspace_->setCalculator(calculator_.get());
-  connect(&calculator_->surface(), &Surface::opened, asset_menu_, &AssetMenu::cellOpened);
+  connect(&calculator_->surface(), &Surface::opened, &menus_->assetMenu(), &AssetMenu::cellOpened);
   connect(&calculator_->surface(), &Surface::acted, this, [this] {
-    may_leave_ = false;
+    leaving_.forget();
     followCompany();
     noteChanges();
     showStatus();
@@ -211,93 +221,48 @@ void MainWindow::startCalculator() {
   showStatus();
 }
 
-void MainWindow::setMultiUser(bool on) {
-  if (company() == nullptr || !mayLeave()) return;
-  endCalculator();
-  CompanyInfo info = company()->info();
-  info.multi_user = on;
-  setCompanyInfo(info);
-  showPlaceholder();
-  if (!application_->CompanyFile()->IsMultiUser()) startCalculator();
-  showStatus();
-}
-
-void MainWindow::setCompanyInfo(const CompanyInfo& info) {
-  try {
-    application_->setInfo(info);
-  } catch (const CompanyFileError& error) {
-    if (!told_) tell(qtText(error.what()));
-  }
-  // A register knows its company's name and fiscal years.
-  read_.reset();
-  workspace_->listAnew();
-  followCompany();
-  noteChanges();
-  showStatus();
-}
-
-std::optional<std::uint64_t> MainWindow::revision() const {
-  const auto file = application_->CompanyFile();
-  if (file == nullptr || file->unitOfWork() == nullptr) return std::nullopt;
-  return file->unitOfWork()->revision();
-}
-
-/// The copy taken at the opening counts from the first change.
-void MainWindow::noteChanges() {
-  clearNote();
-  if (backup_kept_ || company() == nullptr || revision() == kept_revision_) return;
-  backup_kept_ = true;
-  if (around_.backups.keep(companyPath(), QDateTime::currentDateTime())) return;
-  note_label_->setText(tr("No backup could be made"));
-}
-
 void MainWindow::showPlaceholder() {
   if (calculator_ != nullptr) return;
-  const bool multi_user = company() != nullptr && application_->CompanyFile()->IsMultiUser();
+  const MainMenus::Offered& offered = menus_->offered();
   if (company() == nullptr) {
     auto* const start =
         new StartPage(tr("Open a company, or create a new one, to work with its assets."),
-                      {new_company_, open_company_, sample_company_});
+                      {offered.new_company, offered.open_company, offered.sample_company});
     start->offer(around_.settings.recent());
     // Queued: what opens replaces the page that was clicked.
     connect(start, &StartPage::chosen, this, &MainWindow::openCompany, Qt::QueuedConnection);
     page_->showPlaceholder(start);
     return;
   }
-  const QString text = multi_user ? tr("%1 is open in multi-user mode. The Depreciation Calculator "
-                                       "works only in single-user mode.")
-                                        .arg(companyTitle())
-                                  : tr("%1 is open.").arg(companyTitle());
-  page_->showPlaceholder(multi_user ? new StartPage(text, {to_single_user_})
-                                    : new StartPage(text, {}));
+  if (isMultiUser()) {
+    page_->showPlaceholder(
+        new StartPage(tr("%1 is open in multi-user mode. The Depreciation Calculator "
+                         "works only in single-user mode.")
+                          .arg(companyTitle()),
+                      {offered.to_single_user}));
+  } else {
+    page_->showPlaceholder(new StartPage(tr("%1 is open.").arg(companyTitle()), {}));
+  }
 }
 
 void MainWindow::showStatus() {
-  enableActions();
+  menus_->follow(
+      application_->recorder(), [this](Need need) { return isThere(need); }, isMultiUser());
   workspace_->setOpen(company() != nullptr);
   workspace_->follow();
-  followReports();
-  showNextStep();
+  reports_->follow();
+  hints_->follow();
   if (company() == nullptr) {
     setWindowTitle(tr("Depreciation Calculator"));
-    company_label_->setText(tr("No company open"));
-    figures_label_->clear();
-    saved_label_->clear();
+    status_->showNoCompany();
     return;
   }
-  const QString mode =
-      application_->CompanyFile()->IsMultiUser() ? tr("multi-user mode") : tr("single-user mode");
   setWindowTitle(tr("%1 – Depreciation Calculator").arg(companyTitle()));
-  company_label_->setText(tr("%1 — %2").arg(companyTitle(), mode));
-  const auto month = static_cast<std::size_t>(company()->info().first_month - 1);
-  QString figures = tr("Fiscal year starts in %1").arg(qtText(en_us::month_names.at(month)));
-  const std::optional<int> assets =
-      calculator_ == nullptr ? std::nullopt : calculator_->assetCount();
-  if (assets.has_value()) {
-    figures += tr("   ·   ") + (*assets == 1 ? tr("1 asset") : tr("%1 assets").arg(*assets));
-  }
-  figures_label_->setText(figures);
-  showSaved();
+  status_->showCompany(
+      companyTitle(), isMultiUser(),
+      {.first_month = company()->info().first_month,
+       .assets = calculator_ == nullptr ? std::nullopt : calculator_->assetCount()},
+      *application_->recorder());
 }
 
 bool MainWindow::event(QEvent* event) {

@@ -1,101 +1,156 @@
-// What is entered of an asset without the calculator's screens: its disposal, the units it
-// produced.
-#include "changes/entering_units.h"
+// Changes of the open company that are not made on the calculator's screens.
+#include "DepCalc/recalculation.h"
+#include "changes/company_steps.h"
 #include "common/trapped.h"
 #include "desktop/widgets/text_block.h"
-#include "desktop/window/disposal_dialog.h"
+#include "desktop/window/history_dialog.h"
 #include "desktop/window/main_window.h"
-#include "desktop/window/units_dialog.h"
-#include "values/display_format.h"
+#include "desktop/window/recalculating.h"
+#include "desktop/window/status_line.h"
+#include "desktop/window/workspace.h"
 
 namespace depcalc::desktop {
+namespace {
 
-/// Unsaved changes of the calculator are asked about first. It is read anew afterwards: its current
-/// record would write the old values back.
-void MainWindow::changeAsset(const AskedChange& ask) {
-  const std::optional<int> number =
-      calculator_ == nullptr ? std::nullopt : calculator_->currentAsset();
-  if (!number || !mayLeave()) return;
-  CompanyAssets assets(application_->CompanyFile(), around_.today());
-  AssetChange change;
-  trapped("DepCalcDesktop::changeAsset", [&] { change = ask(assets, *number); });
-  may_leave_ = may_leave_ && change != nullptr;
-  if (change == nullptr) return;
+/// The asset that a step to that side is about; nothing where it is about none, or several.
+std::optional<int> assetOfNextStep(Recorder& recorder, Side side) {
+  std::optional<int> asset;
+  trapped("DepCalcDesktop::assetOfNextStep", [&] {
+    const std::size_t position = recorder.history().position();
+    const bool undoing = side == Side::before;
+    asset = assetOfStep(recorder.changesOf(undoing ? position - 1 : position), undoing);
+  });
+  return asset;
+}
+
+bool canMove(const Recorder* recorder, Side side) {
+  if (recorder == nullptr) return false;
+  return side == Side::before ? recorder->canUndo() : recorder->canRedo();
+}
+
+}  // namespace
+
+void MainWindow::setMultiUser(bool on) {
+  if (company() == nullptr || !mayLeave()) return;
   endCalculator();
-  const QString problem = problemOfSaving([&] { return change(assets, *number); });
+  CompanyInfo info = company()->info();
+  info.multi_user = on;
+  setCompanyInfo(info);
+  showPlaceholder();
+  if (!isMultiUser()) startCalculator();
+  showStatus();
+}
+
+void MainWindow::setCompanyInfo(const CompanyInfo& info) {
+  try {
+    application_->setInfo(info);
+  } catch (const CompanyFileError& error) {
+    failures_.tellUnlessAsked(qtText(error.what()));
+  }
+  // A register knows its company's name and fiscal years.
+  saved_.forget();
+  workspace_->listAnew();
+  followCompany();
+  noteChanges();
+  showStatus();
+}
+
+/// The calculator keeps the fiscal year that it was started with, and so does the form that shows.
+void MainWindow::changeCompanyInfo(const CompanyInfo& info) {
+  const bool other_year = info.first_month != company()->info().first_month;
+  if (other_year && !mayLeave()) return;
+  setCompanyInfo(info);
+  if (!other_year || calculator_ == nullptr) return;
+  if (company()->info() != info) {
+    leaving_.forget();
+    return;
+  }
+  startCalculator();
+  if (calculator_ != nullptr && around_.settings.gives(Notice::recalculation) &&
+      recalculating_->isDue()) {
+    recalculating_->ask(FiscalYearEnds::company);
+    leaving_.forget();
+  }
+}
+
+void MainWindow::askRecalculation() {
+  if (!mayLeave()) return;
+  recalculating_->ask(FiscalYearEnds::own);
+  leaving_.forget();
+}
+
+/// The calculator's current record would write old values back: it is read anew afterwards.
+QString MainWindow::saveStep(std::int32_t asset, StepKind kind, const Save& save) {
+  endCalculator();
+  const QString problem = problemOfStep(*application_, kind, save);
   followCompany();
   noteChanges();
   startCalculator();
-  if (calculator_ != nullptr) calculator_->selectAsset(*number);
-  if (!problem.isEmpty() && !told_) tell(tr("Nothing was changed. %1").arg(problem));
+  if (calculator_ != nullptr) calculator_->selectAsset(asset);
+  return problem;
 }
 
-void MainWindow::askDisposal() {
-  changeAsset([this](CompanyAssets& assets, int number) -> AssetChange {
-    if (const auto refusal = whyNotSavedAnew(assets, number)) {
-      tell(qtText(*refusal));
-      return nullptr;
-    }
-    DisposalDialog dialog(savedAsset(assets, number), around_.today(), this);
-    if (dialog.exec() != QDialog::Accepted) return nullptr;
-    return [this, disposal = dialog.disposal()](CompanyAssets& of, int at) {
-      return asStep(StepKind::disposed, [&] { return saveDisposal(of, at, disposal); });
-    };
+void MainWindow::undo() { moveInHistory(Side::before); }
+
+void MainWindow::redo() { moveInHistory(Side::after); }
+
+/// What the user saves when asked is a step of its own: it is not what was to be undone.
+void MainWindow::moveInHistory(Side side) {
+  if (!canMove(application_->recorder(), side)) return;
+  const int changes = application_->recorder()->changesMade();
+  if (!mayLeave()) return;
+  const bool saved = application_->recorder()->changesMade() != changes;
+  if (canMove(application_->recorder(), side) && !saved) return goToStep(side);
+  noteChanges();
+  startCalculator();
+  tell(side == Side::before
+           ? tr("Your changes were saved. To undo them, too, choose Undo again.")
+           : tr("Your changes were saved. What was undone before cannot be redone any more."));
+}
+
+/// The calculator holds records in memory: it is started anew.
+void MainWindow::goToStep(Side side) {
+  Recorder& recorder = *application_->recorder();
+  const std::size_t position = recorder.history().position();
+  const std::optional<int> asset = assetOfNextStep(recorder, side);
+  endCalculator();
+  const QString problem = problemOfSaving(*application_, [&]() -> std::optional<std::string> {
+    side == Side::before ? recorder.undo() : recorder.redo();
+    return std::nullopt;
   });
+  followCompany();
+  noteChanges();
+  showPlaceholder();
+  if (!isMultiUser()) startCalculator();
+  if (calculator_ != nullptr && asset) calculator_->selectAsset(*asset);
+  showStatus();
+  if (problem.isEmpty()) return;
+  const bool moved = recorder.history().position() != position;
+  failures_.tellUnlessAsked(moved ? problem : tr("Nothing was changed. %1").arg(problem));
 }
 
-void MainWindow::undoDisposal() {
-  changeAsset([this](CompanyAssets& assets, int number) -> AssetChange {
-    const SavedAsset asset = savedAsset(assets, number);
-    if (asset.disposed.isNone()) return nullptr;
-    if (const auto refusal = whyNotSavedAnew(assets, number)) {
-      tell(qtText(*refusal));
-      return nullptr;
-    }
-    const std::string question = "This asset was disposed of on " + asset.disposed.toText() +
-                                 " for " + formatMoney(asset.proceeds) +
-                                 ". Do you want to put it back in service?";
-    if (around_.settings.gives(Notice::undo_disposal) &&
-        site_.ask({question, BoxButtons::yesNo, "Undo Disposal"}, {}) != BoxAnswer::yes) {
-      return nullptr;
-    }
-    return [this](CompanyAssets& of, int at) {
-      return asStep(StepKind::put_back, [&] { return saveDisposal(of, at, std::nullopt); });
-    };
-  });
+void MainWindow::showHistory() {
+  HistoryDialog dialog([this] { return application_->recorder(); },
+                       {.undo = [this] { undo(); }, .redo = [this] { redo(); }}, this);
+  dialog.exec();
 }
 
-void MainWindow::askUnits() {
-  changeAsset([this](CompanyAssets& assets, int number) -> AssetChange {
-    const SavedAsset asset = savedAsset(assets, number);
-    if (const auto refusal = refusedUnits(asset)) {
-      tell(qtText(*refusal));
-      return nullptr;
-    }
-    const auto entry = assets.units().entry(number);
-    const QString note = entry && !entry->known
-                             ? tr("The units entered before were those of another asset, \"%1\". "
-                                  "Saving replaces them.")
-                                   .arg(qtText(entry->id))
-                             : QString();
-    UnitsDialog dialog(asset, fiscalYearOf(asset, around_.today()), note, this);
-    if (dialog.exec() != QDialog::Accepted) return nullptr;
-    return [this, units = dialog.units()](CompanyAssets& of, int at) {
-      return asStep(StepKind::units, [&] { return saveUnits(of, at, units); });
-    };
-  });
+void MainWindow::noteChanges() {
+  failures_.followChanges();
+  if (company() == nullptr || backup_.follow(companyPath(), application_->revision())) return;
+  status_->note(tr("No backup could be made"));
 }
 
-/// Whether there is a disposal of the asset that the calculator is at.
-bool MainWindow::isCurrentAssetDisposed() {
-  const std::optional<int> number =
-      calculator_ == nullptr ? std::nullopt : calculator_->currentAsset();
-  bool disposed = false;
-  if (number) {
-    CompanyAssets assets(application_->CompanyFile(), around_.today());
-    trapped("DepCalcDesktop::enableActions", [&] { disposed = isDisposed(assets, *number); });
-  }
-  return disposed;
+/// A copy may have taken the place of the file.
+void MainWindow::followCompany() {
+  const QString path = companyPath();
+  if (path.isEmpty() || path == followed_path_) return;
+  around_.backups.drop(followed_path_);
+  followed_path_ = path;
+  application_->recorder()->keepAt(around_.backups.historyOf(path).toStdString());
+  around_.settings.addRecent(path);
+  around_.settings.setLastCompany(path);
+  showStatus();
 }
 
 }  // namespace depcalc::desktop

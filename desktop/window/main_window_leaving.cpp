@@ -1,30 +1,15 @@
+// The ways out of a company, and out of the program.
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
-#include <QScopedValueRollback>
 
 #include "desktop/window/main_window.h"
+#include "desktop/window/reports_keeping.h"
+#include "desktop/window/status_line.h"
 #include "desktop/window/workspace.h"
 
 namespace depcalc::desktop {
 
-/// The host asks in the calculator's own words, with a way back; the calculator's question, which
-/// has none, is then answered for the user.
-bool MainWindow::mayLeave() {
-  if (calculator_ == nullptr || may_leave_) return true;
-  if (leaving_) return false;
-  const QScopedValueRollback leaving(leaving_, true);
-  if (!calculator_->validateField()) return false;
-  const MessageBox question = DepCalcCont::leavingQuestion();
-  BoxAnswer answer = BoxAnswer::no;
-  if (calculator_->asksWhenLeft()) {
-    answer = site_.ask({question.text, BoxButtons::yesNoCancel, question.title}, leaving_note_);
-    if (answer != BoxAnswer::yes && answer != BoxAnswer::no) return false;
-  }
-  site_.answerWhile(question, answer, [this] { calculator_->loseFocus(); });
-  may_leave_ = true;
-  return true;
-}
+bool MainWindow::mayLeave() { return leaving_.ask(calculator_.get()); }
 
 /// Every way of leaving an open company comes through here. Returns whether it was left.
 bool MainWindow::leaveCompany() {
@@ -39,7 +24,7 @@ void MainWindow::endCompany() {
   application_->setCompany(nullptr);
   endCalculator();
   if (!path.isEmpty()) around_.backups.drop(path);
-  note_label_->clear();
+  status_->clearNote();
   showPlaceholder();
   showStatus();
 }
@@ -54,8 +39,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  endReports();
-  endGuide();
+  reports_->end();
+  guide_.end();
   remember(open);
   event->accept();
 }
@@ -78,15 +63,14 @@ void MainWindow::showToUser() {
 }
 
 bool MainWindow::hasUnsavedEntry() {
-  return asking_ || (calculator_ != nullptr && calculator_->asksWhenLeft());
+  return failures_.isAsking() || (calculator_ != nullptr && calculator_->asksWhenLeft());
 }
 
 bool MainWindow::closeForSystem(int seconds) {
-  const QScopedValueRollback note(leaving_note_,
-                                  tr("The system has asked this program to close. Without an "
-                                     "answer within %1 seconds, it will close without saving.")
-                                      .arg(seconds));
-  return close();
+  return leaving_.withNote(tr("The system has asked this program to close. Without an "
+                              "answer within %1 seconds, it will close without saving.")
+                               .arg(seconds),
+                           [this] { return close(); });
 }
 
 void MainWindow::giveUp() {

@@ -1,21 +1,17 @@
-// What the user is told where a company file fails, and copies of it.
-#include <QLabel>
+#include "desktop/window/failure_telling.h"
+
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
-#include "desktop/host/place.h"
+#include "desktop/host/desktop_application.h"
 #include "desktop/widgets/text_block.h"
 #include "desktop/window/failed_change_box.h"
-#include "desktop/window/file_dialogs.h"
-#include "desktop/window/file_names.h"
-#include "desktop/window/main_window.h"
+#include "desktop/window/warning_box.h"
 
 namespace depcalc::desktop {
 namespace {
-
-const QString file_suffix = QStringLiteral(".company");
 
 template <std::size_t count>
 bool isOneOf(std::string_view procedure, const std::string_view (&procedures)[count]) noexcept {
@@ -48,17 +44,34 @@ bool isToldElsewhere(const ErrorReport& report) {
 
 }  // namespace
 
+FailureTelling::FailureTelling(DesktopApplication& application, QWidget& window, Doors doors)
+    : application_(application),
+      window_(window),
+      doors_(std::move(doors)),
+      hook_([this](const ErrorReport& report) { hear(report); }) {}
+
+/// What waits to be told would say it once more.
+void FailureTelling::tell(const QString& text) {
+  to_tell_.clear();
+  warn(text, &window_);
+}
+
+void FailureTelling::tellUnlessAsked(const QString& text) {
+  if (!asked_) tell(text);
+}
+
 /// Comes in the middle of what the calculator does, which goes on after it: what is to be told
 /// waits until that has come to its end. Nothing is allocated before changes are refused.
-void MainWindow::noteFailure(const ErrorReport& report) {
-  if (company() == nullptr || isToldElsewhere(report)) return;
+void FailureTelling::hear(const ErrorReport& report) {
+  Company* const company = application_.company();
+  if (company == nullptr || isToldElsewhere(report)) return;
   const bool of_reading = leavesAssetsInPart(report);
   if (of_reading || leavesAChangeInPart(report)) {
-    company()->refuseChanges();
+    company->refuseChanges();
     tellChangesAreRefused(of_reading);
     return;
   }
-  const auto trouble = company()->takeTrouble();
+  const auto trouble = company->takeTrouble();
   if (report.isOfMemory()) {
     tellLater(
         tr("There was not enough memory to complete the last step. The company file still holds "
@@ -70,8 +83,8 @@ void MainWindow::noteFailure(const ErrorReport& report) {
   tellLater(tr("The last step could not be completed.\n\n%1").arg(reason));
 }
 
-void MainWindow::tellChangesAreRefused(bool of_reading) {
-  note_label_->setText(tr("Out of memory: open the company again to change it"));
+void FailureTelling::tellChangesAreRefused(bool of_reading) {
+  doors_.note(tr("Out of memory: open the company again to change it"));
   tellLater(
       of_reading
           ? tr("There was not enough memory to read an asset completely. To protect its data, the "
@@ -83,8 +96,8 @@ void MainWindow::tellChangesAreRefused(bool of_reading) {
 }
 
 /// One failure has many reports: the first says most. A change that the user has given up was told.
-void MainWindow::tellLater(const QString& text) {
-  if (told_ || !to_tell_.isEmpty()) return;
+void FailureTelling::tellLater(const QString& text) {
+  if (asked_ || !to_tell_.isEmpty()) return;
   to_tell_ = text;
   QMetaObject::invokeMethod(
       this,
@@ -94,72 +107,34 @@ void MainWindow::tellLater(const QString& text) {
       Qt::QueuedConnection);
 }
 
-FailedChangeAnswer MainWindow::askAboutChange(const FailedChange& change) {
+FailedChangeAnswer FailureTelling::ask(const FailedChange& change) {
   const QScopedValueRollback asking(asking_, true);
-  told_ = true;
+  asked_ = true;
   const int question = ++questions_;
-  const FailedChangeAnswer answer = askAboutFailedChange(
-      change, [this] { return askCopyPath(); }, this);
+  const FailedChangeAnswer answer = askAboutFailedChange(change, doors_.ask_copy, &window_);
   const bool given_up = std::holds_alternative<GiveUp>(answer);
   // What was answered may fail, too, and be asked about before this is heard.
   QMetaObject::invokeMethod(
       this,
       [this, question, given_up] {
-        if (question == questions_) endTelling(given_up);
+        if (question == questions_) endAsking(given_up);
       },
       Qt::QueuedConnection);
   return answer;
 }
 
 /// The calculator has ended what it did when the user was asked.
-void MainWindow::endTelling(bool given_up) {
-  told_ = false;
+void FailureTelling::endAsking(bool given_up) {
+  asked_ = false;
   if (!given_up) return;
-  given_up_revision_ = revision();
-  note_label_->setText(tr("The last change was not saved"));
+  given_up_revision_ = application_.revision();
+  doors_.note(tr("The last change was not saved"));
 }
 
-QString MainWindow::askCopyPath() {
-  const QString proposed = tr("%1/%2 copy").arg(companyFolder(), fileNameAt(companyPath()));
-  const QString path = askFileToSave(this, {.title = tr("Save a Copy As"),
-                                            .filter = tr("Company files (*.company)"),
-                                            .proposed = proposed + file_suffix});
-  return path.isEmpty() ? path : withSuffix(path, file_suffix);
-}
-
-void MainWindow::askCopy() {
-  const QString path = askCopyPath();
-  if (!path.isEmpty()) saveCopy(path);
-}
-
-bool MainWindow::saveCopy(const QString& path) {
-  try {
-    company()->saveCopy(wholePlace(path).toStdString());
-  } catch (const CompanyFileError& error) {
-    tell(qtText(error.what()));
-    return false;
-  }
-  followCompany();
-  return true;
-}
-
-/// A copy may have taken the place of the file.
-void MainWindow::followCompany() {
-  const QString path = companyPath();
-  if (path.isEmpty() || path == followed_path_) return;
-  around_.backups.drop(followed_path_);
-  followed_path_ = path;
-  application_->recorder()->keepAt(around_.backups.historyOf(path).toStdString());
-  around_.settings.addRecent(path);
-  around_.settings.setLastCompany(path);
-  showStatus();
-}
-
-/// Once another change is saved, the one that was given up is no news.
-void MainWindow::clearNote() {
-  if (!given_up_revision_ || given_up_revision_ == revision()) return;
+void FailureTelling::followChanges() {
+  if (!given_up_revision_ || given_up_revision_ == application_.revision()) return;
   given_up_revision_.reset();
-  note_label_->clear();
+  doors_.clear_note();
 }
 
 }  // namespace depcalc::desktop
