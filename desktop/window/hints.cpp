@@ -10,7 +10,14 @@
 namespace depcalc::desktop {
 
 Hints::Hints(Page& page, QWidget& both, Settings& settings, Where where)
-    : QObject(&both), settings_(settings), where_(std::move(where)), bar_(new HintBar(&both)) {
+    : QObject(&both), settings_(settings), where_(std::move(where)) {
+  auto* const column = new QVBoxLayout(&both);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(&page, 1);
+  // Made behind the page, since who steps through the window hears of its parts in this order.
+  bar_ = new HintBar(&both);
+  column->addWidget(bar_);
   connect(bar_, &HintBar::moreWanted, this, &Hints::guideWanted);
   connect(bar_, &HintBar::dismissed, this, [this](const QString& key) {
     settings_.dismiss(key);
@@ -18,11 +25,6 @@ Hints::Hints(Page& page, QWidget& both, Settings& settings, Where where)
   });
   connect(bar_, &HintBar::reshaped, this,
           [this, &page] { page.lendHeight(bar_->isHidden() ? 0 : bar_->height()); });
-  auto* const column = new QVBoxLayout(&both);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(&page, 1);
-  column->addWidget(bar_);
 }
 
 bool Hints::isDismissed(Hint hint) const {

@@ -38,7 +38,7 @@ class Hints : public QObject {
 
   Settings& settings_;
   Where where_;
-  HintBar* bar_;
+  HintBar* bar_ = nullptr;
 };
 
 }  // namespace depcalc::desktop

@@ -35,14 +35,15 @@ void InsightPages::saveChart(const ChartFile& file) {
 
 /// The form with the asset of `subject`; null where the user would rather not go there.
 DepCalcCtl* InsightPages::formWith(const InsightSubject& subject) {
+  if (doors_.calculator() == nullptr) return nullptr;
+  const bool elsewhere =
+      subject.place != InsightPlace::comparison && subject.place != InsightPlace::entry;
+  if (subject.place == InsightPlace::comparison) doors_.press_edit();
+  if (elsewhere) doors_.edit(subject.asset.number);
+  // The user may have been asked something on the way.
   Calculator* const calculator = doors_.calculator();
   if (calculator == nullptr) return nullptr;
-  if (subject.place == InsightPlace::comparison) {
-    doors_.press_edit();
-  } else if (subject.place != InsightPlace::entry) {
-    doors_.edit(subject.asset.number);
-    if (calculator->currentAsset() != subject.asset.number) return nullptr;
-  }
+  if (elsewhere && calculator->currentAsset() != subject.asset.number) return nullptr;
   calculator->stage().pumpPaint();
   return calculator->entryForm();
 }

@@ -71,7 +71,7 @@ void MainWindow::makeChanges() {
                               .today = around_.today,
                               .folder = [this] { return companies_->folder(); },
                               .is_open = [this](const QString& path) { return isOpen(path); },
-                              .may_leave = [this] { return mayLeave(); },
+                              .may_leave = [this] { return calculator_ != nullptr && mayLeave(); },
                               .stay = [this] { leaving_.forget(); },
                               .note = [this](const QString& text) { status_->note(text); },
                               .save = save});

@@ -67,9 +67,7 @@ void MainWindow::setZoom(int percent) { menus_->viewMenu().setZoom(percent); }
 
 void MainWindow::showReports(ReportKind kind) { reports_->show(kind); }
 
-void MainWindow::importFile(const QString& path) {
-  if (calculator_ != nullptr) importing_->importFile(path);
-}
+void MainWindow::importFile(const QString& path) { importing_->importFile(path); }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
   const bool can_import = menus_->offered().import->isEnabled();

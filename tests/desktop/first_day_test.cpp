@@ -1,4 +1,5 @@
 // The first day: a sample company, hints, preferences, and the guide from everywhere.
+#include <QAccessible>
 #include <QCheckBox>
 #include <QListWidget>
 #include <QMenuBar>
@@ -104,6 +105,18 @@ TEST_F(FirstDay, AClickMakesASampleCompanyInTheDocumentsThatSaysWhatItIs) {
   EXPECT_EQ(other->company()->info().name, "Sample Joinery");
   EXPECT_EQ(other->calculator()->assetCount(), 10);
   EXPECT_THAT(hint(), HasSubstr("This is a sample company"));
+}
+
+/// As a screen reader comes to them.
+TEST_F(FirstDay, AHintIsHeardOfBehindTheCalculatorThatItIsAbout) {
+  pressButton("Open the Sample Company");
+  QWidget& bar = find<QWidget>("HintBar");
+  QAccessibleInterface* const both = QAccessible::queryAccessibleInterface(bar.parentWidget());
+  const auto place = [&](QWidget& part) {
+    return both->indexOfChild(QAccessible::queryAccessibleInterface(&part));
+  };
+  ASSERT_GE(place(other->page()), 0);
+  EXPECT_LT(place(other->page()), place(bar));
 }
 
 TEST_F(FirstDay, ASampleCompanyTakesAFreeNameAndOverwritesNothing) {
