@@ -3,7 +3,7 @@
 option(DEPCALC_TESTS "Build the tests" ON)
 option(DEPCALC_BENCH "Build the benchmarks" OFF)
 option(DEPCALC_FUZZERS "Build the fuzz targets with libFuzzer (needs clang)" OFF)
-option(DEPCALC_PRECOMPILE "Precompile the headers of libraries that most tests include" OFF)
+option(DEPCALC_PRECOMPILE "Precompile the headers that most sources include" OFF)
 option(DEPCALC_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -40,3 +40,27 @@ if(CMAKE_CXX_CLANG_TIDY)
   # What Qt's moc writes into the build is not ours to mend; clang-tidy wants one check at least.
   file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,misc-definitions-in-headers'\n")
 endif()
+
+# depcalc_precompiled(TARGET HEADERS …): a target whose headers others read precompiled, by
+# depcalc_precompiled_as. A build without them shows that every source includes what it uses.
+function(depcalc_precompiled target)
+  if(DEPCALC_PRECOMPILE)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
+function(depcalc_precompiled_as target other)
+  if(DEPCALC_PRECOMPILE)
+    target_precompile_headers(${target} REUSE_FROM ${other})
+  endif()
+endfunction()
+
+# What the rooms of a folder read is depcalc_room_headers: the standard library's, unless the folder
+# sets another target, or none.
+set(depcalc_std_header_list <algorithm> <array> <cstdint> <functional> <map> <memory> <optional>
+  <string> <string_view> <utility> <variant> <vector>)
+file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/precompiled.cpp" CONTENT "")
+add_library(depcalc_std_headers STATIC "${PROJECT_BINARY_DIR}/precompiled.cpp")
+target_link_libraries(depcalc_std_headers PRIVATE depcalc_settings)
+depcalc_precompiled(depcalc_std_headers ${depcalc_std_header_list})
+set(depcalc_room_headers depcalc_std_headers)
