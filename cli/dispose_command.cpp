@@ -88,7 +88,7 @@ read or written, 4 it is in use.)");
     if (const auto* refusal = std::get_if<std::string>(&entered)) {
       return refuse(company, number_, *refusal, surroundings.errors);
     }
-    const Disposal& disposal = std::get<Disposal>(entered);
+    const auto& disposal = std::get<Disposal>(entered);
     const DisposalEffect effect = effectOf(asset, disposal);
     if (!save(company, disposal, surroundings)) return exit_system;
     surroundings.out.write("Disposed of asset " + std::to_string(number_) + ", " +

@@ -39,7 +39,10 @@ void writeCsv(const std::vector<Row>& rows, Output& out) {
   const CsvFields fields(false);
   out.write("n,id,fiscal_year,units\n");
   for (const auto& [n, id, year, units] : rows) {
-    out.write(n + ',' + fields.text(id) + ',' + year + ',' + units + '\n');
+    std::string line = n;
+    line.append(",").append(fields.text(id)).append(",").append(year);
+    line.append(",").append(units).append("\n");
+    out.write(line);
   }
 }
 

@@ -47,7 +47,8 @@ class StoredValue {
   friend bool operator==(const StoredValue&, const StoredValue&) = default;
 
  private:
-  template <typename T>
+  // Nobody but the makers above sees it.
+  template <typename T>  // NOLINTNEXTLINE(bugprone-forwarding-reference-overload)
   explicit StoredValue(T&& value) : content_(std::forward<T>(value)) {}
 
   std::variant<std::monostate, std::int16_t, double, Currency, Date, std::string> content_;
