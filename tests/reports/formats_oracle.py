@@ -355,7 +355,7 @@ def main():
         programs = [gnumeric_rows] + [libreoffice_rows] * LONG
         tables = sum(check_tables(folder, i, programs if i < SHEETS else []) for i in range(count))
         figures = sum(check_charts(folder, i) for i in range(count))
-    assert figures > 30 * count, figures
+    assert figures > 50 * count, figures
     assert journals > 20 and tables > 5 * count, (journals, tables)
     print(f"{journals} journals and {tables} tables agree")
 
